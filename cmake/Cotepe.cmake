@@ -1,0 +1,20 @@
+# What every target of this tree shares: C++17, its warnings, and how a library is declared.
+
+# cotepe_opcoes(TARGET): the language level and the warnings of this tree.
+function(cotepe_opcoes alvo)
+  target_compile_features(${alvo} PUBLIC cxx_std_17)
+  set_target_properties(${alvo} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${alvo} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(COTEPE_WERROR)
+    target_compile_options(${alvo} PRIVATE -Werror)
+  endif()
+endfunction()
+
+# cotepe_biblioteca(NAME SOURCES...): a static library NAME with the alias cotepe::NAME,
+# whose headers are found from its own folder.
+function(cotepe_biblioteca nome)
+  add_library(${nome} STATIC ${ARGN})
+  add_library(cotepe::${nome} ALIAS ${nome})
+  target_include_directories(${nome} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  cotepe_opcoes(${nome})
+endfunction()

@@ -1,0 +1,5 @@
+#include "GravaLog.h"
+
+#include "ArquivoDeLog.h"
+
+void Quorvel_GravaLog(char* mensagem) { logDoAplicativo().escreve(mensagem); }

@@ -1,0 +1,8 @@
+// What the application knows of the printer: terminated texts, empty when unknown. The database goes before
+// them.
+#pragma once
+
+extern char g_Serial[30];    ///< serial number
+extern char g_Modelo[30];    ///< model
+extern char g_Tipo[15];      ///< type
+extern char g_VersaoSB[15];  ///< version of the basic software

@@ -1,0 +1,34 @@
+#include "Consulta.h"
+
+#include <sqlite3.h>
+
+namespace cotepe {
+
+Consulta::Consulta(sqlite3* banco, std::string_view sql) {
+  // A failed preparation leaves no statement, and stepping none fails.
+  sqlite3_prepare_v2(banco, sql.data(), static_cast<int>(sql.size() + 1), &declaracao_, nullptr);
+}
+
+Consulta::~Consulta() { sqlite3_finalize(declaracao_); }
+
+bool Consulta::avanca() {
+  resultado_ = sqlite3_step(declaracao_);
+  return resultado_ == SQLITE_ROW;
+}
+
+bool Consulta::completa() const { return resultado_ == SQLITE_DONE; }
+
+void Consulta::finaliza() {
+  sqlite3_finalize(declaracao_);
+  declaracao_ = nullptr;
+}
+
+// Without memory for a text SQLite gives none here and fails the next step.
+const char* Consulta::texto(int coluna) const {
+  const unsigned char* texto = sqlite3_column_text(declaracao_, coluna);
+  return texto != nullptr ? reinterpret_cast<const char*>(texto) : "";
+}
+
+int Consulta::bytes(int coluna) const { return sqlite3_column_bytes(declaracao_, coluna); }
+
+}  // namespace cotepe

@@ -1,0 +1,186 @@
+#include "CotepeManager.h"
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "ExecucaoSqlite.h"
+#include "HospedeiroLigado.h"
+#include "Leiaute/Catalogo.h"
+#include "Leiaute/Texto.h"
+
+namespace {
+
+constexpr std::size_t kTamanhoDoBuffer = std::size_t{1} << 20;  // bytes between two writes of the report
+constexpr std::size_t kTamanhoDoDia = 8;                        // DDMMYYYY
+
+constexpr char kConsultaDaIdentidade[] =
+    "select ecf.num_serie, ecf.modelo, usuario.seq_usuario from dados_ecf AS ecf LEFT JOIN dados_usuario AS "
+    "usuario";
+constexpr char kFalhaDaIdentidade[] = "Erro no select - GeraRegistrosTipoE";
+
+bool diaCompleto(const char* dia) { return dia != nullptr && strnlen(dia, kTamanhoDoDia) == kTamanhoDoDia; }
+
+// DDMMYYYY and an hour as YYYY-MM-DD HH:MM:SS. The characters are taken as they stand.
+void formataLimite(char (&limite)[20], const char* dia, const char* hora) {
+  const char partes[] = {dia[4], dia[5], dia[6], dia[7], '-', dia[2], dia[3], '-', dia[0], dia[1], ' ', '\0'};
+  std::memcpy(limite, partes, sizeof partes);
+  std::strcat(limite, hora);  // NOLINT(clang-analyzer-security.insecureAPI.strcpy): 11 + 8 characters
+}
+
+// Takes a text where there is one.
+template <std::size_t N>
+void copiaSeHouver(char (&destino)[N], const char* texto) {
+  if (*texto != '\0') cotepe::copiaLimitada(destino, texto);
+}
+
+}  // namespace
+
+CotepeManager::CotepeManager(sqlite3* banco)
+    : db(banco),
+      dataHoraInicial{},
+      dataHoraFinal{},
+      nrFabricacao{},
+      modelo{},
+      usuario{},
+      comando{},
+      m_iVersaoAtoCotepe(1),
+      m_bCAT52(false),
+      m_iCountSize(cotepe::larguraDoContador(1)),
+      m_iDivCount(cotepe::moduloDoContador(1)),
+      ReportFile(nullptr) {}
+
+void CotepeManager::setVersaoAtoCotepe(int versao) { m_iVersaoAtoCotepe = versao; }
+int CotepeManager::getVersaoAtoCotepe() const { return m_iVersaoAtoCotepe; }
+void CotepeManager::setCAT52(bool cat52) { m_bCAT52 = cat52; }
+bool CotepeManager::isCAT52() const { return m_bCAT52; }
+
+int CotepeManager::GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial,
+                                      const char* szDataFinal, const char* szCmd) {
+  cotepe::HospedeiroLigado hospedeiro;
+  return gera(szReportFileName, szDataInicial, szDataFinal, szCmd, hospedeiro);
+}
+
+int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char* dataFinal,
+                        const char* comandoDado, cotepe::Hospedeiro& hospedeiro) {
+  if (arquivo == nullptr || comandoDado == nullptr || !diaCompleto(dataInicial) || !diaCompleto(dataFinal))
+    return cotepe::kArgumentoInvalido;
+  fixaPeriodo(dataInicial, dataFinal);
+  ReportFile = std::fopen(arquivo, "w");
+  if (ReportFile == nullptr) return cotepe::kRelatorioNaoAberto;
+
+  // Outlives the stream that uses it; without memory for it the stream has its own smaller one.
+  const std::unique_ptr<char[]> buffer(new (std::nothrow) char[kTamanhoDoBuffer]);
+  if (buffer != nullptr) std::setvbuf(ReportFile, buffer.get(), _IOFBF, kTamanhoDoBuffer);
+  try {
+    const int resultado = geraNoArquivoAberto(comandoDado, hospedeiro);
+    return fechaRelatorio() || resultado != cotepe::kGerado ? resultado : cotepe::kEscritaFalhou;
+  } catch (const std::bad_alloc&) {
+    fechaRelatorio();
+    return cotepe::kEscritaFalhou;
+  } catch (...) {  // the host's own: the stream must not outlive its buffer
+    fechaRelatorio();
+    throw;
+  }
+}
+
+int CotepeManager::geraNoArquivoAberto(const char* comandoDado, cotepe::Hospedeiro& hospedeiro) {
+  m_iCountSize = cotepe::larguraDoContador(m_iVersaoAtoCotepe);
+  m_iDivCount = cotepe::moduloDoContador(m_iVersaoAtoCotepe);
+  cotepe::copiaLimitada(comando, comandoDado);
+  if (!leIdentidade(hospedeiro)) return cotepe::kIdentidadeFalhou;
+  for (const cotepe::Registro* registro : cotepe::kCatalogo) {
+    if (!registro->despachado(comandoDado, m_iVersaoAtoCotepe)) continue;
+    escreve(*registro, hospedeiro);
+    if (std::ferror(ReportFile) != 0) break;
+  }
+  return cotepe::kGerado;
+}
+
+void CotepeManager::fixaPeriodo(const char* dataInicial, const char* dataFinal) {
+  formataLimite(dataHoraInicial, dataInicial, "00:00:00");
+  formataLimite(dataHoraFinal, dataFinal, "23:59:59");
+}
+
+// The database's texts go before the host's; of several rows the last one counts.
+bool CotepeManager::leIdentidade(cotepe::Hospedeiro& hospedeiro) {
+  cotepe::copiaLimitada(modelo, hospedeiro.modelo());
+  cotepe::copiaLimitada(nrFabricacao, hospedeiro.serial());
+  cotepe::copiaLimitada(usuario, "");
+  cotepe::Consulta identidade(db, kConsultaDaIdentidade);
+  while (identidade.avanca()) {
+    copiaSeHouver(nrFabricacao, identidade.texto(0));
+    copiaSeHouver(modelo, identidade.texto(1));
+    cotepe::copiaLimitada(usuario, identidade.texto(2));
+  }
+  if (identidade.completa()) return true;
+  hospedeiro.registraLog(kFalhaDaIdentidade);
+  return false;
+}
+
+// Returns whether all that was written reached the file.
+bool CotepeManager::fechaRelatorio() {
+  const bool semErro = std::ferror(ReportFile) == 0;
+  const bool fechado = std::fclose(ReportFile) == 0;
+  ReportFile = nullptr;
+  return semErro && fechado;
+}
+
+cotepe::Ajustes CotepeManager::ajustes() const {
+  return {m_iVersaoAtoCotepe, m_bCAT52,     m_iCountSize, m_iDivCount, nrFabricacao, modelo, usuario, comando,
+          dataHoraInicial,    dataHoraFinal};
+}
+
+void CotepeManager::escreve(const cotepe::Registro& registro, cotepe::Hospedeiro& hospedeiro) {
+  cotepe::ExecucaoSqlite execucao(db, ReportFile, ajustes(), hospedeiro);
+  hospedeiro.inicia(registro);
+  registro.escreve(execucao, registro);
+  hospedeiro.conclui(registro, execucao.linhas(), execucao.completa());
+}
+
+void CotepeManager::escreve(const cotepe::Registro& registro) {
+  cotepe::HospedeiroLigado hospedeiro;
+  escreve(registro, hospedeiro);
+}
+
+void CotepeManager::TipoE01() { escreve(cotepe::kE01); }
+void CotepeManager::TipoE02() { escreve(cotepe::kE02); }
+void CotepeManager::TipoE03() { escreve(cotepe::kE03); }
+void CotepeManager::TipoE04() { escreve(cotepe::kE04); }
+void CotepeManager::TipoE05() { escreve(cotepe::kE05); }
+void CotepeManager::TipoE06() { escreve(cotepe::kE06); }
+void CotepeManager::TipoE07() { escreve(cotepe::kE07); }
+void CotepeManager::TipoE08() { escreve(cotepe::kE08); }
+void CotepeManager::TipoE09() { escreve(cotepe::kE09); }
+void CotepeManager::TipoE10() { escreve(cotepe::kE10); }
+void CotepeManager::TipoE11() { escreve(cotepe::kE11); }
+void CotepeManager::TipoE12() { escreve(cotepe::kE12); }
+void CotepeManager::TipoE13() { escreve(cotepe::kE13); }
+void CotepeManager::TipoE14() { escreve(cotepe::kE14); }
+void CotepeManager::TipoE15() { escreve(cotepe::kE15); }
+void CotepeManager::TipoE16() { escreve(cotepe::kE16); }
+void CotepeManager::TipoE17() { escreve(cotepe::kE17); }
+void CotepeManager::TipoE18() { escreve(cotepe::kE18); }
+void CotepeManager::TipoE19() { escreve(cotepe::kE19); }
+void CotepeManager::TipoE20() { escreve(cotepe::kE20); }
+void CotepeManager::TipoE21() { escreve(cotepe::kE21); }
+void CotepeManager::TipoE22() { escreve(cotepe::kE22); }
+
+void CotepeManager::formataData(char* src, char* dst) { cotepe::formataData(src, dst); }
+void CotepeManager::formataHora(char* src, char* dst) { cotepe::formataHora(src, dst); }
+int CotepeManager::RoundInteger(double x) { return cotepe::arredonda(x); }
+
+char* CotepeManager::CharRemove(char* s, char c) {
+  cotepe::removeCaractere(s, c);
+  return s;
+}
+
+char* CotepeManager::CharReplace(char* s, char from, char to) {
+  cotepe::trocaCaractere(s, from, to);
+  return s;
+}
+
+char* CotepeManager::CharRemoveNonAscii(char* s) {
+  cotepe::trocaNaoAscii(s);
+  return s;
+}

@@ -1,0 +1,111 @@
+// The generator of the type-E register file (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database.
+#pragma once
+
+#include <cstdio>
+
+struct sqlite3;
+
+namespace cotepe {
+struct Ajustes;
+struct Registro;
+class Geracao;
+class Hospedeiro;
+
+/// What a run ends with.
+enum Resultado : int {
+  kGerado = 0,              ///< the registers of the command were written; a failed query was logged
+  kArgumentoInvalido = 2,   ///< an argument is null or a day has fewer than 8 characters; nothing was touched
+  kRelatorioNaoAberto = 3,  ///< the report could not be opened for writing
+  kEscritaFalhou = 4,       ///< the report is not whole: disk full, I/O error, out of memory
+  kIdentidadeFalhou = 5     ///< the printer's identity could not be read; the report is closed and empty
+};
+}  // namespace cotepe
+
+/// Generates reports from one database, one at a time, on the caller's thread. An object may run many times
+/// and must not be shared between simultaneous runs. Of the application it needs, at link time, the log
+/// function, the identity globals, the clock and the padding routine that the headers in Host/ declare.
+class CotepeManager {
+ public:
+  /// Borrows the open database, which must outlive the object and is never closed or written by it.
+  /// Starts in layout version 1, CAT52 mode off.
+  explicit CotepeManager(sqlite3* db);
+  ~CotepeManager() = default;
+  CotepeManager(const CotepeManager&) = delete;
+  CotepeManager& operator=(const CotepeManager&) = delete;
+
+  /// Layout version. 1: document counters of 6 digits. Any other value: of 9 digits. Exactly 2 adds the
+  /// fields of layout 2 and register E22.
+  void setVersaoAtoCotepe(int versao);
+  int getVersaoAtoCotepe() const;
+
+  /// CAT52 mode: no placeholder records for registers without a row, and no texts in E14.
+  void setCAT52(bool cat52);
+  bool isCAT52() const;
+
+  /// Writes the report of a period to the file named, created or truncated: one record a line, LF endings.
+  /// Days are DDMMYYYY, first and last, both included. `szCmd` is "MF", "MFD", "TDM" or "RZ", compared
+  /// whole; any other text gives E01 and E02 only. A register whose query fails is logged through
+  /// Quorvel_GravaLog and the run goes on. Returns a cotepe::Resultado.
+  int GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial, const char* szDataFinal,
+                         const char* szCmd);
+
+ private:
+  friend class CotepeManagerTest;
+  friend class cotepe::Geracao;
+
+  int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comandoDado,
+           cotepe::Hospedeiro& hospedeiro);
+  int geraNoArquivoAberto(const char* comandoDado, cotepe::Hospedeiro& hospedeiro);
+  void fixaPeriodo(const char* dataInicial, const char* dataFinal);
+  bool leIdentidade(cotepe::Hospedeiro& hospedeiro);
+  bool fechaRelatorio();
+  cotepe::Ajustes ajustes() const;
+  void escreve(const cotepe::Registro& registro, cotepe::Hospedeiro& hospedeiro);
+  void escreve(const cotepe::Registro& registro);
+
+  // Text helpers; `dst` holds 9 bytes for a date, 7 for an hour. The others work in place and return `s`.
+  void formataData(char* src, char* dst);
+  void formataHora(char* src, char* dst);
+  int RoundInteger(double x);
+  char* CharRemove(char* s, char c);
+  char* CharReplace(char* s, char from, char to);
+  char* CharRemoveNonAscii(char* s);
+
+  // One writer a register: each appends its lines to ReportFile, whatever the command. E03 and E04 belong to
+  // no command.
+  void TipoE01();
+  void TipoE02();
+  void TipoE03();
+  void TipoE04();
+  void TipoE05();
+  void TipoE06();
+  void TipoE07();
+  void TipoE08();
+  void TipoE09();
+  void TipoE10();
+  void TipoE11();
+  void TipoE12();
+  void TipoE13();
+  void TipoE14();
+  void TipoE15();
+  void TipoE16();
+  void TipoE17();
+  void TipoE18();
+  void TipoE19();
+  void TipoE20();
+  void TipoE21();
+  void TipoE22();
+
+  sqlite3* db;               // borrowed
+  char dataHoraInicial[20];  // YYYY-MM-DD 00:00:00
+  char dataHoraFinal[20];    // YYYY-MM-DD 23:59:59
+  char nrFabricacao[21];
+  char modelo[21];
+  char usuario[3];  // order number of the user, as text
+  char comando[4];
+  int m_iVersaoAtoCotepe;
+  bool m_bCAT52;
+  int m_iCountSize;  // width of a document counter
+  int m_iDivCount;   // its modulus
+  FILE* ReportFile;  // open during a run only
+};

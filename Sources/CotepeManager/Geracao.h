@@ -1,0 +1,29 @@
+// A run of the generator whose application is an object, for programs that follow the run or have no globals.
+#pragma once
+
+#include "CotepeManager.h"
+#include "Leiaute/Execucao.h"
+#include "Leiaute/Registro.h"
+
+namespace cotepe {
+
+/// As CotepeManager, with log, identity, clock and padding taken from `hospedeiro`, which is also told of
+/// each register's start and end. Borrows both for its lifetime.
+class Geracao {
+ public:
+  Geracao(sqlite3* banco, Hospedeiro& hospedeiro) : gerador_(banco), hospedeiro_(hospedeiro) {}
+
+  void setVersaoAtoCotepe(int versao) { gerador_.setVersaoAtoCotepe(versao); }
+  void setCAT52(bool cat52) { gerador_.setCAT52(cat52); }
+
+  /// As CotepeManager::GeraRegistrosTipoE.
+  int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comando) {
+    return gerador_.gera(arquivo, dataInicial, dataFinal, comando, hospedeiro_);
+  }
+
+ private:
+  CotepeManager gerador_;
+  Hospedeiro& hospedeiro_;
+};
+
+}  // namespace cotepe

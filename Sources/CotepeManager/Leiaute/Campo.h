@@ -1,0 +1,175 @@
+// A field of a record as data: what it is called, how wide it is, how it is written and where it comes from.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace cotepe {
+
+class Execucao;
+class Fonte;
+struct Ajustes;
+
+/// How a field is written in a data record. The placeholder record has zeros in the numeric kinds and blanks
+/// in the others, unless the field says otherwise.
+enum class Especie : std::uint8_t {
+  Texto,          // left-aligned, blank-filled
+  ComoEsta,       // the text alone, neither filled nor cut
+  Preenchido,     // placed by the host's padding routine
+  Numero,         // signed integer, zero-filled, after the remainder by the field's modulus
+  Contador,       // as Numero, with the width and the modulus that the layout version sets
+  Identificador,  // integer printed without sign, zero-filled (CNPJ, CPF)
+  Dinheiro,       // money text, in cents without sign, zero-filled
+  DinheiroDuplo,  // the same, rounded to cents through a double first
+  Decimal,        // decimal number scaled by its decimal places, rounded, zero-filled
+  Data,           // AAAAMMDD out of a date-time text
+  Hora,           // HHMMSS out of a date-time text
+  DataPronta,     // a date that is AAAAMMDD already
+  HoraPronta,     // an hour that is HHMMSS already
+};
+
+/// Where the text of a field comes from.
+struct Origem {
+  enum class Tipo : std::uint8_t { Nenhuma, Constante, Ajuste, Coluna, Funcao };
+
+  Tipo tipo = Tipo::Nenhuma;
+  std::int8_t coluna = -1;   // counted from 0
+  std::int8_t consulta = 0;  // which query of the register, counted from 0
+  const char* constante = "";
+  const char* const Ajustes::*ajuste = nullptr;
+  const char* (*funcao)(const Fonte&, const Execucao&) = nullptr;
+
+  /// True where the text is the same in every record of a run, placeholders included.
+  constexpr bool fixa() const { return tipo == Tipo::Constante || tipo == Tipo::Ajuste; }
+};
+
+constexpr Origem coluna(int numero, int consulta = 0) {
+  Origem o;
+  o.tipo = Origem::Tipo::Coluna;
+  o.coluna = static_cast<std::int8_t>(numero);
+  o.consulta = static_cast<std::int8_t>(consulta);
+  return o;
+}
+
+/// A text worked out from a row. `lida` is the column that it mainly rests on, for those who trace a field
+/// back to the database.
+constexpr Origem funcao(const char* (*calcula)(const Fonte&, const Execucao&), Origem lida = {}) {
+  Origem o = lida;
+  o.tipo = Origem::Tipo::Funcao;
+  o.funcao = calcula;
+  return o;
+}
+
+constexpr Origem constante(const char* texto) {
+  Origem o;
+  o.tipo = Origem::Tipo::Constante;
+  o.constante = texto;
+  return o;
+}
+
+constexpr Origem ajuste(const char* const Ajustes::*membro) {
+  Origem o;
+  o.tipo = Origem::Tipo::Ajuste;
+  o.ajuste = membro;
+  return o;
+}
+
+/// One field of a register's list. Made by the functions below; the members are for those who read the list.
+struct Campo {
+  static constexpr int kLarguraDoContador = -1;  // 6 in layout 1, 9 elsewhere
+
+  const char* rotulo = "";  // the law's words, UTF-8
+  Especie especie = Especie::Texto;
+  int largura = 0;  // nominal width in bytes, or kLarguraDoContador
+  Origem origem;
+  std::int64_t modulo = 0;           // of Numero; 0 takes no remainder
+  std::int8_t colunaDasCasas = -1;   // of Decimal: the column that holds the number of decimal places
+  std::int16_t posicao = 0;          // from 1, of a field that does not stand at the cursor; 0 elsewhere
+  const char* textoVazio = nullptr;  // what the placeholder holds, where it is not the kind's own
+
+  bool removePontos = false;
+  bool removeHifens = false;
+  bool trocaNaoAscii = false;
+  bool soNaVersao2 = false;
+  bool soForaDoCat52 = false;
+  bool desloca = false;         // never clipped: a longer number moves the later fields right
+  bool naoAvanca = false;       // the cursor stays before the field in a data record ...
+  bool naoAvancaVazio = false;  // ... and in a placeholder record
+
+  constexpr Campo() = default;
+  constexpr Campo(const char* nome, Especie tipo, int bytes, Origem fonte)
+      : rotulo(nome), especie(tipo), largura(bytes), origem(fonte) {}
+
+  // Each returns the field with one thing changed, so that a list reads as a sentence a line.
+  constexpr Campo vazio(const char* texto) const { return com(&Campo::textoVazio, texto); }
+  constexpr Campo naPosicao(std::int16_t de1) const { return com(&Campo::posicao, de1); }
+  constexpr Campo casas(std::int8_t daColuna) const { return com(&Campo::colunaDasCasas, daColuna); }
+  constexpr Campo semPontos() const { return com(&Campo::removePontos, true); }
+  constexpr Campo semHifens() const { return com(&Campo::removeHifens, true); }
+  constexpr Campo semNaoAscii() const { return com(&Campo::trocaNaoAscii, true); }
+  constexpr Campo naVersao2() const { return com(&Campo::soNaVersao2, true); }
+  constexpr Campo foraDoCat52() const { return com(&Campo::soForaDoCat52, true); }
+  constexpr Campo nuncaCortado() const { return com(&Campo::desloca, true); }
+  constexpr Campo semAvancar() const { return com(&Campo::naoAvanca, true); }
+  constexpr Campo semAvancarVazio() const { return com(&Campo::naoAvancaVazio, true); }
+
+  /// Whether the field is there under a layout version and a CAT52 mode.
+  constexpr bool existe(int versao, bool cat52) const {
+    return !(soNaVersao2 && versao != 2) && !(soForaDoCat52 && cat52);
+  }
+
+ private:
+  template <class T>
+  constexpr Campo com(T Campo::*membro, T valor) const {
+    Campo c = *this;
+    c.*membro = valor;
+    return c;
+  }
+};
+
+/// A run of fields, borrowed from a list that lives for ever.
+class Campos {
+ public:
+  constexpr Campos() = default;
+  constexpr Campos(const Campo* inicio, std::size_t quantos) : inicio_(inicio), quantos_(quantos) {}
+  template <std::size_t N>
+  constexpr Campos(const std::array<Campo, N>& lista) : inicio_(lista.data()), quantos_(N) {}  // NOLINT
+
+  constexpr const Campo* begin() const { return inicio_; }
+  constexpr const Campo* end() const { return inicio_ + quantos_; }
+  constexpr std::size_t size() const { return quantos_; }
+  constexpr const Campo& operator[](std::size_t i) const { return inicio_[i]; }
+
+  /// The fields from `primeiro` (from 0) on, `quantos` of them or all that follow.
+  constexpr Campos trecho(std::size_t primeiro) const { return {inicio_ + primeiro, quantos_ - primeiro}; }
+  constexpr Campos trecho(std::size_t primeiro, std::size_t quantos) const {
+    return {inicio_ + primeiro, quantos};
+  }
+
+ private:
+  const Campo* inicio_ = nullptr;
+  std::size_t quantos_ = 0;
+};
+
+/// Width of a counter, and the modulus that goes with it, under a layout version.
+constexpr int larguraDoContador(int versao) { return versao == 1 ? 6 : 9; }
+constexpr int moduloDoContador(int versao) { return versao == 1 ? 1000000 : 1000000000; }
+
+/// Nominal width of a field under a layout version, in bytes.
+constexpr int larguraNominal(const Campo& campo, int versao) {
+  return campo.largura == Campo::kLarguraDoContador ? larguraDoContador(versao) : campo.largura;
+}
+
+/// Length in bytes of a record of these fields in the setting given.
+constexpr int comprimento(Campos campos, int versao, bool cat52) {
+  int cursor = 0;
+  for (const Campo& campo : campos) {
+    if (!campo.existe(versao, cat52)) continue;
+    if (campo.posicao != 0) cursor = campo.posicao - 1;
+    cursor += larguraNominal(campo, versao);
+  }
+  return cursor;
+}
+
+}  // namespace cotepe

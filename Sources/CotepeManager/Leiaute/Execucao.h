@@ -1,0 +1,103 @@
+// What a register's writer sees of a run: its settings, the rows of its queries, the report and the host.
+#pragma once
+
+#include <memory>
+
+namespace cotepe {
+
+class Linha;
+struct Registro;
+
+/// The settings and the identity of a run; the texts are borrowed and terminated.
+struct Ajustes {
+  int versao = 1;
+  bool cat52 = false;
+  int larguraDoContador = 0;  // digits
+  int moduloDoContador = 0;
+  const char* nrFabricacao = "";
+  const char* modelo = "";
+  const char* usuario = "";
+  const char* comando = "";
+  const char* dataHoraInicial = "";  // YYYY-MM-DD 00:00:00
+  const char* dataHoraFinal = "";    // YYYY-MM-DD 23:59:59
+};
+
+/// The services and the knowledge of the application around the generator.
+class Hospedeiro {
+ public:
+  virtual ~Hospedeiro() = default;
+
+  /// Appends one message line to the application's log.
+  virtual void registraLog(const char* mensagem) = 0;
+
+  /// What is known of the printer without its database; empty when unknown. Need not be terminated after
+  /// 30 (serial, modelo) or 15 bytes (tipo): callers bound their copies.
+  virtual const char* serial() = 0;
+  virtual const char* modelo() = 0;
+  virtual const char* tipo() = 0;
+
+  /// Leaves the current time in `saida` as AAAAMMDD, one separator, HHMMSS; `saida` holds 41 zeroed bytes.
+  virtual void dataHoraAtual(char* saida) = 0;
+
+  /// Places `texto` left-aligned and blank-filled into the `largura` bytes at `destino`.
+  virtual void preenche(char* texto, char* destino, int largura) = 0;
+
+  /// Follow a run register by register: its start, and its end with the number of lines that it wrote and
+  /// whether each of its queries ended normally.
+  virtual void inicia(const Registro& /*registro*/) {}
+  virtual void conclui(const Registro& /*registro*/, long /*linhas*/, bool /*completo*/) {}
+};
+
+/// A row of a query; its texts are valid until the next row. NULL is an empty text.
+class Fonte {
+ public:
+  virtual const char* texto(int coluna) const = 0;
+  virtual int bytes(int coluna) const = 0;
+
+ protected:
+  ~Fonte() = default;
+};
+
+/// An open query, and its current row.
+class Leitura : public Fonte {
+ public:
+  virtual ~Leitura() = default;
+
+  /// Goes to the next row; false when there is none, or none can be had.
+  virtual bool avanca() = 0;
+
+  /// After `avanca` returned false: whether the query ended normally.
+  virtual bool completa() const = 0;
+
+  /// Ends the query; done by the destructor at the latest.
+  virtual void finaliza() = 0;
+};
+
+/// One run as its writers see it.
+class Execucao {
+ public:
+  virtual ~Execucao() = default;
+
+  const Ajustes& ajustes() const { return ajustes_; }
+  Hospedeiro& hospedeiro() const { return hospedeiro_; }
+
+  /// Opens a query. Each "%s" in `sql` stands for a bound of the period, first and last in turn. A query
+  /// that cannot be prepared has no row and is not complete.
+  virtual std::unique_ptr<Leitura> consulta(const char* sql) = 0;
+
+  /// Appends the line and a line-feed to the report. Whether it could be written shows when the report
+  /// closes.
+  virtual void grava(Linha& linha) = 0;
+
+  /// Logs the message of a failed query; the run is then incomplete.
+  virtual void falha(const char* mensagem) = 0;
+
+ protected:
+  Execucao(const Ajustes& ajustes, Hospedeiro& hospedeiro) : ajustes_(ajustes), hospedeiro_(hospedeiro) {}
+
+ private:
+  Ajustes ajustes_;
+  Hospedeiro& hospedeiro_;
+};
+
+}  // namespace cotepe

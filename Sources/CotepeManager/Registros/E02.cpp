@@ -1,0 +1,72 @@
+// E02, the user of the printer: one record for each user row.
+#include <cstring>
+
+#include "Leiaute/Catalogo.h"
+#include "Leiaute/Composicao.h"
+#include "Leiaute/Especies.h"
+#include "Leiaute/Texto.h"
+
+namespace cotepe {
+namespace {
+
+constexpr int kColunaTotalGeral = 6;
+enum Consulta : std::uint8_t { kUsuarios, kTotalDasReducoes, kTotalDaPosicao };
+
+// clang-format off
+constexpr auto kCampos = registroComum("E02", {
+    identificador("CNPJ",                       coluna(0)),
+    preenchido   ("Inscrição estadual",     14, coluna(1)).semPontos().semHifens(),
+    texto        ("Razão social",           40, coluna(2)),
+    texto        ("Endereço",              120, coluna(3)),
+    data         ("Data do cadastro",           coluna(4)),
+    hora         ("Hora do cadastro",           coluna(4)),
+    contador6    ("CRO",                        coluna(5)),
+    dinheiro     ("Totalizador geral (GT)", 18, coluna(kColunaTotalGeral)),
+    numero       ("Nº do usuário",           2, constante("1")),
+});
+// clang-format on
+static_assert(comprimento(kCampos, 1, false) == 272);
+static_assert(comprimento(kCampos, 2, false) == 272);
+
+using TotalGeral = char[18];
+
+// Deliberate: a maximum of 18 characters loses its last one, a longer one is not used, and a failed query
+// only leaves the text empty: it is not logged.
+void buscaTotalGeral(Execucao& execucao, const Registro& registro, TotalGeral& total) {
+  const bool daMemoriaFiscal = std::strcmp(execucao.ajustes().comando, "MF") == 0;
+  const auto maximo =
+      execucao.consulta(registro.consultas[daMemoriaFiscal ? kTotalDasReducoes : kTotalDaPosicao].sql);
+  if (!maximo->avanca()) return;
+  const char* texto = maximo->texto(0);
+  if (std::strlen(texto) <= 18) copiaLimitada(total, texto);
+}
+
+// Deliberate: the maximum, where there is one, replaces the user's own grand total in every record.
+void escreveE02(Execucao& execucao, const Registro& registro) {
+  TotalGeral total = "";
+  buscaTotalGeral(execucao, registro, total);
+  const auto usuarios = execucao.consulta(registro.consultas[kUsuarios].sql);
+  const FonteCom comTotal(*usuarios, *total != '\0' ? kColunaTotalGeral : -1, total);
+  const long linhas = gravaLinhas(execucao, registro.campos, *usuarios, comTotal);
+  encerra(execucao, registro, *usuarios, linhas);
+}
+
+}  // namespace
+
+const Registro kE02 = {
+    "E02",
+    "Identificação do atual contribuinte usuário do ECF",
+    kCampos,
+    {{"SELECT cnpj, SUBSTR(ie, 0, 15), razao_social, endereco,"
+      "                  ifnull(data_hora_gravacao, '                   '), cont_cro, valor_gt"
+      "                  FROM dados_usuario",
+      "Erro no select - TipoE02"},
+     {"SELECT MAX(valor_gt) FROM reducao_z", nullptr},
+     {"SELECT MAX(valor_gt) FROM posicao_totalizadores_contadores", nullptr}},
+    kTodos,
+    false,
+    Vazio::Nunca,
+    false,
+    escreveE02};
+
+}  // namespace cotepe

@@ -1,0 +1,42 @@
+// E12, the Z reductions of the period.
+#include "Leiaute/Catalogo.h"
+#include "Leiaute/Especies.h"
+
+namespace cotepe {
+namespace {
+
+// Deliberate: CRZ and CRO are six digits in every layout; only the COO follows the version.
+// clang-format off
+constexpr auto kCampos = registroDoUsuario("E12", {
+    contador6("CRZ",                    coluna(0)),
+    contador ("COO",                    coluna(1)),
+    contador6("CRO",                    coluna(2)),
+    data     ("Data do movimento",      coluna(3)),
+    data     ("Data de emissão",        coluna(4)),
+    hora     ("Hora de emissão",        coluna(4)),
+    dinheiro ("Venda bruta diária", 14, coluna(5)),
+    letra    ("Indicador",              constante("S")),
+});
+// clang-format on
+static_assert(comprimento(kCampos, 1, false) == 101);
+static_assert(comprimento(kCampos, 2, false) == 104);
+
+}  // namespace
+
+const Registro kE12 = {"E12",
+                       "Relação de Reduções Z",
+                       kCampos,
+                       {{"SELECT cont_crz, cont_coo, cont_cro, ifnull(data_movimento, '                   '),"
+                         "                  ifnull(data_hora_emissao, '                   '), valor_vb"
+                         "                  FROM reducao_z"
+                         "                  WHERE data_movimento >= '%s'"
+                         "                  AND data_movimento <= '%s'"
+                         "                  ORDER BY cont_crz, cont_cro",
+                         "Erro no select - TipoE12"}},
+                       kMF | kTDM,
+                       false,
+                       Vazio::ForaDoCat52,
+                       false,
+                       escreveTabela};
+
+}  // namespace cotepe

@@ -1,0 +1,30 @@
+// E22, the attempts recorded for the basic software: the whole table, in layout 2 only.
+#include "Leiaute/Catalogo.h"
+#include "Leiaute/Especies.h"
+
+namespace cotepe {
+namespace {
+
+// Deliberate: the head has neither the additional-MF blank nor the user number, the number is never
+// clipped, and the columns are taken by position.
+// clang-format off
+constexpr auto kCampos = std::array<Campo, 5>{
+    leiaute::tipoDoRegistro("E22"),
+    leiaute::kNumeroDeFabricacao,
+    leiaute::kModelo,
+    numero("Número", 4, coluna(0)).nuncaCortado(),
+    data  ("Data",      coluna(2)),
+};
+// clang-format on
+static_assert(comprimento(kCampos, 2, false) == 55);
+
+}  // namespace
+
+// Deliberate: the message is that of E21.
+const Registro kE22 = {"E22",        "Tentativas relativas ao Software Básico",
+                       kCampos,      {{"SELECT * FROM tentativas_sb", "Erro no select - TipoE21"}},
+                       kMF | kTDM,   true,
+                       Vazio::Nunca, false,
+                       escreveTabela};
+
+}  // namespace cotepe

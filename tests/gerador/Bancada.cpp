@@ -1,0 +1,225 @@
+#include "Bancada.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <map>
+
+#include "GravaLog.h"
+#include "Identidade.h"
+#include "RtcClasses.h"
+
+std::vector<std::string> g_mensagens;
+void (*g_aoRegistrar)() = nullptr;
+std::string g_carimbo;
+
+void Quorvel_GravaLog(char* mensagem) {
+  g_mensagens.emplace_back(mensagem);
+  if (g_aoRegistrar != nullptr) g_aoRegistrar();
+}
+
+void RtcAbsoluteTime::GetCurrentDateTime() {}
+void RtcAbsoluteTime::ToStrDateTime(char* /*dateFormat*/, char* /*timeFormat*/, char* out) {
+  std::strcpy(out, g_carimbo.c_str());
+}
+
+namespace {
+
+constexpr char kTabelas[] = R"(
+CREATE TABLE dados_ecf(num_serie, modelo, tipo, marca, num_caixa);
+CREATE TABLE dados_usuario(seq_usuario, cnpj, ie, razao_social, endereco, data_hora_gravacao, cont_cro, valor_gt);
+CREATE TABLE versao_sb(versao, data_hora_gravacao, num_sequencia);
+CREATE TABLE tentativas_sb(numero, versao, data_hora, resultado);
+CREATE TABLE codificacao_gt(data_hora_gravacao, codificacao);
+CREATE TABLE moeda(data_hora_gravacao, simbolo_moeda);
+CREATE TABLE intervencao(cont_cro, data_hora_intervencao, id_perda_dados_mt, id_tipo_intervencao, cont_crz, cont_coo);
+CREATE TABLE fita_detalhe(cont_cfd, data_hora_emissao, coo_inicial, coo_final);
+CREATE TABLE posicao_totalizadores_contadores(cont_crz, cont_cro, cont_coo, cont_gnf, cont_ccf, cont_grg, cont_cfd,
+  valor_gt);
+CREATE TABLE reducao_z(cont_crz, cont_coo, cont_cro, data_movimento, data_hora_emissao, valor_vb, valor_gt);
+CREATE TABLE totalizador_reducao(cont_crz, totalizador, valor_base_calculo, id_fiscal);
+CREATE TABLE meio_pagamento_reducao(cont_crz, descricao_meio_pagamento, valor_acumulado);
+CREATE TABLE cupom_fiscal(cont_ccf, cont_coo, cont_crz, data_hora_emissao, valor_subtotal, valor_desconto,
+  valor_acrescimo, valor_total, valor_canc_acrescimo, id_cancelado, nome_consumidor, cpf_cnpj_consumidor,
+  tipo_acrescimo, tipo_desconto, perc_desconto, perc_acrescimo, texto_suplementar, texto_complementar,
+  assinatura_documento);
+CREATE TABLE item_cupom_fiscal(cont_coo, seq_item, cod_item, descricao, quantidade, valor_unitario, un_medida,
+  valor_desconto, valor_acrescimo, valor_total, valor_canc_acrescimo, aliquota, id_cancelado, id_arred_trunc_valor,
+  casas_decimais_quantidade, casas_decimais_valor, perc_acrescimo, perc_desconto);
+CREATE TABLE outros_documentos(cont_coo, cont_gnf, cont_grg, cont_cdc, cont_crz, id_tipo_documento,
+  data_hora_fim_emissao);
+CREATE TABLE cupom_nf(cont_coo, cont_gnf, cont_crz, data_hora_emissao, valor_subtotal, valor_desconto,
+  valor_acrescimo, valor_total_cupom, valor_canc_acrescimo, id_cancelado, tipo_acrescimo, tipo_desconto,
+  nome_consumidor, cpf_cnpj_consumidor);
+CREATE TABLE item_cupom_nf(cont_coo, seq_item, indice_totalizador_nf, valor_total, valor_desconto, valor_acrescimo,
+  valor_total_liquido, valor_canc_acrescimo, id_cancelado);
+CREATE TABLE totalizador_nao_fiscal(num_indice, descricao);
+CREATE TABLE pagamento_cupom(cont_coo, indice_meio_pagamento, valor_pagamento, valor_estornado, id_estornado);
+CREATE TABLE meio_pagamento(num_indice, descricao);
+)";
+
+std::string conteudo(FILE* arquivo) {
+  std::string texto;
+  std::array<char, 4096> bloco;
+  std::rewind(arquivo);
+  for (std::size_t n = 0; (n = std::fread(bloco.data(), 1, bloco.size(), arquivo)) > 0;)
+    texto.append(bloco.data(), n);
+  return texto;
+}
+
+}  // namespace
+
+void CotepeManagerTest::escreve(CotepeManager& gerador, const std::string& codigo, FILE* relatorio) {
+  static const std::map<std::string, void (CotepeManager::*)()> kEscritores = {
+      {"E01", &CotepeManager::TipoE01}, {"E02", &CotepeManager::TipoE02}, {"E03", &CotepeManager::TipoE03},
+      {"E04", &CotepeManager::TipoE04}, {"E05", &CotepeManager::TipoE05}, {"E06", &CotepeManager::TipoE06},
+      {"E07", &CotepeManager::TipoE07}, {"E08", &CotepeManager::TipoE08}, {"E09", &CotepeManager::TipoE09},
+      {"E10", &CotepeManager::TipoE10}, {"E11", &CotepeManager::TipoE11}, {"E12", &CotepeManager::TipoE12},
+      {"E13", &CotepeManager::TipoE13}, {"E14", &CotepeManager::TipoE14}, {"E15", &CotepeManager::TipoE15},
+      {"E16", &CotepeManager::TipoE16}, {"E17", &CotepeManager::TipoE17}, {"E18", &CotepeManager::TipoE18},
+      {"E19", &CotepeManager::TipoE19}, {"E20", &CotepeManager::TipoE20}, {"E21", &CotepeManager::TipoE21},
+      {"E22", &CotepeManager::TipoE22}};
+  gerador.ReportFile = relatorio;
+  (gerador.*kEscritores.at(codigo))();
+  gerador.ReportFile = nullptr;
+}
+
+std::string CotepeManagerTest::periodo(CotepeManager& gerador, const char* inicial, const char* final) {
+  gerador.fixaPeriodo(inicial, final);
+  return std::string(gerador.dataHoraInicial) + " / " + gerador.dataHoraFinal;
+}
+
+std::string CotepeManagerTest::formataData(CotepeManager& gerador, const std::string& texto) {
+  std::string origem = texto;
+  char destino[9];
+  gerador.formataData(origem.data(), destino);
+  return {destino, sizeof destino};
+}
+
+std::string CotepeManagerTest::formataHora(CotepeManager& gerador, const std::string& texto) {
+  std::string origem = texto;
+  char destino[7];
+  gerador.formataHora(origem.data(), destino);
+  return {destino, sizeof destino};
+}
+
+std::string CotepeManagerTest::charRemove(CotepeManager& gerador, std::string texto, char c) {
+  return gerador.CharRemove(texto.data(), c);
+}
+
+std::string CotepeManagerTest::charReplace(CotepeManager& gerador, std::string texto, char de, char para) {
+  return gerador.CharReplace(texto.data(), de, para);
+}
+
+std::string CotepeManagerTest::charRemoveNonAscii(CotepeManager& gerador, std::string texto) {
+  return gerador.CharRemoveNonAscii(texto.data());
+}
+
+void CotepeManagerTest::fixaIdentidade(CotepeManager& gerador, const char* nrFabricacao, const char* modelo,
+                                       const char* usuario, const char* comando) {
+  std::snprintf(gerador.nrFabricacao, sizeof gerador.nrFabricacao, "%s", nrFabricacao);
+  std::snprintf(gerador.modelo, sizeof gerador.modelo, "%s", modelo);
+  std::snprintf(gerador.usuario, sizeof gerador.usuario, "%s", usuario);
+  std::snprintf(gerador.comando, sizeof gerador.comando, "%s", comando);
+  gerador.m_iCountSize = gerador.m_iVersaoAtoCotepe == 1 ? 6 : 9;
+  gerador.m_iDivCount = gerador.m_iVersaoAtoCotepe == 1 ? 1000000 : 1000000000;
+}
+
+Bancada::Bancada()
+    : banco_([] {
+        sqlite3* banco = nullptr;
+        EXPECT_EQ(sqlite3_open(":memory:", &banco), SQLITE_OK);
+        return banco;
+      }()),
+      gerador_(banco_) {
+  g_mensagens.clear();
+  g_aoRegistrar = nullptr;
+  g_carimbo = "20240131 235959";
+  g_Serial[0] = g_Modelo[0] = g_Tipo[0] = g_VersaoSB[0] = '\0';
+  sql(kTabelas);
+}
+
+Bancada::~Bancada() { EXPECT_EQ(sqlite3_close(banco_), SQLITE_OK) << "a statement was left open"; }
+
+void Bancada::sql(const std::string& texto) {
+  char* erro = nullptr;
+  const int resultadoDoSql = sqlite3_exec(banco_, texto.c_str(), nullptr, nullptr, &erro);
+  ASSERT_EQ(resultadoDoSql, SQLITE_OK) << (erro != nullptr ? erro : "") << "\nin: " << texto;
+}
+
+void Bancada::comIdentidade() {
+  sql("INSERT INTO dados_ecf VALUES('SERIAL','MODELO','ECF-IF','MARCA','1');"
+      "INSERT INTO dados_usuario(seq_usuario, cnpj) VALUES('1','12345678000190')");
+}
+
+Bancada& Bancada::versao(int v) {
+  gerador_.setVersaoAtoCotepe(v);
+  return *this;
+}
+
+Bancada& Bancada::cat52(bool ligado) {
+  gerador_.setCAT52(ligado);
+  return *this;
+}
+
+Bancada& Bancada::periodo(const std::string& inicial, const std::string& final) {
+  inicial_ = inicial;
+  final_ = final;
+  return *this;
+}
+
+std::vector<std::string> Bancada::gera(const std::string& comando) {
+  char nome[] = "relatorio-XXXXXX";
+  const int descritor = mkstemp(nome);
+  EXPECT_GE(descritor, 0);
+  FILE* arquivo = fdopen(descritor, "r");
+  resultado = gerador_.GeraRegistrosTipoE(nome, inicial_.c_str(), final_.c_str(), comando.c_str());
+  const std::string texto = conteudo(arquivo);
+  std::fclose(arquivo);
+  unlink(nome);
+  return linhasDe(texto);
+}
+
+std::vector<std::string> Bancada::registro(const std::string& codigo, const std::string& comando) {
+  CotepeManagerTest::fixaIdentidade(gerador_, "SERIAL", "MODELO", "1", comando.c_str());
+  CotepeManagerTest::periodo(gerador_, inicial_.c_str(), final_.c_str());
+  FILE* arquivo = std::tmpfile();
+  CotepeManagerTest::escreve(gerador_, codigo, arquivo);
+  const std::string texto = conteudo(arquivo);
+  std::fclose(arquivo);
+  return linhasDe(texto);
+}
+
+std::string Bancada::linha(const std::string& codigo, const std::string& comando) {
+  const auto linhas = registro(codigo, comando);
+  EXPECT_EQ(linhas.size(), 1U);
+  return linhas.empty() ? "" : linhas.front();
+}
+
+std::vector<std::string> linhasDe(const std::string& texto) {
+  std::vector<std::string> linhas;
+  std::size_t inicio = 0;
+  for (std::size_t fim; (fim = texto.find('\n', inicio)) != std::string::npos; inicio = fim + 1)
+    linhas.push_back(texto.substr(inicio, fim - inicio));
+  EXPECT_EQ(inicio, texto.size()) << "the last line has no end";
+  return linhas;
+}
+
+std::string posicoes(const std::string& linha, std::size_t de, std::size_t ate) {
+  return linha.size() < de ? "" : linha.substr(de - 1, ate - de + 1);
+}
+
+std::string preenchido(const std::string& texto, std::size_t largura) {
+  return texto.size() >= largura ? texto : texto + brancos(largura - texto.size());
+}
+
+std::string brancos(std::size_t quantos) { return std::string(quantos, ' '); }
+
+std::string cabecalho(const std::string& codigo) {
+  return codigo + "SERIAL              " + " " + "MODELO              ";
+}
+
+std::string cabecalhoDoUsuario(const std::string& codigo) { return cabecalho(codigo) + "01"; }

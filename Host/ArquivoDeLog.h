@@ -16,7 +16,7 @@ class ArquivoDeLog {
 
  private:
   struct Fecha {
-    void operator()(FILE* arquivo) const { std::fclose(arquivo); }
+    void operator()(FILE* arquivo) const { static_cast<void>(std::fclose(arquivo)); }
   };
   std::unique_ptr<FILE, Fecha> arquivo_;  // null: stderr
 };

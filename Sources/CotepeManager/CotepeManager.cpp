@@ -36,19 +36,7 @@ void copiaSeHouver(char (&destino)[N], const char* texto) {
 
 }  // namespace
 
-CotepeManager::CotepeManager(sqlite3* banco)
-    : db(banco),
-      dataHoraInicial{},
-      dataHoraFinal{},
-      nrFabricacao{},
-      modelo{},
-      usuario{},
-      comando{},
-      m_iVersaoAtoCotepe(1),
-      m_bCAT52(false),
-      m_iCountSize(cotepe::larguraDoContador(1)),
-      m_iDivCount(cotepe::moduloDoContador(1)),
-      ReportFile(nullptr) {}
+CotepeManager::CotepeManager(sqlite3* banco) : db(banco) {}
 
 void CotepeManager::setVersaoAtoCotepe(int versao) { m_iVersaoAtoCotepe = versao; }
 int CotepeManager::getVersaoAtoCotepe() const { return m_iVersaoAtoCotepe; }
@@ -71,7 +59,7 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
 
   // Outlives the stream that uses it; without memory for it the stream has its own smaller one.
   const std::unique_ptr<char[]> buffer(new (std::nothrow) char[kTamanhoDoBuffer]);
-  if (buffer != nullptr) std::setvbuf(ReportFile, buffer.get(), _IOFBF, kTamanhoDoBuffer);
+  if (buffer != nullptr) static_cast<void>(std::setvbuf(ReportFile, buffer.get(), _IOFBF, kTamanhoDoBuffer));
   try {
     const int resultado = geraNoArquivoAberto(comandoDado, hospedeiro);
     return fechaRelatorio() || resultado != cotepe::kGerado ? resultado : cotepe::kEscritaFalhou;

@@ -28,7 +28,7 @@ class CotepeManager {
  public:
   /// Borrows the open database, which must outlive the object and is never closed or written by it.
   /// Starts in layout version 1, CAT52 mode off.
-  explicit CotepeManager(sqlite3* db);
+  explicit CotepeManager(sqlite3* banco);
   ~CotepeManager() = default;
   CotepeManager(const CotepeManager&) = delete;
   CotepeManager& operator=(const CotepeManager&) = delete;
@@ -64,12 +64,12 @@ class CotepeManager {
   void escreve(const cotepe::Registro& registro);
 
   // Text helpers; `dst` holds 9 bytes for a date, 7 for an hour. The others work in place and return `s`.
-  void formataData(char* src, char* dst);
-  void formataHora(char* src, char* dst);
-  int RoundInteger(double x);
-  char* CharRemove(char* s, char c);
-  char* CharReplace(char* s, char from, char to);
-  char* CharRemoveNonAscii(char* s);
+  static void formataData(char* src, char* dst);
+  static void formataHora(char* src, char* dst);
+  static int RoundInteger(double x);
+  static char* CharRemove(char* s, char c);
+  static char* CharReplace(char* s, char from, char to);
+  static char* CharRemoveNonAscii(char* s);
 
   // One writer a register: each appends its lines to ReportFile, whatever the command. E03 and E04 belong to
   // no command.
@@ -96,16 +96,16 @@ class CotepeManager {
   void TipoE21();
   void TipoE22();
 
-  sqlite3* db;               // borrowed
-  char dataHoraInicial[20];  // YYYY-MM-DD 00:00:00
-  char dataHoraFinal[20];    // YYYY-MM-DD 23:59:59
-  char nrFabricacao[21];
-  char modelo[21];
-  char usuario[3];  // order number of the user, as text
-  char comando[4];
-  int m_iVersaoAtoCotepe;
-  bool m_bCAT52;
-  int m_iCountSize;  // width of a document counter
-  int m_iDivCount;   // its modulus
-  FILE* ReportFile;  // open during a run only
+  sqlite3* db;                    // borrowed
+  char dataHoraInicial[20] = {};  // YYYY-MM-DD 00:00:00
+  char dataHoraFinal[20] = {};    // YYYY-MM-DD 23:59:59
+  char nrFabricacao[21] = {};
+  char modelo[21] = {};
+  char usuario[3] = {};  // order number of the user, as text
+  char comando[4] = {};
+  int m_iVersaoAtoCotepe = 1;
+  bool m_bCAT52 = false;
+  int m_iCountSize = 6;        // width of a document counter; this and the next are set by each run
+  int m_iDivCount = 1000000;   // its modulus
+  FILE* ReportFile = nullptr;  // open during a run only
 };

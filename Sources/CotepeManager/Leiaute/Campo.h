@@ -102,29 +102,23 @@ struct Campo {
       : rotulo(nome), especie(tipo), largura(bytes), origem(fonte) {}
 
   // Each returns the field with one thing changed, so that a list reads as a sentence a line.
-  constexpr Campo vazio(const char* texto) const { return com(&Campo::textoVazio, texto); }
-  constexpr Campo naPosicao(std::int16_t de1) const { return com(&Campo::posicao, de1); }
-  constexpr Campo casas(std::int8_t daColuna) const { return com(&Campo::colunaDasCasas, daColuna); }
-  constexpr Campo semPontos() const { return com(&Campo::removePontos, true); }
-  constexpr Campo semHifens() const { return com(&Campo::removeHifens, true); }
-  constexpr Campo semNaoAscii() const { return com(&Campo::trocaNaoAscii, true); }
-  constexpr Campo naVersao2() const { return com(&Campo::soNaVersao2, true); }
-  constexpr Campo foraDoCat52() const { return com(&Campo::soForaDoCat52, true); }
-  constexpr Campo nuncaCortado() const { return com(&Campo::desloca, true); }
-  constexpr Campo semAvancar() const { return com(&Campo::naoAvanca, true); }
-  constexpr Campo semAvancarVazio() const { return com(&Campo::naoAvancaVazio, true); }
+  // clang-format off
+  constexpr Campo vazio(const char* texto)     const { Campo c = *this; c.textoVazio = texto; return c; }
+  constexpr Campo naPosicao(std::int16_t de1)  const { Campo c = *this; c.posicao = de1; return c; }
+  constexpr Campo casas(std::int8_t daColuna)  const { Campo c = *this; c.colunaDasCasas = daColuna; return c; }
+  constexpr Campo semPontos()                  const { Campo c = *this; c.removePontos = true; return c; }
+  constexpr Campo semHifens()                  const { Campo c = *this; c.removeHifens = true; return c; }
+  constexpr Campo semNaoAscii()                const { Campo c = *this; c.trocaNaoAscii = true; return c; }
+  constexpr Campo naVersao2()                  const { Campo c = *this; c.soNaVersao2 = true; return c; }
+  constexpr Campo foraDoCat52()                const { Campo c = *this; c.soForaDoCat52 = true; return c; }
+  constexpr Campo nuncaCortado()               const { Campo c = *this; c.desloca = true; return c; }
+  constexpr Campo semAvancar()                 const { Campo c = *this; c.naoAvanca = true; return c; }
+  constexpr Campo semAvancarVazio()            const { Campo c = *this; c.naoAvancaVazio = true; return c; }
+  // clang-format on
 
   /// Whether the field is there under a layout version and a CAT52 mode.
   constexpr bool existe(int versao, bool cat52) const {
     return !(soNaVersao2 && versao != 2) && !(soForaDoCat52 && cat52);
-  }
-
- private:
-  template <class T>
-  constexpr Campo com(T Campo::*membro, T valor) const {
-    Campo c = *this;
-    c.*membro = valor;
-    return c;
   }
 };
 

@@ -1,6 +1,6 @@
 #include "Leiaute/Texto.h"
 
-#include <locale.h>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -33,7 +33,7 @@ bool leDecimalCurto(const char* texto, double& valor) noexcept {
   return true;
 }
 
-char caractere(const char* texto, std::size_t tamanho, std::size_t posicao) noexcept {
+char naPosicao(const char* texto, std::size_t tamanho, std::size_t posicao) noexcept {
   return posicao < tamanho ? texto[posicao] : '\0';
 }
 
@@ -76,7 +76,7 @@ void formataData(const char* texto, char* destino) noexcept {
   const std::size_t tamanho = strnlen(texto, 19);
   std::size_t i = 0;
   for (const std::size_t posicao : {0U, 1U, 2U, 3U, 5U, 6U, 8U, 9U})
-    destino[i++] = caractere(texto, tamanho, posicao);
+    destino[i++] = naPosicao(texto, tamanho, posicao);
   destino[i] = '\0';
 }
 
@@ -84,14 +84,14 @@ void formataHora(const char* texto, char* destino) noexcept {
   const std::size_t tamanho = strnlen(texto, 19);
   std::size_t i = 0;
   for (const std::size_t posicao : {11U, 12U, 14U, 15U, 17U, 18U})
-    destino[i++] = caractere(texto, tamanho, posicao);
+    destino[i++] = naPosicao(texto, tamanho, posicao);
   destino[i] = '\0';
 }
 
-std::size_t removeCaractere(char* texto, char removido) noexcept {
+std::size_t removeCaractere(char* texto, char caractere) noexcept {
   char* fim = texto;
   for (const char* origem = texto; *origem != '\0'; ++origem)
-    if (*origem != removido) *fim++ = *origem;
+    if (*origem != caractere) *fim++ = *origem;
   *fim = '\0';
   return static_cast<std::size_t>(fim - texto);
 }

@@ -39,7 +39,7 @@ std::size_t escreveTexto(Linha& linha, const Campo& campo, const char* texto, st
   const std::size_t tamanho = std::strlen(texto);
   linha.espaco(std::max(tamanho, largura));
   const std::size_t limpo = copiaLimpa(linha, campo, texto, tamanho);
-  if (campo.especie == Especie::ComoEsta || limpo >= largura) return limpo;
+  if (campo.especie != Especie::Texto || limpo >= largura) return limpo;
   std::memset(linha.espaco(largura) + limpo, ' ', largura - limpo);
   return largura;
 }

@@ -24,6 +24,7 @@ struct Achado {
   // Which field it is about, or would hit.
   std::string registro;  // "E14"
   std::string campo;     // its label
+  int numero = 0;        // its place in the register, from 1
 
   std::string encontrado, esperado, conserto;  // found, expected, what to do
 };

@@ -1,0 +1,39 @@
+#include "Trecho.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace cotepe {
+namespace {
+
+constexpr std::string_view kReticencias = "...";
+
+}  // namespace
+
+std::string mostravel(std::string_view bytes) {
+  std::string texto(bytes);
+  std::replace_if(
+      texto.begin(), texto.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+  return texto;
+}
+
+Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura) {
+  const std::size_t primeiro = de > 0 ? static_cast<std::size_t>(de) - 1 : 0;
+  std::size_t inicio = 0;
+  if (linha.size() > largura && primeiro > largura / 2)
+    inicio = std::min(primeiro - largura / 2, linha.size() - std::min(linha.size(), largura / 2));
+  const std::string_view visto = linha.substr(inicio, largura);
+
+  Trecho trecho;
+  const std::string_view antes = inicio > 0 ? kReticencias : "";
+  trecho.linha = std::string(antes) + mostravel(visto);
+  if (inicio + visto.size() < linha.size()) trecho.linha += kReticencias;
+  if (de <= 0) return trecho;
+  const std::size_t recuo = antes.size() + (primeiro - inicio);
+  const auto pedidos = static_cast<std::size_t>(std::max(1, ate - de + 1));
+  const std::size_t cabem = inicio + visto.size() > primeiro ? inicio + visto.size() - primeiro : 1;
+  trecho.marca = std::string(recuo, ' ') + '^' + std::string(std::min(pedidos, cabem) - 1, '~');
+  return trecho;
+}
+
+}  // namespace cotepe

@@ -1,0 +1,21 @@
+// The part of a long line that a person should see.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cotepe {
+
+struct Trecho {
+  std::string linha;  // one column a byte; what cannot be shown in one column is a '?'
+  std::string marca;  // a caret and tildes under the bytes meant; empty when there are none
+};
+
+/// At most `largura` columns of the line around the bytes `de` to `ate` (from 1; 0 for none meant); "..."
+/// stands where something is left out.
+Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura = 100);
+
+/// The bytes as they can be shown: printable ASCII as it stands, any other byte a '?'.
+std::string mostravel(std::string_view bytes);
+
+}  // namespace cotepe

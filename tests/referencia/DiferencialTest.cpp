@@ -4,12 +4,15 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "CotepeManager.h"
@@ -18,6 +21,17 @@
 #include "referencia/Hospedeiro.h"
 #include "referencia/Referencia.h"
 #include "referencia/Sorteio.h"
+
+// The door to the two writers that no command calls.
+class CotepeManagerTest {
+ public:
+  static void escreveE03E04(CotepeManager& gerador, FILE* relatorio) {
+    gerador.ReportFile = relatorio;
+    gerador.TipoE03();
+    gerador.TipoE04();
+    gerador.ReportFile = nullptr;
+  }
+};
 
 namespace referencia {
 namespace {
@@ -63,6 +77,38 @@ int anota(unsigned tipo, void* consultas, void* /*stmt*/, void* sql) {
   return 0;
 }
 
+// When queries are broken off: after every `passos` steps of SQLite's machine, by the lot of `sorteio`.
+struct Interrupcao {
+  int passos = 0;  // 0: never
+  int umaEm = 1;
+  std::uint64_t semente = 0;
+};
+
+int interrompe(void* sorteio) {
+  auto* lote = static_cast<std::pair<Sorteio, int>*>(sorteio);
+  return lote->first.umaEm(lote->second) ? 1 : 0;
+}
+
+// Watches a database during one run: notes its queries and breaks some of them off.
+class Vigia {
+ public:
+  Vigia(sqlite3* banco, const Interrupcao& interrupcao, std::vector<std::string>& consultas)
+      : banco_(banco), lote_(Sorteio(interrupcao.semente), interrupcao.umaEm) {
+    sqlite3_trace_v2(banco_, SQLITE_TRACE_STMT, anota, &consultas);
+    sqlite3_progress_handler(banco_, interrupcao.passos, interrompe, &lote_);
+  }
+  ~Vigia() {
+    sqlite3_progress_handler(banco_, 0, nullptr, nullptr);
+    sqlite3_trace_v2(banco_, 0, nullptr, nullptr);
+  }
+  Vigia(const Vigia&) = delete;
+  Vigia& operator=(const Vigia&) = delete;
+
+ private:
+  sqlite3* banco_;
+  std::pair<Sorteio, int> lote_;
+};
+
 std::string conteudo(const std::string& nome) {
   std::ifstream arquivo(nome, std::ios::binary);
   if (!arquivo) throw std::runtime_error("no report: " + nome);
@@ -71,29 +117,30 @@ std::string conteudo(const std::string& nome) {
   return bytes.str();
 }
 
-Vista doGerador(sqlite3* banco, const Entrada& entrada, const std::string& relatorio) {
+// The object is given from outside: a run must not be touched by what an earlier one left in it.
+Vista doGerador(sqlite3* banco, CotepeManager& gerador, const Entrada& entrada,
+                const Interrupcao& interrupcao, const std::string& relatorio) {
   identifica(entrada.serialGlobal, entrada.modeloGlobal, entrada.tipoGlobal, entrada.versaoSbGlobal);
   acertaRelogio(entrada.dataHoraDoSistema);
   recolheLog();
-
-  Vista vista;
-  sqlite3_trace_v2(banco, SQLITE_TRACE_STMT, anota, &vista.consultas);
-  CotepeManager gerador(banco);
   gerador.setVersaoAtoCotepe(entrada.versao);
   gerador.setCAT52(entrada.cat52);
-  vista.saida.codigo = gerador.GeraRegistrosTipoE(relatorio.c_str(), entrada.inicial.c_str(),
-                                                  entrada.final.c_str(), entrada.comando.c_str());
-  sqlite3_trace_v2(banco, 0, nullptr, nullptr);
+
+  Vista vista;
+  {
+    const Vigia vigia(banco, interrupcao, vista.consultas);
+    vista.saida.codigo = gerador.GeraRegistrosTipoE(relatorio.c_str(), entrada.inicial.c_str(),
+                                                    entrada.final.c_str(), entrada.comando.c_str());
+  }
   vista.saida.arquivo = conteudo(relatorio);
   vista.saida.log = recolheLog();
   return vista;
 }
 
-Vista daReferencia(sqlite3* banco, const Entrada& entrada) {
+Vista daReferencia(sqlite3* banco, const Entrada& entrada, const Interrupcao& interrupcao) {
   Vista vista;
-  sqlite3_trace_v2(banco, SQLITE_TRACE_STMT, anota, &vista.consultas);
+  const Vigia vigia(banco, interrupcao, vista.consultas);
   vista.saida = gera(banco, entrada);
-  sqlite3_trace_v2(banco, 0, nullptr, nullptr);
   return vista;
 }
 
@@ -168,29 +215,43 @@ Entrada sorteiaEntrada(Sorteio& sorteio, Nivel nivel) {
   return entrada;
 }
 
-std::string descreve(std::uint64_t semente, Nivel nivel, const Entrada& entrada) {
+Interrupcao sorteiaInterrupcao(Sorteio& sorteio, Nivel nivel) {
+  Interrupcao interrupcao;
+  if (nivel == Nivel::Limpo || !sorteio.umaEm(4)) return interrupcao;
+  interrupcao.passos = sorteio.escolhe<int>({10, 40, 150});
+  interrupcao.umaEm = sorteio.escolhe<int>({10, 50});
+  interrupcao.semente = sorteio.proximo();
+  return interrupcao;
+}
+
+std::string descreve(std::uint64_t semente, Nivel nivel, const Entrada& entrada,
+                     const Interrupcao& interrupcao) {
   std::ostringstream texto;
   texto << "seed " << semente << (nivel == Nivel::Limpo ? " clean" : " dirty") << ", command "
         << entrada.comando << ", version " << entrada.versao << ", CAT52 " << (entrada.cat52 ? "on" : "off");
+  if (interrupcao.passos != 0) texto << ", with queries broken off";
   return texto.str();
 }
 
-// Every command and setting over one database; the first disagreement ends it.
+// Every command and setting over one database and one object; the first disagreement ends it.
 testing::AssertionResult concordam(std::uint64_t semente, Nivel nivel, const Pasta& pasta) {
   BancoDeTeste banco;
   criaBancoAleatorio(banco.get(), semente, nivel);
+  CotepeManager objeto(banco.get());
   Sorteio sorteio(~semente);
-  Entrada entrada = sorteiaEntrada(sorteio, nivel);
   for (const char* comando : {"MF", "MFD", "TDM", "RZ", "XX", "TDMX"})
     for (const int versao : {1, 2, 3})
       for (const bool cat52 : {false, true}) {
+        Entrada entrada = sorteiaEntrada(sorteio, nivel);
         entrada.comando = comando;
         entrada.versao = versao;
         entrada.cat52 = cat52;
-        const Vista referencia = daReferencia(banco.get(), entrada);
-        const Vista gerador = doGerador(banco.get(), entrada, pasta.arquivo("relatorio.txt"));
+        const Interrupcao interrupcao = sorteiaInterrupcao(sorteio, nivel);
+        const Vista referencia = daReferencia(banco.get(), entrada, interrupcao);
+        const Vista gerador =
+            doGerador(banco.get(), objeto, entrada, interrupcao, pasta.arquivo("relatorio.txt"));
         testing::AssertionResult resultado = iguais(referencia, gerador);
-        if (!resultado) return resultado << descreve(semente, nivel, entrada);
+        if (!resultado) return resultado << descreve(semente, nivel, entrada, interrupcao);
       }
   return testing::AssertionSuccess();
 }
@@ -200,6 +261,7 @@ TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
   const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", 60);
   const std::uint64_t primeira = doAmbiente("COTEPE_SEMENTE", 1);
   const int maximoDeFalhas = 5;
+  std::setlocale(LC_ALL, "");  // whatever the environment says must not matter
   const Pasta pasta;
   int falhas = 0;
   for (std::uint64_t semente = primeira; semente < primeira + quantos; semente++) {
@@ -207,6 +269,36 @@ TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
         concordam(semente, semente % 4 == 0 ? Nivel::Limpo : Nivel::Sujo, pasta);
     EXPECT_TRUE(resultado);
     if (!resultado && ++falhas == maximoDeFalhas) break;
+  }
+}
+
+std::string e03E04DoGerador(sqlite3* banco, const Entrada& entrada, const Pasta& pasta) {
+  CotepeManager objeto(banco);
+  const std::string relatorio = pasta.arquivo("relatorio.txt");
+  EXPECT_EQ(doGerador(banco, objeto, entrada, {}, relatorio).saida.codigo, 0);
+  FILE* arquivo = std::fopen(relatorio.c_str(), "wb");
+  if (arquivo == nullptr) throw std::runtime_error("fopen");
+  CotepeManagerTest::escreveE03E04(objeto, arquivo);
+  if (std::fclose(arquivo) != 0) throw std::runtime_error("fclose");
+  return conteudo(relatorio);
+}
+
+TEST(Diferencial, PlaceholdersOfNoCommandAgree) {
+  const Pasta pasta;
+  for (std::uint64_t semente = 1; semente <= 20; semente++) {
+    BancoDeTeste banco;
+    criaBancoAleatorio(banco.get(), semente, Nivel::Limpo);
+    Sorteio sorteio(semente);
+    Entrada entrada = sorteiaEntrada(sorteio, Nivel::Sujo);
+    for (const int versao : {1, 2, 3})
+      for (const bool cat52 : {false, true}) {
+        entrada.versao = versao;
+        entrada.cat52 = cat52;
+        const std::string esperado = geraRegistro(banco.get(), entrada, "E03").arquivo +
+                                     geraRegistro(banco.get(), entrada, "E04").arquivo;
+        EXPECT_EQ(e03E04DoGerador(banco.get(), entrada, pasta), esperado)
+            << descreve(semente, Nivel::Limpo, entrada, {});
+      }
   }
 }
 

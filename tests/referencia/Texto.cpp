@@ -1,6 +1,7 @@
 // Plain text helpers of the second reading.
 #include "referencia/Texto.h"
 
+#include <array>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -19,14 +20,13 @@ locale_t localeC() {
   return kLocaleC;
 }
 
+// What printf writes; nothing here is wider than a double with all its digits.
 template <typename... Valores>
 std::string imprime(const char* formato, Valores... valores) {
-  const int tamanho = std::snprintf(nullptr, 0, formato, valores...);
-  if (tamanho < 0) throw std::runtime_error("snprintf failed");
-  std::vector<char> texto(static_cast<std::size_t>(tamanho) + 1);
-  if (std::snprintf(texto.data(), texto.size(), formato, valores...) != tamanho)
-    throw std::runtime_error("snprintf failed");
-  return {texto.data(), static_cast<std::size_t>(tamanho)};
+  std::array<char, 1000> texto{};
+  const int tamanho = std::snprintf(texto.data(), texto.size(), formato, valores...);
+  if (tamanho < 0 || static_cast<std::size_t>(tamanho) >= texto.size()) throw std::runtime_error("snprintf");
+  return texto.data();
 }
 
 // The characters of `texto` at the positions given, up to the first one that lies beyond its end.

@@ -77,9 +77,9 @@ std::string textoLimpo(Sorteio& sorteio, Tipo tipo) {
     case Tipo::Contador:
       return numero(sorteio, sorteio.umaEm(4) ? std::numeric_limits<int>::max() - 1 : 20000);
     case Tipo::Crz:
-      return std::to_string(sorteio.entre(1, 4));
+      return sorteio.escolhe<std::string>({"1", "2", "3", "4", "1000002"});
     case Tipo::Coo:
-      return std::to_string(sorteio.entre(1, 8));
+      return sorteio.escolhe<std::string>({"1", "2", "3", "4", "5", "6", "1000007", "10000000008"});
     case Tipo::Indice:
       return std::to_string(sorteio.entre(1, 4));
     case Tipo::Sequencia:

@@ -59,23 +59,18 @@ TEST(E14, WritesEveryFieldToItsLastDigitInLayout1) {
 }
 
 TEST(E14, WritesEveryFieldToItsLastDigitInLayout2) {
+  const std::string suplementar = "<" + std::string(558, 's') + ">";
+  const std::string complementar = "(" + std::string(82, 'c') + ")";
+  const std::string assinatura = "[" + std::string(42, 'a') + "]";
   Bancada bancada;
   bancada.versao(2);
-  const std::string textos = ", texto_suplementar='<" + std::string(558, 's') + ">', texto_complementar='(" +
-                             std::string(82, 'c') + ")', assinatura_documento='[" + std::string(42, 'a') +
-                             "]'";
-  const std::string linha = linhaCom(bancada, kTudoPreenchido + textos);
+  const std::string linha = linhaCom(bancada, std::string(kTudoPreenchido) + ", texto_suplementar='" +
+                                                  suplementar + "', texto_complementar='" + complementar +
+                                                  "', assinatura_documento='" + assinatura + "'");
   EXPECT_EQ(linha, cabecalhoDoUsuario("E14") +
                        "987654321"
                        "123456789" +
-                       kDepoisDosContadores +  //
-                       "<" + std::string(558, 's') +
-                       ">"  //
-                       "(" +
-                       std::string(82, 'c') +
-                       ")"  //
-                       "[" +
-                       std::string(42, 'a') + "]");
+                       kDepoisDosContadores + suplementar + complementar + assinatura);
   EXPECT_EQ(linha.size(), 885U);
 }
 
@@ -129,18 +124,8 @@ TEST(E14, WithoutCouponWritesOnePlaceholderOutsideCat52) {
     int versao;
     const char* contadores;
     std::size_t textos;
-  } kCasos[] = {{1,
-                 "000000"
-                 "000000",
-                 0},
-                {2,
-                 "000000000"
-                 "000000000",
-                 560 + 84 + 44},
-                {3,
-                 "000000000"
-                 "000000000",
-                 0}};
+  } kCasos[] = {
+      {1, "000000000000", 0}, {2, "000000000000000000", 560 + 84 + 44}, {3, "000000000000000000", 0}};
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(testing::Message() << "layout " << caso.versao);
     Bancada bancada;
@@ -265,11 +250,7 @@ TEST(E14, AnEmptyCancellationFlagEndsTheLine) {
       Bancada bancada;
       bancada.versao(versao);
       EXPECT_EQ(linhaCom(bancada, std::string("valor_total='1.23', id_cancelado=") + vazio),
-                cabecalhoDoUsuario("E14") +
-                    (versao == 1 ? "000000"
-                                   "000000"
-                                 : "000000000"
-                                   "000000000") +
+                cabecalhoDoUsuario("E14") + (versao == 1 ? "000000000000" : "000000000000000000") +
                     "20240115"
                     "00000000000000"
                     "0000000000000"

@@ -1,0 +1,97 @@
+#include "Modelo.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <limits>
+#include <ostream>
+#include <regex>
+
+namespace {
+
+// Properties run over more cases than RapidCheck's hundred, unless the caller says how many.
+[[maybe_unused]] const int kCasos = setenv("RC_PARAMS", "max_success=1000", 0);
+
+const cpp_int kMaximo = (cpp_int(1) << 95) - 1;
+const cpp_int kMinimo = -kMaximo - 1;
+
+// Leading zeros would make an octal number.
+cpp_int deDigitos(std::string digitos) {
+  digitos.erase(0, std::min(digitos.find_first_not_of('0'), digitos.size()));
+  return digitos.empty() ? cpp_int(0) : cpp_int(digitos);
+}
+
+BigInt deslocado(unsigned bits, int perto) { return bigInt(satura((cpp_int(1) << bits) + perto)); }
+
+}  // namespace
+
+cpp_int inteiro(const BigInt& valor) {
+  cpp_int resultado = valor.number[2];
+  resultado = (resultado << 32) + valor.number[1];
+  resultado = (resultado << 32) + valor.number[0];
+  return resultado > kMaximo ? cpp_int(resultado - (cpp_int(1) << 96)) : resultado;
+}
+
+BigInt bigInt(const cpp_int& valor) {
+  const cpp_int bits = valor < 0 ? cpp_int(valor + (cpp_int(1) << 96)) : valor;
+  const auto palavra = [&](unsigned i) {
+    return static_cast<UINT32>(cpp_int((bits >> (32 * i)) & cpp_int(0xFFFFFFFFU)));
+  };
+  return BigInt().Load(palavra(0), palavra(1), palavra(2));
+}
+
+cpp_int satura(const cpp_int& valor) { return std::clamp(valor, kMinimo, kMaximo); }
+
+INT64 satura64(const cpp_int& valor) {
+  using Limites = std::numeric_limits<INT64>;
+  return static_cast<INT64>(std::clamp(valor, cpp_int(Limites::min()), cpp_int(Limites::max())));
+}
+
+cpp_int arredonda(const cpp_int& numerador, const cpp_int& denominador) {
+  const cpp_int n = abs(numerador);
+  const cpp_int d = abs(denominador);
+  const cpp_int q = (2 * n + d) / (2 * d);
+  return (numerador < 0) != (denominador < 0) ? cpp_int(-q) : q;
+}
+
+cpp_int potenciaDeDez(unsigned expoente) { return pow(cpp_int(10), expoente); }
+
+cpp_int leTexto(const std::string& texto) {
+  static const std::regex kNumero(" *([+-]?)(?:([0-9]+)(?:,([0-9]*))?|,([0-9]+))(?:[eE]([+-]?)([0-9]+))? *");
+  std::smatch partes;
+  if (!std::regex_match(texto, partes, kNumero)) return 0;
+  const std::string decimais = partes[3].str() + partes[4].str();
+  cpp_int valor = deDigitos(partes[2].str() + decimais);
+  if (partes[1] == "-") valor = -valor;
+  // No text of a test has the thousand digits that a larger exponent could still move into range.
+  const int expoente = static_cast<int>(std::min(deDigitos(partes[6]), cpp_int(1000)));
+  const int casas = (partes[5] == "-" ? -expoente : expoente) + 2 - static_cast<int>(decimais.size());
+  return satura(casas >= 0 ? cpp_int(valor * potenciaDeDez(static_cast<unsigned>(casas)))
+                           : arredonda(valor, potenciaDeDez(static_cast<unsigned>(-casas))));
+}
+
+std::string troca(std::string texto, char de, char para) {
+  std::replace(texto.begin(), texto.end(), de, para);
+  return texto;
+}
+
+void showValue(const BigInt& valor, std::ostream& saida) { saida << inteiro(valor); }
+void showValue(const Financial& valor, std::ostream& saida) { saida << inteiro(valor.nr) << " cents"; }
+void PrintTo(const BigInt& valor, std::ostream* saida) { showValue(valor, *saida); }
+void PrintTo(const Financial& valor, std::ostream* saida) { showValue(valor, *saida); }
+
+rc::Gen<BigInt> rc::Arbitrary<BigInt>::arbitrary() {
+  const auto qualquer = gen::map(gen::arbitrary<std::array<UINT32, 3>>(),
+                                 [](const auto& p) { return BigInt().Load(p[0], p[1], p[2]); });
+  const auto pequeno = gen::map(gen::arbitrary<INT32>(), [](INT32 v) { return BigInt(v); });
+  const auto medio = gen::map(gen::arbitrary<INT64>(), [](INT64 v) { return BigInt(v); });
+  const auto potencia =
+      gen::apply(deslocado, gen::inRange(0U, 96U), gen::inRange(-3, 4));  // the last one is the upper end
+  const auto oposto = gen::map(potencia, [](const BigInt& v) { return bigInt(-inteiro(v)); });
+  const auto embaixo = gen::map(gen::inRange(0, 5), [](int v) { return bigInt(kMinimo + v); });
+  return gen::oneOf(qualquer, pequeno, medio, potencia, oposto, embaixo);
+}
+
+rc::Gen<Financial> rc::Arbitrary<Financial>::arbitrary() {
+  return gen::map(gen::arbitrary<BigInt>(), [](const BigInt& v) { return Financial::DeCentavos(v); });
+}

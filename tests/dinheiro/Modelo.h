@@ -1,0 +1,46 @@
+// The model the money types are measured against: integers without bounds, and its own reader of text.
+#pragma once
+
+#include <rapidcheck.h>
+
+#include <boost/multiprecision/cpp_int.hpp>
+#include <iosfwd>
+#include <string>
+
+#include "Financial.h"
+
+using boost::multiprecision::cpp_int;
+
+cpp_int inteiro(const BigInt& valor);
+BigInt bigInt(const cpp_int& valor);  // of a value in range
+
+// The value, or the end of the range it lies beyond: of 96 bits, or of 64.
+cpp_int satura(const cpp_int& valor);
+INT64 satura64(const cpp_int& valor);
+
+// numerador / denominador rounded half away from zero.
+cpp_int arredonda(const cpp_int& numerador, const cpp_int& denominador);
+
+cpp_int potenciaDeDez(unsigned expoente);
+
+// The cents of a text in which the comma separates decimals; 0 for a text that is no number.
+cpp_int leTexto(const std::string& texto);
+
+std::string troca(std::string texto, char de, char para);
+
+// How failures show the two types.
+void PrintTo(const BigInt& valor, std::ostream* saida);
+void PrintTo(const Financial& valor, std::ostream* saida);
+void showValue(const BigInt& valor, std::ostream& saida);
+void showValue(const Financial& valor, std::ostream& saida);
+
+// Any value, as often small, near an end of the range, or around a power of two.
+template <>
+struct rc::Arbitrary<BigInt> {
+  static Gen<BigInt> arbitrary();
+};
+
+template <>
+struct rc::Arbitrary<Financial> {
+  static Gen<Financial> arbitrary();
+};

@@ -1,7 +1,7 @@
 // The generator against the second reading of the layout, over random databases.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <stdlib.h>
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): mkdtemp
 
 #include <algorithm>
 #include <clocale>
@@ -261,7 +261,9 @@ TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
   const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", 60);
   const std::uint64_t primeira = doAmbiente("COTEPE_SEMENTE", 1);
   const int maximoDeFalhas = 5;
-  std::setlocale(LC_ALL, "");  // whatever the environment says must not matter
+  // Whatever locale the environment asks for must not matter.
+  const char* idioma = std::setlocale(LC_ALL, "");
+  RecordProperty("locale", idioma == nullptr ? "C" : idioma);
   const Pasta pasta;
   int falhas = 0;
   for (std::uint64_t semente = primeira; semente < primeira + quantos; semente++) {

@@ -26,7 +26,7 @@ class Registro {
   void campoNuncaCortado(const std::string& texto, int largura);
 
   // What stands before the first terminator.
-  std::string linha() const { return bytes_.c_str(); }
+  std::string linha() const { return bytes_.substr(0, bytes_.find('\0')); }
 
  private:
   std::string bytes_;

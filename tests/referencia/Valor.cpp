@@ -131,7 +131,7 @@ const std::vector<std::string>& tropecos() {
       "1234567890123.45", "12345678901234.5", "123456789012345678", "1234567890123456.7",
       "1234567890123456789", "123456789012345.67", "1234567890123456.78", "%s%n", "%d%d%d", "100%", "'",
       "''", "\"", "a'b", "--", ";", "\r\n", "a\nb", "a\rb", "a\tb", "\x7f", "\x80", "\xff", "\xe7\xe3o",
-      "\x01\x1f", "a\xc3\xa7" "\xc3\xa3o", "T", "TX", "t", "F", "S", "N", "SS", "NAO", "cc", "rz", "CN ",
+      "\x01\x1f", "\xc3\xa7\xc3\xa3o", "T", "TX", "t", "F", "S", "N", "SS", "NAO", "cc", "rz", "CN ",
       "CNX", "RZRZ", "CC", "RZ", "RG", "CN", "NC", "OPNF", "..", ".-.", "-.-", "01.T1800", "2024",
       "2024-01", "2024-01-1", "2024-01-15", "2024-01-15 ", "2024-01-15 1", "2024-01-15 12:34",
       "2024-01-15 12:34:5", "2024-01-15T12:34:56", "2024-01-15 12:34:56.789", "20240115123456",
@@ -163,7 +163,7 @@ std::string longo(Sorteio& sorteio) {
 }
 
 double realQualquer(Sorteio& sorteio) {
-  const double mantissa = static_cast<double>(static_cast<std::int64_t>(sorteio.proximo()));
+  const auto mantissa = static_cast<double>(static_cast<std::int64_t>(sorteio.proximo()));
   switch (sorteio.entre(1, 6)) {
     case 1:
       return sorteio.escolhe<double>(

@@ -1,0 +1,49 @@
+// The way back of every kind of field: what its bytes say, and whether its writing can have left them.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "Leiaute/Campo.h"
+
+namespace cotepe {
+
+/// What keeps bytes from being a field of their kind.
+enum class Defeito : std::uint8_t {
+  Nenhum,
+  Digitos,      // a number that is not digits alone
+  Controle,     // a text with a control character (0 to 31, 127)
+  NaoAscii,     // a text with a byte from 128 on
+  Alinhamento,  // a text that begins with a blank and is not blank
+  Data,         // not a day that exists, as AAAAMMDD
+  Hora,         // not an hour that exists, as HHMMSS
+};
+
+/// What is wrong with the bytes of a field in a data record, before all for a file of a hundred million
+/// fields. Blanks are no defect of a date or an hour: an absent one is blank.
+Defeito defeito(Especie especie, std::string_view bytes) noexcept;
+
+/// Kinds that are digits, and that a placeholder record fills with zeros.
+constexpr bool numerica(Especie especie) {
+  return especie == Especie::Numero || especie == Especie::Contador || especie == Especie::Identificador ||
+         especie == Especie::Dinheiro || especie == Especie::DinheiroDuplo || especie == Especie::Decimal;
+}
+
+constexpr bool deData(Especie especie) { return especie == Especie::Data || especie == Especie::DataPronta; }
+constexpr bool deHora(Especie especie) { return especie == Especie::Hora || especie == Especie::HoraPronta; }
+
+bool soDigitos(std::string_view bytes) noexcept;
+bool soBrancos(std::string_view bytes) noexcept;
+
+/// Reads a number of digits alone: of a money field the cents, of a decimal the scaled integer. False, and
+/// nothing read, for other bytes, for none, and beyond 64 bits.
+bool leNumero(std::string_view bytes, std::int64_t& valor) noexcept;
+
+/// AAAAMMDD, with leap years of the Gregorian calendar, from the year 1 on; and HHMMSS up to 235959.
+bool dataPossivel(std::string_view bytes) noexcept;
+bool horaPossivel(std::string_view bytes) noexcept;
+
+/// The text without the blanks that fill it up.
+std::string_view semBrancosNoFim(std::string_view bytes) noexcept;
+
+}  // namespace cotepe

@@ -1,0 +1,64 @@
+// The lines of a report, one at a time, out of a file of any size.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace cotepe {
+
+/// One line of a file. `texto` is without its line end and is valid until the next line is read; it may hold
+/// any byte, NUL among them.
+struct LinhaLida {
+  std::string_view texto;
+  long numero = 0;            // from 1
+  std::uint64_t posicao = 0;  // of its first byte in the file, from 0
+  std::uint64_t tamanho = 0;  // in bytes, of the whole line: more than `texto` holds where it was cut
+  bool comCr = false;         // it ended with CR and LF
+  bool semFim = false;        // the file ended before a line-feed
+};
+
+/// Reads lines out of large blocks; nothing is allocated per line. Memory is one block, or the longest line
+/// where that is longer, up to `kMaximo`: of an even longer line the first `kGuardado` bytes are given.
+class LeitorDeLinhas {
+ public:
+  static constexpr std::size_t kBloco = std::size_t{1} << 18;
+  static constexpr std::size_t kMaximo = std::size_t{1} << 22;
+  static constexpr std::size_t kGuardado = kMaximo / 2;
+
+  /// Fills a buffer: returns the count of bytes, 0 at the end, below 0 (errno set) when it cannot.
+  using Leitura = std::function<long(char* destino, std::size_t tamanho)>;
+
+  /// Reads from a file descriptor, which stays open and the caller's.
+  explicit LeitorDeLinhas(int descritor);
+  /// Reads from memory, which must live longer.
+  explicit LeitorDeLinhas(std::string_view memoria);
+  explicit LeitorDeLinhas(Leitura leitura);
+
+  /// Goes to the next line; false at the end, and when reading failed.
+  bool proxima(LinhaLida& linha);
+
+  /// After `proxima` returned false: the errno of a read that failed, 0 at the end of the file.
+  int erro() const { return erro_; }
+
+ private:
+  bool entrega(LinhaLida& linha, std::size_t fim, bool comFim);
+  bool entregaUltima(LinhaLida& linha);
+  void abreEspaco();
+  bool enche();
+
+  Leitura leitura_;
+  std::vector<char> buffer_;
+  std::size_t inicio_ = 0;      // of the line that is being read, in the buffer
+  std::size_t procurado_ = 0;   // no line-feed stands before it
+  std::size_t fim_ = 0;         // of what was read
+  std::uint64_t cortados_ = 0;  // bytes of the line that are not kept
+  std::uint64_t posicao_ = 0;   // in the file, of the line that is being read
+  long numero_ = 0;
+  bool acabou_ = false;
+  int erro_ = 0;
+};
+
+}  // namespace cotepe

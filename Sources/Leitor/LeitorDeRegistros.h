@@ -1,0 +1,80 @@
+// A report as records: each line with its register and its fields, the file's layout worked out on the way.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "Forma.h"
+#include "LeitorDeLinhas.h"
+
+namespace cotepe {
+
+/// One line read against the catalogue; valid until the next line is read.
+struct RegistroLido {
+  LinhaLida linha;
+  const Registro* registro = nullptr;  // null where the line begins with no register's code
+  int indice = -1;                     // of the register in the catalogue
+  const CampoLido* campos = nullptr;   // in the order of the line
+  std::size_t quantos = 0;
+  bool medidaCerta =
+      false;  // the line is as long as its register is under the file's layout and mode; otherwise the
+              // fields are those of the record that was expected, as far as the line goes
+  int comprimento = 0;  // that was expected
+  bool vazio = false;   // a placeholder record
+
+  std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
+};
+
+/// Reads the records of a report, in the order of the file. What is particular to the generator's lines is
+/// known here: E01 without its software version, the bare E07, the short E09, the covered total of E11, the
+/// lines that grow with every user or coding, the numbers that move the later fields.
+///
+///   LeitorDeLinhas linhas(descritor);
+///   LeitorDeRegistros registros(linhas);
+///   for (RegistroLido registro; registros.proximo(registro);) ...
+class LeitorDeRegistros {
+ public:
+  explicit LeitorDeRegistros(LeitorDeLinhas& linhas);
+
+  /// Goes to the next line; false at the end of the file, or when it cannot be read (LeitorDeLinhas::erro).
+  bool proximo(RegistroLido& lido);
+
+  /// Reads one line as `proximo` does, for those who have lines of their own: the lines of one file, in
+  /// order.
+  void le(const LinhaLida& linha, RegistroLido& lido);
+
+  /// The settings that are still possible after the lines read so far, as bits of kAjustesPossiveis; at least
+  /// one.
+  unsigned ajustes() const { return ajustes_; }
+
+  /// The first of them: the file's own, once its lines have told them apart.
+  const AjusteDoLeiaute& ajuste() const;
+
+  /// Whether every setting that is still possible has CAT52, or none has it.
+  bool certamenteCat52() const { return (ajustes_ & kForaDoCat52) == 0; }
+  bool certamenteForaDoCat52() const { return (ajustes_ & ~kForaDoCat52) == 0; }
+
+ private:
+  static constexpr unsigned kForaDoCat52 = 1 | 4 | 16;
+
+  void leRegular(RegistroLido& lido);
+  bool cabe(RegistroLido& lido, const Forma& forma);
+  void usa(RegistroLido& lido, const Forma& forma, bool medidaCerta);
+  void desloca(RegistroLido& lido, const Forma& forma);
+  void leE01(RegistroLido& lido);
+  void leCrescente(RegistroLido& lido);
+  void acrescenta(const Registro& registro, std::size_t primeiro, std::size_t quantos);
+  void restringe(unsigned ajustes);
+
+  LeitorDeLinhas& linhas_;
+  unsigned ajustes_ = kTodosOsAjustes;
+  std::array<const Forma*, kCatalogo.size()> ultimas_{};  // the form that the last line of each register had
+  std::array<int, kCatalogo.size()> ordens_{};            // how many lines of E05 and E06 came
+  std::size_t usuarios_ = 1;                              // how many CNPJs E01 has
+  std::vector<CampoLido> rascunho_;                       // fields of a line that has no form of its own
+  int cursor_ = 0;                                        // where the next field of `rascunho_` stands
+};
+
+}  // namespace cotepe

@@ -235,7 +235,7 @@ int Valor::liga(sqlite3_stmt* stmt, int posicao) const {
 Valor valorLimpo(Sorteio& sorteio, Tipo tipo) { return Valor::texto(textoLimpo(sorteio, tipo)); }
 
 Valor valorHostil(Sorteio& sorteio, const Valor& bom) {
-  switch (sorteio.entre(1, 14)) {
+  switch (sorteio.entre(1, 15)) {
     case 1:
       return {};
     case 2:
@@ -257,7 +257,9 @@ Valor valorHostil(Sorteio& sorteio, const Valor& bom) {
     case 10:
       return Valor::texto(deAlfabeto(sorteio, "0123456789", 45) + "." + deAlfabeto(sorteio, "0459", 6));
     case 11:
+      return Valor::texto("-" + bom.bytes);
     case 12:
+    case 13:
       return Valor::texto(estragado(sorteio, bom.bytes));
     default:
       return Valor::texto(sorteio.escolhe(tropecos()));

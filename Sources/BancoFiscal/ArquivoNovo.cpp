@@ -1,0 +1,91 @@
+#include "ArquivoNovo.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "ErroDoBanco.h"
+
+namespace cotepe {
+namespace {
+
+constexpr int kTentativas = 100;
+
+[[noreturn]] void falhaDoSistema(const std::string& onde, int codigo) {
+  throw ErroDoBanco({"cannot create the database", onde, std::generic_category().message(codigo),
+                     "a folder that can be written and has room", "choose another place or free some space"});
+}
+
+[[noreturn]] void falhaPorExistir(const std::string& onde) {
+  throw ErroDoBanco({"cannot create the database", onde, "a file that exists already", "a name that is free",
+                     "choose another name, or move the file away"});
+}
+
+// A journal left behind by an earlier database of that name would be played back into the new one.
+void exigeLivre(const std::string& caminho) {
+  for (const char* sufixo : {"", "-journal", "-wal", "-shm"}) {
+    struct stat situacao {};
+    if (::lstat((caminho + sufixo).c_str(), &situacao) == 0) falhaPorExistir(caminho + sufixo);
+    if (errno != ENOENT) falhaDoSistema(caminho + sufixo, errno);
+  }
+}
+
+// Brings the contents of a file, or the names in a folder, to the disk.
+void sincroniza(const std::string& caminho, int modo) {
+  const int arquivo = ::open(caminho.c_str(), modo | O_CLOEXEC);
+  if (arquivo < 0) falhaDoSistema(caminho, errno);
+  const int falha = ::fsync(arquivo) == 0 ? 0 : errno;
+  if (::close(arquivo) != 0 || falha != 0) falhaDoSistema(caminho, falha != 0 ? falha : errno);
+}
+
+std::string pastaDe(const std::string& caminho) {
+  const auto barra = caminho.rfind('/');
+  return barra == std::string::npos ? "." : caminho.substr(0, barra + 1);
+}
+
+}  // namespace
+
+ArquivoNovo::ArquivoNovo(std::string caminho) : caminho_(std::move(caminho)) {
+  if (caminho_.empty()) falhaDoSistema("''", ENOENT);
+  if (caminho_.front() != '/') caminho_.insert(0, "./");
+  exigeLivre(caminho_);
+  for (int tentativa = 0; tentativa < kTentativas; ++tentativa) {
+    temporario_ = caminho_ + ".incompleto" + std::to_string(tentativa);
+    const int arquivo = ::open(temporario_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+    if (arquivo >= 0) {
+      ::close(arquivo);
+      return;
+    }
+    if (errno != EEXIST) falhaDoSistema(temporario_, errno);
+  }
+  falhaPorExistir(temporario_);
+}
+
+ArquivoNovo::~ArquivoNovo() {
+  if (!temporario_.empty()) ::unlink(temporario_.c_str());
+}
+
+void ArquivoNovo::publica() {
+  sincroniza(temporario_, O_RDONLY);
+  // A link, unlike a rename, refuses a name that came into being meanwhile. Some removable disks have no
+  // links.
+  if (::link(temporario_.c_str(), caminho_.c_str()) == 0) {
+    ::unlink(temporario_.c_str());
+  } else if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS) {
+    exigeLivre(caminho_);
+    if (std::rename(temporario_.c_str(), caminho_.c_str()) != 0) falhaDoSistema(caminho_, errno);
+  } else if (errno == EEXIST) {
+    falhaPorExistir(caminho_);
+  } else {
+    falhaDoSistema(caminho_, errno);
+  }
+  temporario_.clear();
+  sincroniza(pastaDe(caminho_), O_RDONLY | O_DIRECTORY);
+}
+
+}  // namespace cotepe

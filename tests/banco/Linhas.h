@@ -1,0 +1,163 @@
+// One good row of every table, to be varied column by column.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace cotepe::testes {
+
+// Columns and their values as SQL literals.
+using Linha = std::map<std::string, std::string>;
+
+inline const std::map<std::string, Linha>& linhasBoas() {
+  static const std::map<std::string, Linha> kLinhas = {
+      {"dados_ecf",
+       {{"num_serie", "'SERIE'"},
+        {"modelo", "'MODELO'"},
+        {"tipo", "'ECF-IF'"},
+        {"marca", "'M'"},
+        {"num_caixa", "'1'"}}},
+      {"dados_usuario",
+       {{"seq_usuario", "'1'"},
+        {"cnpj", "'00000000000191'"},
+        {"ie", "'110.042.490-114'"},
+        {"razao_social", "'R'"},
+        {"endereco", "'E'"},
+        {"data_hora_gravacao", "NULL"},
+        {"cont_cro", "'1'"},
+        {"valor_gt", "'0.00'"}}},
+      {"versao_sb", {{"versao", "'01.00'"}, {"data_hora_gravacao", "NULL"}, {"num_sequencia", "1"}}},
+      {"tentativas_sb",
+       {{"num_tentativa", "1"},
+        {"versao", "'01.00'"},
+        {"data_hora", "'2024-01-01 00:00:00'"},
+        {"resultado", "NULL"}}},
+      {"codificacao_gt", {{"data_hora_gravacao", "NULL"}, {"codificacao", "'ABCDEFGHIJ'"}}},
+      {"moeda", {{"data_hora_gravacao", "NULL"}, {"simbolo_moeda", "'R$'"}}},
+      {"intervencao",
+       {{"cont_cro", "1"},
+        {"data_hora_intervencao", "NULL"},
+        {"id_perda_dados_mt", "'N'"},
+        {"id_tipo_intervencao", "'T'"},
+        {"cont_crz", "1"},
+        {"cont_coo", "1"}}},
+      {"fita_detalhe",
+       {{"cont_cfd", "1"},
+        {"data_hora_emissao", "'2024-01-01 20:00:00'"},
+        {"coo_inicial", "1"},
+        {"coo_final", "2"}}},
+      {"posicao_totalizadores_contadores",
+       {{"cont_crz", "1"},
+        {"cont_cro", "1"},
+        {"cont_coo", "1"},
+        {"cont_gnf", "1"},
+        {"cont_ccf", "1"},
+        {"cont_grg", "1"},
+        {"cont_cfd", "1"},
+        {"valor_gt", "'1.00'"}}},
+      {"reducao_z",
+       {{"cont_crz", "1"},
+        {"cont_coo", "1"},
+        {"cont_cro", "1"},
+        {"data_movimento", "'2024-01-01 00:00:00'"},
+        {"data_hora_emissao", "NULL"},
+        {"valor_vb", "'1.00'"},
+        {"valor_gt", "'1.00'"}}},
+      {"totalizador_reducao",
+       {{"cont_crz", "1"},
+        {"totalizador", "'01T1800'"},
+        {"valor_base_calculo", "'1.00'"},
+        {"id_fiscal", "'S'"}}},
+      {"meio_pagamento_reducao",
+       {{"cont_crz", "1"}, {"descricao_meio_pagamento", "'DINHEIRO'"}, {"valor_acumulado", "'1.00'"}}},
+      {"cupom_fiscal",
+       {{"cont_coo", "1"},
+        {"cont_ccf", "1"},
+        {"cont_crz", "1"},
+        {"data_hora_emissao", "'2024-01-01 10:00:00'"},
+        {"valor_subtotal", "'1.00'"},
+        {"valor_desconto", "'0.00'"},
+        {"valor_acrescimo", "'0.00'"},
+        {"valor_total", "'1.00'"},
+        {"valor_canc_acrescimo", "'0.00'"},
+        {"id_cancelado", "'N'"},
+        {"nome_consumidor", "''"},
+        {"cpf_cnpj_consumidor", "''"},
+        {"texto_suplementar", "''"},
+        {"texto_complementar", "''"},
+        {"assinatura_documento", "''"}}},
+      {"item_cupom_fiscal",
+       {{"cont_coo", "1"},
+        {"seq_item", "1"},
+        {"cod_item", "'7890000011372'"},
+        {"descricao", "'ARROZ'"},
+        {"quantidade", "'1.000'"},
+        {"un_medida", "'UN'"},
+        {"valor_unitario", "'1.00'"},
+        {"valor_desconto", "'0.00'"},
+        {"valor_acrescimo", "'0.00'"},
+        {"valor_total", "'1.00'"},
+        {"valor_canc_acrescimo", "'0.00'"},
+        {"aliquota", "'01T18.00'"},
+        {"id_cancelado", "'N'"},
+        {"id_arred_trunc_valor", "'A'"},
+        {"casas_decimais_quantidade", "'2'"},
+        {"casas_decimais_valor", "'2'"}}},
+      {"outros_documentos",
+       {{"cont_coo", "1"},
+        {"cont_gnf", "1"},
+        {"cont_grg", "1"},
+        {"cont_cdc", "1"},
+        {"cont_crz", "1"},
+        {"id_tipo_documento", "'CN'"},
+        {"data_hora_fim_emissao", "'2024-01-01 10:00:00'"}}},
+      {"cupom_nf",
+       {{"cont_coo", "1"},
+        {"cont_gnf", "1"},
+        {"cont_crz", "1"},
+        {"data_hora_emissao", "NULL"},
+        {"valor_subtotal", "'1.00'"},
+        {"valor_desconto", "'0.00'"},
+        {"valor_acrescimo", "'0.00'"},
+        {"valor_total_cupom", "'1.00'"},
+        {"valor_canc_acrescimo", "'0.00'"},
+        {"id_cancelado", "'N'"},
+        {"tipo_acrescimo", "'V'"},
+        {"tipo_desconto", "'V'"},
+        {"nome_consumidor", "''"},
+        {"cpf_cnpj_consumidor", "''"}}},
+      {"totalizador_nao_fiscal", {{"num_indice", "1"}, {"descricao", "'SUPRIMENTO'"}}},
+      {"item_cupom_nf",
+       {{"cont_coo", "1"},
+        {"seq_item", "1"},
+        {"indice_totalizador_nf", "1"},
+        {"valor_total", "'1.00'"},
+        {"valor_desconto", "'0.00'"},
+        {"valor_acrescimo", "'0.00'"},
+        {"valor_total_liquido", "'1.00'"},
+        {"valor_canc_acrescimo", "'0.00'"},
+        {"id_cancelado", "'N'"}}},
+      {"meio_pagamento", {{"num_indice", "1"}, {"descricao", "'DINHEIRO'"}}},
+      {"pagamento_cupom",
+       {{"cont_coo", "1"},
+        {"indice_meio_pagamento", "1"},
+        {"valor_pagamento", "'1.00'"},
+        {"valor_estornado", "'0.00'"},
+        {"id_estornado", "'N'"}}}};
+  return kLinhas;
+}
+
+// INSERT of the good row of a table with the columns of `outras` in the place of its own.
+inline std::string insere(const std::string& tabela, const Linha& outras = {}) {
+  auto linha = linhasBoas().at(tabela);
+  for (const auto& [coluna, valor] : outras) linha[coluna] = valor;
+  std::string colunas;
+  std::string valores;
+  for (const auto& [coluna, valor] : linha) {
+    colunas += (colunas.empty() ? "" : ", ") + coluna;
+    valores += (valores.empty() ? "" : ", ") + valor;
+  }
+  return "INSERT INTO " + tabela + "(" + colunas + ") VALUES (" + valores + ");";
+}
+
+}  // namespace cotepe::testes

@@ -1,0 +1,180 @@
+// One run of one engine in a process of its own, and what it took, as one line of JSON.
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <exception>
+#include <fstream>
+#include <map>
+#include <stdexcept>
+#include <string>
+
+#include "Geracao.h"
+#include "Piso.h"
+#include "referencia/Referencia.h"
+
+namespace {
+
+// Nanoseconds that passed, and those that the process itself worked: what others do on the machine shows in
+// the first and hardly in the second.
+struct Tempo {
+  long long decorrido = 0;
+  long long trabalhado = 0;
+};
+
+long long le(clockid_t relogio) {
+  timespec t{};
+  clock_gettime(relogio, &t);
+  return t.tv_sec * 1'000'000'000LL + t.tv_nsec;
+}
+
+Tempo agora() { return {le(CLOCK_MONOTONIC), le(CLOCK_PROCESS_CPUTIME_ID)}; }
+
+Tempo desde(const Tempo& inicio) {
+  const Tempo fim = agora();
+  return {fim.decorrido - inicio.decorrido, fim.trabalhado - inicio.trabalhado};
+}
+
+struct DoRegistro {
+  long linhas = 0;
+  Tempo tempo;
+};
+
+struct Pedido {
+  const char* motor;
+  const char* banco;
+  int versao;
+  const char* comando;
+  const char* inicial;  // DDMMYYYY
+  const char* final;
+  const char* arquivo;
+};
+
+struct Medida {
+  std::map<std::string, DoRegistro> registros;
+  Tempo total;
+};
+
+// The application around the generator: knows nothing of the printer, stops the time of each register.
+class Cronometro final : public cotepe::Hospedeiro {
+ public:
+  explicit Cronometro(Medida& medida) : medida_(medida) {}
+
+  void registraLog(const char* mensagem) override { throw std::runtime_error(mensagem); }
+  const char* serial() override { return ""; }
+  const char* modelo() override { return ""; }
+  const char* tipo() override { return ""; }
+  void dataHoraAtual(char* saida) override { std::strcpy(saida, "20240131 235959"); }
+  void preenche(char* texto, char* destino, int largura) override {
+    const std::size_t tamanho = std::strlen(texto);
+    std::memcpy(destino, texto, tamanho);
+    for (auto i = tamanho; i < static_cast<std::size_t>(largura); ++i) destino[i] = ' ';
+  }
+
+  void inicia(const cotepe::Registro& /*registro*/) override { inicio_ = agora(); }
+  void conclui(const cotepe::Registro& registro, long linhas, bool /*completo*/) override {
+    medida_.registros[registro.codigo] = {linhas, desde(inicio_)};
+  }
+
+ private:
+  Medida& medida_;
+  Tempo inicio_;
+};
+
+void piso(sqlite3* banco, const Pedido& pedido, Medida& medida) {
+  const auto limite = [](const char* dia, const char* hora) {
+    const std::string d = dia;
+    return d.substr(4, 4) + "-" + d.substr(2, 2) + "-" + d.substr(0, 2) + " " + hora;
+  };
+  const bench::Periodo periodo = {limite(pedido.inicial, "00:00:00"), limite(pedido.final, "23:59:59")};
+  bench::pisoDaIdentidade(banco);
+  for (const cotepe::Registro* registro : cotepe::kCatalogo) {
+    if (!registro->despachado(pedido.comando, pedido.versao)) continue;
+    const Tempo inicio = agora();
+    const long linhas = bench::pisoDoRegistro(banco, *registro, pedido.comando, periodo);
+    medida.registros[registro->codigo] = {linhas, desde(inicio)};
+  }
+}
+
+void gerador(sqlite3* banco, const Pedido& pedido, Medida& medida) {
+  Cronometro cronometro(medida);
+  cotepe::Geracao geracao(banco, cronometro);
+  geracao.setVersaoAtoCotepe(pedido.versao);
+  const int resultado = geracao.gera(pedido.arquivo, pedido.inicial, pedido.final, pedido.comando);
+  if (resultado != cotepe::kGerado) throw std::runtime_error("result " + std::to_string(resultado));
+}
+
+void referencia(sqlite3* banco, const Pedido& pedido) {
+  referencia::Entrada entrada;
+  entrada.versao = pedido.versao;
+  entrada.inicial = pedido.inicial;
+  entrada.final = pedido.final;
+  entrada.comando = pedido.comando;
+  entrada.dataHoraDoSistema = "20240131 235959";
+  const referencia::Saida saida = referencia::gera(banco, entrada);
+  if (saida.codigo != 0 || !saida.log.empty()) throw std::runtime_error("the second reading failed");
+  std::ofstream arquivo(pedido.arquivo, std::ios::binary);
+  arquivo << saida.arquivo;
+  if (!arquivo.flush()) throw std::runtime_error("the report cannot be written");
+}
+
+// Peak of the process's resident memory, in KiB. Not getrusage: that one starts at the size of the parent.
+long picoDeMemoria() {
+  std::ifstream estado("/proc/self/status");
+  for (std::string linha; std::getline(estado, linha);)
+    if (linha.rfind("VmHWM:", 0) == 0) return std::atol(linha.c_str() + 6);
+  return 0;
+}
+
+// Times are [elapsed, worked], memory in KiB.
+void imprime(const Medida& medida) {
+  std::printf("{\"ns\": [%lld, %lld], \"kib\": %ld, \"sqlite_kib\": %lld, \"registros\": {",
+              medida.total.decorrido, medida.total.trabalhado, picoDeMemoria(),
+              static_cast<long long>(sqlite3_memory_highwater(0) / 1024));
+  const char* virgula = "";
+  for (const auto& [codigo, registro] : medida.registros) {
+    std::printf("%s\"%s\": {\"linhas\": %ld, \"ns\": [%lld, %lld]}", virgula, codigo.c_str(), registro.linhas,
+                registro.tempo.decorrido, registro.tempo.trabalhado);
+    virgula = ", ";
+  }
+  std::printf("}}\n");
+}
+
+void corre(const Pedido& pedido) {
+  sqlite3* banco = nullptr;
+  if (sqlite3_open_v2(pedido.banco, &banco, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+    throw std::runtime_error("the database cannot be opened");
+  Medida medida;
+  const std::string motor = pedido.motor;
+  const Tempo inicio = agora();
+  if (motor == "piso")
+    piso(banco, pedido, medida);
+  else if (motor == "gerador")
+    gerador(banco, pedido, medida);
+  else if (motor == "referencia")
+    referencia(banco, pedido);
+  else
+    throw std::runtime_error("no such engine");
+  medida.total = desde(inicio);
+  imprime(medida);
+  sqlite3_close(banco);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 8) {
+    std::fprintf(stderr, "usage: %s piso|gerador|referencia DATABASE VERSION COMMAND FROM TO REPORT\n",
+                 argv[0]);
+    return 2;
+  }
+  try {
+    corre({argv[1], argv[2], std::atoi(argv[3]), argv[4], argv[5], argv[6], argv[7]});
+    return 0;
+  } catch (const std::exception& erro) {
+    std::fprintf(stderr, "%s: %s\n", argv[1], erro.what());
+    return 1;
+  }
+}

@@ -13,6 +13,21 @@ namespace {
 bool espaco(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool digito(char c) noexcept { return c >= '0' && c <= '9'; }
 
+constexpr std::ptrdiff_t kDigitosSeguros = 18;  // any number of so many digits fits 64 bits
+
+// The value of digits, or the limit on the side of their sign where it is beyond.
+std::uint64_t leDigitosSaturando(const char* digitos, bool negativo) noexcept {
+  const std::uint64_t limite =
+      static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negativo ? 1 : 0);
+  std::uint64_t valor = 0;
+  for (; digito(*digitos); ++digitos) {
+    const auto algarismo = static_cast<std::uint64_t>(*digitos - '0');
+    if (valor > (limite - algarismo) / 10) return limite;
+    valor = valor * 10 + algarismo;
+  }
+  return valor;
+}
+
 // Up to 15 digits and a power of ten up to 10^15 are exact in a double, so one division rounds once, as
 // strtod does. Returns false for any text that needs more than that.
 bool leDecimalCurto(const char* texto, double& valor) noexcept {
@@ -43,17 +58,10 @@ std::int64_t leInteiro(const char* texto) noexcept {
   while (espaco(*texto)) ++texto;
   const bool negativo = *texto == '-';
   if (negativo || *texto == '+') ++texto;
+  const char* const inicio = texto;
   std::uint64_t valor = 0;
-  const std::uint64_t limite =
-      static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negativo ? 1 : 0);
-  for (; digito(*texto); ++texto) {
-    const auto algarismo = static_cast<std::uint64_t>(*texto - '0');
-    if (valor > (limite - algarismo) / 10) {
-      valor = limite;
-      break;
-    }
-    valor = valor * 10 + algarismo;
-  }
+  for (; digito(*texto); ++texto) valor = valor * 10 + static_cast<std::uint64_t>(*texto - '0');
+  if (texto - inicio > kDigitosSeguros) valor = leDigitosSaturando(inicio, negativo);
   return static_cast<std::int64_t>(negativo ? 0 - valor : valor);
 }
 

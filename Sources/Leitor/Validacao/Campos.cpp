@@ -1,0 +1,169 @@
+// Rules about single fields: each is of its kind, and holds what its register allows.
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "Leiaute/Releitura.h"
+#include "Validacao/Familia.h"
+#include "Validacao/NumeroFiscal.h"
+
+namespace cotepe {
+namespace {
+
+/// What a field must be, beyond its kind.
+struct Exigencia {
+  const char* letras = nullptr;  // the letters of a flag
+  std::string constante;         // what it holds in every data record; empty for no such thing
+  bool presente = false;         // a date or an hour that may not be blank
+  bool contribuinte = false;     // a CNPJ
+  bool consumidor = false;       // a CNPJ or a CPF
+};
+
+struct LetrasDoCampo {
+  const char* rotulo;
+  const char* letras;
+};
+
+constexpr LetrasDoCampo kLetras[] = {
+    {"Cancelado (S/N)", "SN"},
+    {"Estornado (S/N)", "SN"},
+    {"Perda de dados da MT", "SN"},
+    {"Tipo do desconto", "VP"},
+    {"Tipo do acréscimo", "VP"},
+    {"Ordem de desconto e acréscimo", " DA"},
+    {"Arredondamento ou truncamento", "AT"},
+    {"Casas decimais da quantidade", "23"},
+    {"Casas decimais do valor unitário", "23"},
+};
+
+// Dates whose column is never NULL, or is what the period is judged by.
+bool dataObrigatoria(const Registro& registro, const Campo& campo) {
+  for (const char* sempre : {"E10", "E11", "E14", "E16", "E22"})
+    if (std::strcmp(registro.codigo, sempre) == 0) return true;
+  return std::strcmp(campo.rotulo, "Data do movimento") == 0;
+}
+
+std::string constanteDe(const Campo& campo) {
+  const auto largura = static_cast<std::size_t>(std::max(0, campo.largura));
+  if (campo.origem.tipo == Origem::Tipo::Nenhuma)
+    return std::string(largura, numerica(campo.especie) ? '0' : ' ');
+  if (campo.origem.tipo != Origem::Tipo::Constante) return "";
+  const std::string texto = campo.origem.constante;
+  const std::string enchimento(largura > texto.size() ? largura - texto.size() : 0,
+                               numerica(campo.especie) ? '0' : ' ');
+  return numerica(campo.especie) ? enchimento + texto : texto + enchimento;
+}
+
+Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
+  Exigencia exigencia;
+  for (const LetrasDoCampo& conhecida : kLetras)
+    if (std::strcmp(campo.rotulo, conhecida.rotulo) == 0) exigencia.letras = conhecida.letras;
+  exigencia.constante = constanteDe(campo);
+  exigencia.presente = (deData(campo.especie) || deHora(campo.especie)) && dataObrigatoria(registro, campo);
+  exigencia.consumidor = std::strcmp(campo.rotulo, "CPF/CNPJ do consumidor") == 0;
+  exigencia.contribuinte = campo.especie == Especie::Identificador && !exigencia.consumidor;
+  return exigencia;
+}
+
+std::string letrasEsperadas(const char* letras) {
+  std::string texto;
+  for (const char* letra = letras; *letra != '\0'; ++letra) {
+    if (letra != letras) texto += letra[1] == '\0' ? " or " : ", ";
+    texto += *letra == ' ' ? std::string("a blank") : std::string(1, *letra);
+  }
+  return texto;
+}
+
+class CamposDaLinha final : public Familia {
+ public:
+  explicit CamposDaLinha(Relator& relator) : relator_(relator) {
+    for (std::size_t r = 0; r < kCatalogo.size(); ++r)
+      for (const Campo& campo : kCatalogo[r]->campos)
+        exigencias_[r].push_back(exigenciaDe(*kCatalogo[r], campo));
+  }
+
+  // Where the length is wrong, nothing is known to stand in its place.
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr || !lido.medidaCerta || lido.vazio) return;
+    const std::vector<Exigencia>& exigencias = exigencias_[static_cast<std::size_t>(lido.indice)];
+    for (std::size_t i = 1; i < lido.quantos; ++i)
+      confere(lido, i, exigencias[static_cast<std::size_t>(lido.campos[i].numero - 1)]);
+  }
+
+ private:
+  void confere(const RegistroLido& lido, std::size_t i, const Exigencia& exigencia) {
+    const CampoLido& campo = lido.campos[i];
+    const std::string_view bytes = campo.em(lido.linha.texto);
+    if (!exigencia.constante.empty()) {
+      if (bytes != exigencia.constante)
+        relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes), entreAspas(exigencia.constante));
+      return;
+    }
+    if (exigencia.letras != nullptr) {
+      if (std::strchr(exigencia.letras, bytes[0]) == nullptr || bytes[0] == '\0')
+        relator_.noCampo(Regra::Letra, lido, i, entreAspas(bytes), letrasEsperadas(exigencia.letras));
+      return;
+    }
+    const Defeito achado = defeito(campo.campo->especie, bytes);
+    if (achado != Defeito::Nenhum) return relata(lido, i, achado);
+    if (exigencia.presente && soBrancos(bytes))
+      relata(lido, i, deData(campo.campo->especie) ? Defeito::Data : Defeito::Hora);
+    if (exigencia.contribuinte || exigencia.consumidor) confereNumeroFiscal(lido, i, exigencia.consumidor);
+    if (campo.campo->desloca) confereLargura(lido, i);
+    if (lido.indice == 0 && i + 1 == lido.quantos) confereLeiaute(lido, i);
+  }
+
+  void relata(const RegistroLido& lido, std::size_t i, Defeito achado) {
+    const std::string bytes = entreAspas(lido.bytes(i));
+    switch (achado) {
+      case Defeito::Digitos:
+        return relator_.noCampo(Regra::Digitos, lido, i, bytes,
+                                std::to_string(lido.campos[i].largura) + " digits");
+      case Defeito::Controle:
+        return relator_.noCampo(Regra::Controle, lido, i, bytes, "no control character");
+      case Defeito::NaoAscii:
+        return relator_.noCampo(Regra::NaoAscii, lido, i, bytes, "ASCII alone");
+      case Defeito::Alinhamento:
+        return relator_.noCampo(Regra::Alinhamento, lido, i, bytes, "no blank before the text");
+      case Defeito::Data:
+        return relator_.noCampo(Regra::Data, lido, i, bytes, "a day as AAAAMMDD");
+      case Defeito::Hora:
+        return relator_.noCampo(Regra::Hora, lido, i, bytes, "an hour as HHMMSS");
+      case Defeito::Nenhum:
+        return;
+    }
+  }
+
+  void confereNumeroFiscal(const RegistroLido& lido, std::size_t i, bool podeSerCpf) {
+    const std::string_view bytes = lido.bytes(i);
+    if (soZeros(bytes) || cnpjValido(bytes) || (podeSerCpf && cpfValido(bytes))) return;
+    relator_.noCampo(Regra::NumeroFiscal, lido, i, entreAspas(bytes),
+                     podeSerCpf ? "a CPF or CNPJ with right check digits" : "a CNPJ with right check digits");
+  }
+
+  void confereLargura(const RegistroLido& lido, std::size_t i) {
+    const int nominal = lido.campos[i].campo->largura;
+    if (lido.campos[i].largura > nominal && lido.bytes(i)[0] == '0')
+      relator_.noCampo(Regra::Largura, lido, i, entreAspas(lido.bytes(i)),
+                       std::to_string(nominal) + " digits");
+  }
+
+  void confereLeiaute(const RegistroLido& lido, std::size_t i) {
+    const std::string_view bytes = lido.bytes(i);
+    if (bytes != "AC1704 01.00.00" && bytes != "AC1704 02.00.00")
+      relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes),
+                       "\"AC1704 01.00.00\" or \"AC1704 02.00.00\"");
+  }
+
+  Relator& relator_;
+  std::array<std::vector<Exigencia>, kCatalogo.size()> exigencias_;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeCampos(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<CamposDaLinha>(relator);
+}
+
+}  // namespace cotepe

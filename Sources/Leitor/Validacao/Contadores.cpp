@@ -1,0 +1,195 @@
+// Counters without gaps: CRZ, CCF and GNF in their registers, COO over fiscal coupons and other documents
+// together.
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+std::int64_t limite(int largura) {
+  std::int64_t limite = 1;
+  for (int i = 0; i < largura; ++i) limite *= 10;
+  return limite;
+}
+
+std::string faltam(std::int64_t primeiro, std::int64_t ultimo, int largura) {
+  const std::string de = '"' + contadorEscrito(primeiro, largura) + '"';
+  return primeiro == ultimo ? de : de + " to \"" + contadorEscrito(ultimo, largura) + '"';
+}
+
+/// A counter that goes on by one from record to record of a register.
+class Contador {
+ public:
+  explicit Contador(const Registro& registro, const char* rotulo) : coluna_(registro, rotulo) {}
+
+  // A record whose counter cannot be read says nothing about the next one.
+  void confere(Relator& relator, const RegistroLido& lido, bool podeRepetir) {
+    std::int64_t valor = 0;
+    const bool lida = coluna_.le(lido, valor);
+    if (lida && conhecido_) compara(relator, lido, valor, podeRepetir);
+    conhecido_ = lida;
+    anterior_ = valor;
+  }
+
+  const Coluna& coluna() const { return coluna_; }
+
+ private:
+  void compara(Relator& relator, const RegistroLido& lido, std::int64_t valor, bool podeRepetir) const {
+    const int largura = lido.campos[coluna_.indice()].largura;
+    if (valor > anterior_ + 1)
+      relator.noCampo(
+          Regra::ContadorAusente, lido, coluna_.indice(),
+          entreAspas(coluna_.bytes(lido)) + " after " + entreAspas(contadorEscrito(anterior_, largura)),
+          faltam(anterior_ + 1, valor - 1, largura) + " between them");
+    if (valor == anterior_ && !podeRepetir)
+      relator.noCampo(Regra::ContadorRepetido, lido, coluna_.indice(),
+                      entreAspas(coluna_.bytes(lido)) + " a second time", "each counter once");
+  }
+
+  Coluna coluna_;
+  std::int64_t anterior_ = 0;
+  bool conhecido_ = false;
+};
+
+/// The COOs of E14 and E16 as one sequence: those of E14 are kept, those of E16 pass by. Where the counter
+/// began again, or a COO could not be read, the sequence is not known and nothing is said.
+class Coos {
+ public:
+  void cupom(const RegistroLido& lido) {
+    std::int64_t coo = 0;
+    if (!cupom_.le(lido, coo)) incerto_ = true;
+    largura_ = lido.campos[cupom_.indice()].largura;
+    const auto curto = static_cast<std::uint32_t>(coo);
+    if (!deCupons_.empty() && curto < deCupons_.back()) volta(deCupons_.back(), curto);
+    deCupons_.push_back(curto);
+  }
+
+  void documento(Relator& relator, const RegistroLido& lido) {
+    std::int64_t coo = 0;
+    if (!documento_.le(lido, coo)) incerto_ = true;
+    largura_ = lido.campos[documento_.indice()].largura;
+    if (incerto_) return;
+    ordena();
+    if (ultimo_ >= 0 && coo <= ultimo_) return volta(ultimo_, coo);
+    const auto lacuna = [&](std::int64_t de, std::int64_t ate) {
+      relator.noCampo(Regra::ContadorAusente, lido, documento_.indice(),
+                      "no document with COO " + faltam(de, ate, largura_), "it in E14 or E16");
+    };
+    avancaAte(coo, lacuna);
+    if (cursor_ < deCupons_.size() && deCupons_[cursor_] == coo) {
+      ++cursor_;
+      relator.noCampo(Regra::ContadorRepetido, lido, documento_.indice(),
+                      entreAspas(documento_.bytes(lido)) + ", which E14 has too", "each COO once");
+    }
+    passa(coo, lacuna);
+  }
+
+  void fim(Relator& relator) {
+    if (incerto_) return;
+    ordena();
+    avancaAte(INT64_MAX, [&](std::int64_t de, std::int64_t ate) {
+      relator.noArquivo(Regra::ContadorAusente, &kE14, "no document with COO " + faltam(de, ate, largura_),
+                        "it in E14 or E16");
+    });
+  }
+
+ private:
+  void volta(std::int64_t antes, std::int64_t depois) {
+    const std::int64_t tudo = limite(largura_);
+    if (antes >= tudo - tudo / 100 && depois < tudo / 100) incerto_ = true;
+  }
+
+  void ordena() {
+    if (ordenado_) return;
+    std::sort(deCupons_.begin(), deCupons_.end());
+    ordenado_ = true;
+  }
+
+  template <class Lacuna>
+  void avancaAte(std::int64_t coo, const Lacuna& lacuna) {
+    for (; cursor_ < deCupons_.size() && deCupons_[cursor_] < coo; ++cursor_)
+      passa(deCupons_[cursor_], lacuna);
+  }
+
+  template <class Lacuna>
+  void passa(std::int64_t coo, const Lacuna& lacuna) {
+    if (ultimo_ >= 0 && coo > ultimo_ + 1) lacuna(ultimo_ + 1, coo - 1);
+    ultimo_ = std::max(ultimo_, coo);
+  }
+
+  Coluna cupom_{kE14, "COO"}, documento_{kE16, "COO"};
+  std::vector<std::uint32_t> deCupons_;
+  std::size_t cursor_ = 0;
+  std::int64_t ultimo_ = -1;
+  int largura_ = 6;
+  bool ordenado_ = false, incerto_ = false;
+};
+
+/// The items of a coupon: 1, 2, 3 ...
+class Itens {
+ public:
+  Itens(const Registro& registro, const char* contador)
+      : contador_(registro, contador), item_(registro, "Nº do item") {}
+
+  void confere(Relator& relator, const RegistroLido& lido) {
+    std::int64_t cupom = 0, item = 0;
+    const bool lidos = contador_.le(lido, cupom) && item_.le(lido, item);
+    const std::int64_t esperado = conhecido_ && cupom == cupom_ ? ultimo_ + 1 : 1;
+    if (lidos && (conhecido_ || !comecou_) && item > esperado)
+      relator.noCampo(Regra::ItemAusente, lido, item_.indice(), entreAspas(item_.bytes(lido)),
+                      entreAspas(contadorEscrito(esperado, 3)));
+    conhecido_ = lidos;
+    comecou_ = true;
+    cupom_ = cupom;
+    ultimo_ = item;
+  }
+
+ private:
+  Coluna contador_, item_;
+  std::int64_t cupom_ = -1, ultimo_ = 0;
+  bool conhecido_ = false, comecou_ = false;
+};
+
+class Contadores final : public Familia {
+ public:
+  explicit Contadores(Relator& relator) : relator_(relator) {}
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr || lido.vazio) return;
+    if (lido.registro == &kE12) {
+      crz_.confere(relator_, lido, true);  // under another CRO; else its key is repeated
+    } else if (lido.registro == &kE14) {
+      ccf_.confere(relator_, lido, true);  // a repeated key as well
+      coos_.cupom(lido);
+    } else if (lido.registro == &kE15) {
+      itens_.confere(relator_, lido);
+    } else if (lido.registro == &kE16) {
+      std::int64_t gnf = 0;
+      const bool semGnf = gnf_.coluna().le(lido, gnf) && gnf == 0;  // a document of another type
+      if (!semGnf) gnf_.confere(relator_, lido, false);
+      coos_.documento(relator_, lido);
+    } else if (lido.registro == &kE20) {
+      itensNaoFiscais_.confere(relator_, lido);
+    }
+  }
+
+  void fim() override { coos_.fim(relator_); }
+
+ private:
+  Relator& relator_;
+  Contador crz_{kE12, "CRZ"}, ccf_{kE14, "CCF"}, gnf_{kE16, "GNF"};
+  Coos coos_;
+  Itens itens_{kE15, "CCF"}, itensNaoFiscais_{kE20, "GNF"};
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeContadores(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Contadores>(relator);
+}
+
+}  // namespace cotepe

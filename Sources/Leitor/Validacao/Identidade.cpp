@@ -1,0 +1,56 @@
+// One printer and one user in every line.
+#include <string>
+#include <string_view>
+
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+/// A field of the head, and what its first line held.
+class Marca {
+ public:
+  void confere(Relator& relator, const RegistroLido& lido, std::size_t campo) {
+    const std::string_view bytes = lido.bytes(campo);
+    if (bytes.size() != static_cast<std::size_t>(lido.campos[campo].largura)) return;
+    if (primeira_ == 0) {
+      valor_ = bytes;
+      primeira_ = lido.linha.numero;
+    } else if (bytes != valor_) {
+      relator.noCampo(Regra::Identidade, lido, campo, entreAspas(bytes),
+                      entreAspas(valor_) + " as in line " + std::to_string(primeira_));
+    }
+  }
+
+ private:
+  std::string valor_;
+  long primeira_ = 0;
+};
+
+constexpr int kPrimeiroDoUsuario = 11, kUltimoDoUsuario = 20, kE22Indice = 21;  // E12 to E21
+
+// E01 has a model too, but its own: of several printers the heads have the last one's.
+class Identidade final : public Familia {
+ public:
+  explicit Identidade(Relator& relator) : relator_(relator) {}
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr || lido.linha.texto.substr(0, 1) != "E") return;
+    serie_.confere(relator_, lido, 1);
+    if (lido.indice != 0) modelo_.confere(relator_, lido, lido.indice == kE22Indice ? 2 : 3);
+    if (lido.indice >= kPrimeiroDoUsuario && lido.indice <= kUltimoDoUsuario)
+      usuario_.confere(relator_, lido, 4);
+  }
+
+ private:
+  Relator& relator_;
+  Marca serie_, modelo_, usuario_;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeIdentidade(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Identidade>(relator);
+}
+
+}  // namespace cotepe

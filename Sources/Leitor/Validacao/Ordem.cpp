@@ -1,0 +1,121 @@
+// Rules about which registers are there, in which order, and where placeholders stand.
+#include <array>
+#include <string>
+
+#include "Leiaute/Releitura.h"
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+constexpr int kE01Indice = 0, kE02Indice = 1, kE08Indice = 7, kE11Indice = 10, kE13Indice = 12,
+              kE22Indice = 21;
+
+/// What came of a register. E13 is two: its fiscal totalizers, and its non-fiscal sums.
+struct Bloco {
+  long linhas = 0, vazios = 0;
+  long primeira = 0, primeiroVazio = 0;  // line numbers
+
+  void conta(const RegistroLido& lido) {
+    if (linhas++ == 0) primeira = lido.linha.numero;
+    if (lido.vazio && vazios++ == 0) primeiroVazio = lido.linha.numero;
+  }
+};
+
+class Ordem final : public Familia {
+ public:
+  Ordem(Relator& relator, const LeitorDeRegistros& leitor) : relator_(relator), leitor_(leitor) {}
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr) return;
+    if (lido.indice < anterior_)
+      relator_.naLinha(Regra::OrdemDosRegistros, lido,
+                       std::string(codigo(lido.indice)) + " after " + codigo(anterior_),
+                       "registers in ascending order");
+    anterior_ = lido.indice;
+    Bloco& bloco = blocos_[static_cast<std::size_t>(lido.indice)];
+    bloco.conta(lido);
+    if (lido.indice == kE13Indice) (somaNaoFiscal(lido) ? naoFiscais_ : fiscais_).conta(lido);
+    if (lido.indice == kE01Indice && bloco.linhas == 1) leComando(lido);
+    if (bloco.linhas == 2 && unico(lido.indice))
+      relator_.naLinha(Regra::RegistroSobrando, lido, std::string("a second ") + codigo(lido.indice),
+                       "one line");
+  }
+
+  void fim() override {
+    if (blocos_[kE01Indice].linhas == 0)
+      relator_.noArquivo(Regra::RegistroAusente, &kE01, "no line of E01", "E01 as the first register");
+    for (int i = 0; i < static_cast<int>(kCatalogo.size()); ++i) {
+      if (comandoLido_) confereDespacho(i);
+      if (i != kE13Indice) confereVazios(i, blocos_[static_cast<std::size_t>(i)]);
+    }
+    confereVazios(kE13Indice, fiscais_);
+    confereVazios(kE13Indice, naoFiscais_);
+  }
+
+ private:
+  static const Registro& registro(int indice) { return *kCatalogo[static_cast<std::size_t>(indice)]; }
+  static const char* codigo(int indice) { return registro(indice).codigo; }
+  static bool unico(int indice) {
+    return indice == kE01Indice || indice == kE08Indice || indice == kE11Indice;
+  }
+  static bool somaNaoFiscal(const RegistroLido& lido) { return lido.linha.texto.substr(52, 7) == "OPNF   "; }
+
+  void leComando(const RegistroLido& lido) {
+    const std::size_t campo = acha(lido, "Comando de geração");
+    comandoLido_ = lido.medidaCerta;
+    comando_ = semBrancosNoFim(lido.bytes(campo));
+  }
+
+  // Without a user there is no E02, and without an attempt no E22.
+  bool podeFaltar(int indice) const {
+    if (indice == kE02Indice || indice == kE22Indice) return true;
+    return registro(indice).vazio == Vazio::ForaDoCat52 && !leitor_.certamenteForaDoCat52();
+  }
+
+  void confereDespacho(int i) {
+    const Bloco& bloco = blocos_[static_cast<std::size_t>(i)];
+    const bool despachado = registro(i).despachado(comando_.c_str(), leitor_.ajuste().versao);
+    if (despachado && i == kE13Indice && naoFiscais_.linhas == 0)
+      ausente(i, "no line of E13 with OPNF");
+    else if (despachado && i != kE01Indice && bloco.linhas == 0 && !podeFaltar(i))
+      ausente(i, std::string("no line of ") + codigo(i));
+    if (!despachado && bloco.linhas != 0)
+      relator_.naLinhaLida(Regra::RegistroSobrando, bloco.primeira, registro(i), -1,
+                           std::string("a line of ") + codigo(i),
+                           "none in layout " + std::to_string(leitor_.ajuste().versao) +
+                               " with the command " + entreAspas(comando_));
+  }
+
+  void ausente(int i, std::string encontrado) {
+    relator_.noArquivo(Regra::RegistroAusente, &registro(i), std::move(encontrado),
+                       "at least one with the command " + entreAspas(comando_));
+  }
+
+  void confereVazios(int i, const Bloco& bloco) {
+    if (bloco.vazios == 0) return;
+    if (bloco.linhas > 1)
+      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), -1,
+                           "a placeholder among " + std::to_string(bloco.linhas) + " lines",
+                           "a placeholder alone");
+    if (registro(i).vazio == Vazio::ForaDoCat52 && leitor_.certamenteCat52() && &bloco != &naoFiscais_)
+      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), -1, "a placeholder in CAT52 mode",
+                           "no line of an empty register");
+  }
+
+  Relator& relator_;
+  const LeitorDeRegistros& leitor_;
+  std::array<Bloco, kCatalogo.size()> blocos_;
+  Bloco fiscais_, naoFiscais_;
+  int anterior_ = 0;
+  bool comandoLido_ = false;
+  std::string comando_;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeOrdem(Relator& relator, const LeitorDeRegistros& leitor) {
+  return std::make_unique<Ordem>(relator, leitor);
+}
+
+}  // namespace cotepe

@@ -1,0 +1,84 @@
+#include "Validacao/Regras.h"
+
+#include <array>
+
+namespace cotepe {
+namespace {
+
+constexpr Severidade kErro = Severidade::Erro, kAviso = Severidade::Aviso;
+
+constexpr char kGereDeNovo[] = "the file was changed after it was generated: generate it again";
+constexpr char kVejaOBanco[] = "check the value in the database, correct it and generate again";
+constexpr char kVejaOsDocumentos[] =
+    "check the documents in the database: one is missing or was stored twice";
+
+constexpr std::array<DescricaoDaRegra, kQuantasRegras> kRegras = {{
+    {"line-end", kAviso, "Every line ends with a line-feed alone, the last one too.",
+     "the file was converted or cut: take it as it was generated"},
+    {"unknown-register", kErro, "Every line begins with the code of a register.", kGereDeNovo},
+    {"line-length", kErro, "A line is as long as its register is in the file's layout and mode.",
+     "look for an empty flag, a short date or an over-long last text in the database"},
+    {"register-order", kErro, "The registers stand in ascending order, each in one block.", kGereDeNovo},
+    {"register-missing", kErro, "Every register that the command writes is there.",
+     "look into the log for the query that failed, and generate again"},
+    {"register-extra", kErro,
+     "No register is there that the command or the layout does not write, none too often.", kGereDeNovo},
+    {"placeholder", kErro, "A placeholder record stands alone in its register, and not in CAT52 mode.",
+     kGereDeNovo},
+    {"field-digits", kErro, "A number is digits alone: no sign, no separator, no blank.", kVejaOBanco},
+    {"field-width", kErro, "A number is wider than its field only where its digits need it.", kGereDeNovo},
+    {"field-letter", kErro, "A flag is one of its letters.", kVejaOBanco},
+    {"field-constant", kErro, "A field that is the same in every report holds that value.", kGereDeNovo},
+    {"field-control", kErro, "A text has no control character.", kVejaOBanco},
+    {"field-ascii", kAviso, "A text is ASCII.", kVejaOBanco},
+    {"field-alignment", kAviso, "A text is left-aligned.", kVejaOBanco},
+    {"field-date", kErro, "A date is a day that exists, and is there where the record needs it.",
+     kVejaOBanco},
+    {"field-hour", kErro, "An hour is one that exists, and is there where the record needs it.", kVejaOBanco},
+    {"tax-number", kAviso, "The check digits of a CNPJ or CPF are right.", kVejaOBanco},
+    {"identity", kErro, "The printer and its user are the same in every line.", kGereDeNovo},
+    {"key-order", kErro, "The keys of a register ascend.",
+     "check that the database stores counters as numbers: as text, 9 comes after 11"},
+    {"counter-repeat", kErro, "A counter is used once.", kVejaOsDocumentos},
+    {"counter-gap", kErro, "CRZ, COO, CCF and GNF have no gaps.", kVejaOsDocumentos},
+    {"item-gap", kAviso, "The items of a coupon are numbered from 1 without gaps.", kVejaOsDocumentos},
+    {"date-backwards", kAviso, "Dates do not go back while counters go on.", kVejaOBanco},
+    {"document-total", kErro, "Net total = subtotal or value - discount + surcharge.", kVejaOBanco},
+    {"item-total", kAviso, "Net total of an item = quantity x unit value - discount + surcharge.",
+     kVejaOBanco},
+    {"coupon-items", kErro, "E15's items that are not cancelled add up to E14's subtotal.", kVejaOBanco},
+    {"coupon-payments", kErro, "E21's payments, less reversals and change, are no less than E14's net total.",
+     kVejaOBanco},
+    {"nonfiscal-items", kErro, "E20's items that are not cancelled add up to E19's subtotal.",
+     "an item whose totalizer is not registered is left out: check the database"},
+    {"nonfiscal-payments", kErro,
+     "E21's payments, less reversals and change, are no less than E19's net total.", kVejaOBanco},
+    {"payments-over", kAviso,
+     "The payments of a coupon, less reversals and change, are no more than its net total.",
+     "where change is not recorded as a payment TROCO, switch this rule off"},
+    {"orphan-record", kErro, "An item, payment or total belongs to a document or reduction of the file.",
+     kVejaOsDocumentos},
+    {"reduction-totals", kErro, "E13's fiscal totalizers without surcharges add up to E12's gross sales.",
+     kVejaOBanco},
+    {"reduction-nonfiscal", kErro, "E13's non-fiscal sum of a reduction is the sum of its totalizers in E17.",
+     kVejaOBanco},
+    {"reduction-range", kErro, "E01's range of CRZ and days is that of E12.", kVejaOBanco},
+    {"grand-total", kErro,
+     "The grand total holds the gross sales of the file, and E11's is no less than E02's.", kVejaOBanco},
+    {"position", kErro, "E11's counters are no less than those of the file.", kVejaOBanco},
+}};
+
+}  // namespace
+
+const DescricaoDaRegra& descricao(Regra regra) { return kRegras[static_cast<std::size_t>(regra)]; }
+
+bool regraDe(std::string_view nome, Regra& regra) {
+  for (std::size_t i = 0; i < kQuantasRegras; ++i) {
+    if (nome != kRegras[i].nome) continue;
+    regra = static_cast<Regra>(i);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace cotepe

@@ -1,0 +1,70 @@
+// The rules that a report is held to, by name.
+#pragma once
+
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "Achado.h"
+
+namespace cotepe {
+
+/// In the order of kRegras.
+enum class Regra : std::uint8_t {
+  FimDeLinha,
+  RegistroDesconhecido,
+  Comprimento,
+  OrdemDosRegistros,
+  RegistroAusente,
+  RegistroSobrando,
+  Vazio,
+  Digitos,
+  Largura,
+  Letra,
+  Constante,
+  Controle,
+  NaoAscii,
+  Alinhamento,
+  Data,
+  Hora,
+  NumeroFiscal,
+  Identidade,
+  OrdemDasChaves,
+  ContadorRepetido,
+  ContadorAusente,
+  ItemAusente,
+  DataRetrocede,
+  TotalDoDocumento,
+  TotalDoItem,
+  ItensDoCupom,
+  PagamentosDoCupom,
+  ItensDoNaoFiscal,
+  PagamentosDoNaoFiscal,
+  PagamentoAMais,
+  SemDocumento,
+  TotaisDaReducao,
+  NaoFiscaisDaReducao,
+  FaixaDasReducoes,
+  GrandeTotal,
+  Posicao,
+  Quantas
+};
+
+constexpr std::size_t kQuantasRegras = static_cast<std::size_t>(Regra::Quantas);
+
+struct DescricaoDaRegra {
+  const char* nome;  // as --disable takes it
+  Severidade severidade;
+  const char* resumo;    // one line
+  const char* conserto;  // what to do about a finding
+};
+
+const DescricaoDaRegra& descricao(Regra regra);
+
+/// The rule of a name; false when there is none.
+bool regraDe(std::string_view nome, Regra& regra);
+
+using ConjuntoDeRegras = std::bitset<kQuantasRegras>;
+
+}  // namespace cotepe

@@ -1,0 +1,83 @@
+// The amounts within one record.
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+/// Subtotal or value, less the discount, plus the surcharge, is the net total.
+class TotalDoDocumento {
+ public:
+  TotalDoDocumento(const Registro& registro, const char* bruto, const char* liquido)
+      : bruto_(registro, bruto),
+        desconto_(registro, "Desconto"),
+        acrescimo_(registro, "Acréscimo"),
+        liquido_(registro, liquido) {}
+
+  void confere(Relator& relator, const RegistroLido& lido) const {
+    std::int64_t bruto = 0, desconto = 0, acrescimo = 0, liquido = 0;
+    if (!bruto_.le(lido, bruto) || !desconto_.le(lido, desconto) || !acrescimo_.le(lido, acrescimo) ||
+        !liquido_.le(lido, liquido))
+      return;
+    const std::int64_t esperado = bruto - desconto + acrescimo;
+    if (liquido != esperado)
+      relator.noCampo(Regra::TotalDoDocumento, lido, liquido_.indice(), reais(liquido), reais(esperado));
+  }
+
+ private:
+  Coluna bruto_, desconto_, acrescimo_, liquido_;
+};
+
+/// Quantity times unit value, rounded or truncated to cents as the item says.
+class TotalDoItem {
+ public:
+  void confere(Relator& relator, const RegistroLido& lido) const {
+    std::int64_t quantidade = 0, valor = 0, desconto = 0, acrescimo = 0, liquido = 0;
+    if (cancelado_.bytes(lido) != "N" || !quantidade_.le(lido, quantidade) || !valor_.le(lido, valor) ||
+        !desconto_.le(lido, desconto) || !acrescimo_.le(lido, acrescimo) || !liquido_.le(lido, liquido))
+      return;
+    const std::int64_t divisor =
+        100 * (casasQuantidade_.bytes(lido) == "3" ? 10 : 1) * (casasValor_.bytes(lido) == "3" ? 10 : 1);
+    const std::int64_t metade = arredondamento_.bytes(lido) == "A" ? divisor / 2 : 0;
+    const std::int64_t esperado = (quantidade * valor + metade) / divisor - desconto + acrescimo;
+    if (liquido != esperado)
+      relator.noCampo(Regra::TotalDoItem, lido, liquido_.indice(), reais(liquido), reais(esperado));
+  }
+
+ private:
+  Coluna quantidade_{kE15, "Quantidade"}, valor_{kE15, "Valor unitário"}, desconto_{kE15, "Desconto"},
+      acrescimo_{kE15, "Acréscimo"}, liquido_{kE15, "Valor total líquido"},
+      cancelado_{kE15, "Cancelado (S/N)"}, arredondamento_{kE15, "Arredondamento ou truncamento"},
+      casasQuantidade_{kE15, "Casas decimais da quantidade"},
+      casasValor_{kE15, "Casas decimais do valor unitário"};
+};
+
+class Totais final : public Familia {
+ public:
+  explicit Totais(Relator& relator) : relator_(relator) {}
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == &kE15)
+      item_.confere(relator_, lido);
+    else if (lido.registro == &kE14)
+      cupom_.confere(relator_, lido);
+    else if (lido.registro == &kE19 && tipoDesconto_.bytes(lido) != "P" && tipoAcrescimo_.bytes(lido) != "P")
+      naoFiscal_.confere(relator_, lido);
+    else if (lido.registro == &kE20)
+      operacao_.confere(relator_, lido);
+  }
+
+ private:
+  Relator& relator_;
+  TotalDoItem item_;
+  TotalDoDocumento cupom_{kE14, "Subtotal", "Valor total líquido"},
+      naoFiscal_{kE19, "Subtotal", "Valor total líquido"}, operacao_{kE20, "Valor", "Valor líquido"};
+  Coluna tipoDesconto_{kE19, "Tipo do desconto"}, tipoAcrescimo_{kE19, "Tipo do acréscimo"};  // P is per cent
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeTotais(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Totais>(relator);
+}
+
+}  // namespace cotepe

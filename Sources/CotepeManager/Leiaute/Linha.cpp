@@ -18,35 +18,37 @@ constexpr auto kPares = [] {
   return pares;
 }();
 
-// Writes the digits of `valor` backwards, two at a time, so that they end before `fim`; returns where they
-// begin. Zero has no digit here: zero-filling supplies it.
-char* escreveDigitos(char* fim, std::uint64_t valor) noexcept {
+// The smallest number of more digits than the index.
+constexpr auto kPotencias = [] {
+  std::array<std::uint64_t, kDigitosMaximos> potencias{};
+  std::uint64_t potencia = 1;
+  for (std::uint64_t& p : potencias) {
+    p = potencia;
+    potencia *= 10;
+  }
+  return potencias;
+}();
+
+// How many digits `valor` has; none for zero, which zero-filling supplies.
+std::size_t digitosDe(std::uint64_t valor) noexcept {
+  std::size_t digitos = 0;
+  while (digitos < kPotencias.size() && valor >= kPotencias[digitos]) ++digitos;
+  return digitos;
+}
+
+// Writes the digits of `valor` backwards, two at a time, so that they end before `fim`.
+void escreveDigitos(char* fim, std::uint64_t valor) noexcept {
   while (valor >= 10) {
     fim -= 2;
     std::memcpy(fim, &kPares[2 * (valor % 100)], 2);
     valor /= 100;
   }
   if (valor != 0) *--fim = static_cast<char>('0' + valor);
-  return fim;
 }
 
 }  // namespace
 
 void Linha::cresce(std::size_t necessario) { buffer_.resize(std::max(necessario, 2 * buffer_.size())); }
-
-char* Linha::espaco(std::size_t tamanho) {
-  const std::size_t necessario = estado_.cursor + tamanho + 1;
-  if (necessario > buffer_.size()) cresce(necessario);
-  return buffer_.data() + estado_.cursor;
-}
-
-void Linha::avanca(std::size_t escritos, std::size_t nominal) noexcept {
-  if (!estado_.terminada) {
-    estado_.fim = estado_.cursor + escritos;
-    estado_.terminada = escritos < nominal;
-  }
-  estado_.cursor += nominal;
-}
 
 void Linha::vaiPara(std::size_t posicao) noexcept {
   estado_.cursor = posicao;
@@ -73,14 +75,14 @@ void Linha::poeRepetido(char c, std::size_t quantos, std::size_t nominal) {
 }
 
 std::size_t Linha::escreveSemSinal(std::uint64_t valor, std::size_t largura) {
-  std::array<char, kDigitosMaximos> digitos;
-  char* const fim = digitos.data() + digitos.size();
-  const char* inicio = escreveDigitos(fim, valor);
-  const auto significativos = static_cast<std::size_t>(fim - inicio);
-  const std::size_t total = std::max(significativos, largura);
-  char* destino = espaco(total);
-  std::memset(destino, '0', total - significativos);
-  std::memcpy(destino + (total - significativos), inicio, significativos);
+  const bool cabe = largura < kPotencias.size() && valor < kPotencias[largura];
+  const std::size_t total = cabe ? largura : std::max(largura, digitosDe(valor));
+  char* destino = espaco(std::max(total, kDigitosMaximos));
+  if (total <= kDigitosMaximos)
+    std::memset(destino, '0', kDigitosMaximos);  // of a size known here: two instructions
+  else
+    std::memset(destino, '0', total);
+  escreveDigitos(destino + total, valor);
   return total;
 }
 

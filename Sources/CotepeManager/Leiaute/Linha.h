@@ -42,8 +42,18 @@ class Linha {
   /// The two halves of every put, for a text that is made on the spot: room for `tamanho` bytes and a
   /// terminator at the cursor, valid until the next call; then the count of bytes put there (none of them
   /// a terminator) and the advance of the cursor.
-  char* espaco(std::size_t tamanho);
-  void avanca(std::size_t escritos, std::size_t nominal) noexcept;
+  char* espaco(std::size_t tamanho) {
+    const std::size_t necessario = estado_.cursor + tamanho + 1;
+    if (necessario > buffer_.size()) cresce(necessario);
+    return buffer_.data() + estado_.cursor;
+  }
+  void avanca(std::size_t escritos, std::size_t nominal) noexcept {
+    if (!estado_.terminada) {
+      estado_.fim = estado_.cursor + escritos;
+      estado_.terminada = escritos < nominal;
+    }
+    estado_.cursor += nominal;
+  }
 
   /// A first half of its own: writes a number at the cursor, right-aligned and zero-filled to `largura` (a
   /// minus sign included), and returns the count of bytes, more than `largura` where the number needs them.

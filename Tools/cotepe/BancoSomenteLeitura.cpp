@@ -1,0 +1,108 @@
+#include "BancoSomenteLeitura.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "Falha.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+constexpr int kPausa = 20;  // milliseconds between two tries for a lock
+
+// The first statement reads nothing yet; the second begins to, and so fixes the state that all others see.
+constexpr char kPreparo[] =
+    "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON; BEGIN;"
+    "SELECT count(*) FROM sqlite_schema";
+
+[[noreturn]] void naoAbre(const std::string& caminho, const std::string& encontrado) {
+  throw Falha(kNaoAbre, "cannot open the database", caminho, encontrado, "a fiscal database in a file",
+              "check --db");
+}
+
+// A pipe would be waited for, and a folder gives SQLite little to say.
+void exigeArquivo(const std::string& caminho) {
+  struct stat situacao {};
+  if (stat(caminho.c_str(), &situacao) != 0) naoAbre(caminho, motivoDoSistema(errno));
+  if (S_ISDIR(situacao.st_mode)) naoAbre(caminho, "a folder");
+  if (!S_ISREG(situacao.st_mode)) naoAbre(caminho, "something that is not a regular file");
+  if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
+}
+
+// SQLite takes some relative names for something else than a file.
+std::string comPasta(const std::string& caminho) { return caminho.front() == '/' ? caminho : "./" + caminho; }
+
+struct Explicacao {
+  std::string encontrado, esperado, oQueFazer;
+};
+
+Explicacao explica(sqlite3* banco, std::chrono::seconds espera) {
+  const int completo = sqlite3_extended_errcode(banco);
+  if (completo == SQLITE_READONLY_ROLLBACK || completo == SQLITE_READONLY_RECOVERY) {
+    return {"a transaction that its writer left unfinished", "a database at rest",
+            "let the application that owns it open it once, then try again"};
+  }
+  switch (completo & 0xff) {
+    case SQLITE_BUSY:
+      return {"it locked by another process, for more than " + std::to_string(espera.count()) + " s",
+              "to read it within --busy-timeout", "try again when the writer is done, or wait longer"};
+    case SQLITE_NOTADB:
+      return {"a file that is not an SQLite database", "a fiscal database", "check --db"};
+    case SQLITE_CORRUPT:
+      return {sqlite3_errmsg(banco), "a database that is whole", "restore it from a copy"};
+    case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:
+      return {
+          "-wal, -shm or -journal files that cannot be opened or made (" +
+              std::string(sqlite3_errmsg(banco)) + ")",
+          "them beside the database, or a folder where they can be made",
+          "copy the database together with those files to a folder that can be written, and read it there"};
+    default:
+      return {sqlite3_errmsg(banco), "a fiscal database that can be read", "check --db"};
+  }
+}
+
+}  // namespace
+
+BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono::seconds espera)
+    : espera_{espera, std::chrono::steady_clock::now()} {
+  exigeArquivo(caminho);
+  const int resultado = sqlite3_open_v2(comPasta(caminho).c_str(), &banco_, SQLITE_OPEN_READONLY, nullptr);
+  try {
+    if (resultado != SQLITE_OK) naoLe(caminho);
+    prepara(caminho);
+  } catch (...) {
+    sqlite3_close(banco_);
+    throw;
+  }
+}
+
+BancoSomenteLeitura::~BancoSomenteLeitura() { sqlite3_close(banco_); }
+
+void BancoSomenteLeitura::prepara(const std::string& caminho) {
+  sqlite3_extended_result_codes(banco_, 1);
+  sqlite3_busy_handler(banco_, aoOcupar, &espera_);
+  espera_.desde = std::chrono::steady_clock::now();
+  if (sqlite3_exec(banco_, kPreparo, nullptr, nullptr, nullptr) == SQLITE_OK) return;
+  paraSeInterrompido();
+  naoLe(caminho);
+}
+
+int BancoSomenteLeitura::aoOcupar(void* espera, int /*tentativas*/) {
+  const auto* limite = static_cast<const Espera*>(espera);
+  if (sinalRecebido() != 0 || std::chrono::steady_clock::now() - limite->desde >= limite->maximo) return 0;
+  sqlite3_sleep(kPausa);
+  return 1;
+}
+
+void BancoSomenteLeitura::naoLe(const std::string& caminho) const {
+  const Explicacao motivo = explica(banco_, espera_.maximo);
+  throw Falha(kNaoAbre, "cannot read the database", caminho, motivo.encontrado, motivo.esperado,
+              motivo.oQueFazer);
+}
+
+}  // namespace cotepe::programa

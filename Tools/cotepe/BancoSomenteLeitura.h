@@ -1,0 +1,37 @@
+// A fiscal database, opened so that nothing can be written and all reads see one committed state.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+struct sqlite3;
+
+namespace cotepe::programa {
+
+class BancoSomenteLeitura {
+ public:
+  /// Opens an existing file read-only (query_only on, trusted_schema off, cell_size_check on) and begins the
+  /// one read transaction that lasts as long as the object. Waits at most `espera` for a lock. Throws Falha
+  /// (kNaoAbre), which says what is wrong with the file, and Interrupcao when a signal comes while it waits.
+  BancoSomenteLeitura(const std::string& caminho, std::chrono::seconds espera);
+  ~BancoSomenteLeitura();
+  BancoSomenteLeitura(const BancoSomenteLeitura&) = delete;
+  BancoSomenteLeitura& operator=(const BancoSomenteLeitura&) = delete;
+
+  sqlite3* banco() const { return banco_; }
+
+ private:
+  struct Espera {
+    std::chrono::seconds maximo;
+    std::chrono::steady_clock::time_point desde;
+  };
+
+  static int aoOcupar(void* espera, int tentativas);
+  void prepara(const std::string& caminho);
+  [[noreturn]] void naoLe(const std::string& caminho) const;
+
+  sqlite3* banco_ = nullptr;
+  Espera espera_;
+};
+
+}  // namespace cotepe::programa

@@ -1,0 +1,57 @@
+#include "Descritor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "Falha.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+void espera(int descritor) {
+  pollfd pronto{descritor, POLLOUT, 0};
+  poll(&pronto, 1, -1);
+}
+
+}  // namespace
+
+Descritor::~Descritor() {
+  if (aberto()) close(numero_);
+}
+
+Descritor& Descritor::operator=(Descritor&& outro) noexcept {
+  std::swap(numero_, outro.numero_);
+  return *this;
+}
+
+void ocupaDescritoresPadrao() noexcept {
+  for (int numero = 0; numero <= 2; ++numero) {
+    if (fcntl(numero, F_GETFD) != -1 || errno != EBADF) continue;
+    // The lowest free number is the one just tried.
+    open("/dev/null", numero == 0 ? O_WRONLY : O_RDONLY);  // NOLINT(android-cloexec-open)
+  }
+}
+
+void escreveTudo(int descritor, std::string_view texto, const char* nome) {
+  while (!texto.empty()) {
+    const ssize_t escritos = write(descritor, texto.data(), texto.size());
+    const int erro = errno;
+    if (escritos >= 0) {
+      texto.remove_prefix(static_cast<std::size_t>(escritos));
+    } else if (erro == EAGAIN) {
+      espera(descritor);
+      paraSeInterrompido();
+    } else if (erro == EINTR) {
+      paraSeInterrompido();
+    } else {
+      throw Falha(kNaoEscreve, "cannot write the output", nome, motivoDoSistema(erro),
+                  "a place that takes all of it", "free some space or choose another place");
+    }
+  }
+}
+
+}  // namespace cotepe::programa

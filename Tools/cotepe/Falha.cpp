@@ -1,0 +1,12 @@
+#include "Falha.h"
+
+#include <cstdio>
+#include <system_error>
+
+namespace cotepe::programa {
+
+std::string motivoDoSistema(int codigo) { return std::generic_category().message(codigo); }
+
+void avisa(const std::string& texto) noexcept { std::fprintf(stderr, "cotepe: %s\n", texto.c_str()); }
+
+}  // namespace cotepe::programa

@@ -1,0 +1,149 @@
+#include "FormatosDoLeiaute.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+
+namespace cotepe::programa {
+namespace {
+
+constexpr std::size_t kColunas = 7;
+using Celulas = std::array<std::string, kColunas>;
+
+const Celulas kTitulos = {"No.", "Label", "Positions", "Width", "Kind", "Placeholder", "Condition"};
+constexpr std::array<bool, kColunas> kADireita = {true, false, false, true, false, false, false};
+
+std::string posicoes(const LinhaDaTabela& linha) {
+  if (linha.de == linha.ate) return std::to_string(linha.de);
+  return std::to_string(linha.de) + '-' + std::to_string(linha.ate);
+}
+
+Celulas celulasDe(const LinhaDaTabela& linha) {
+  return {std::to_string(linha.numero),
+          linha.rotulo,
+          posicoes(linha),
+          std::to_string(linha.largura),
+          linha.especie,
+          linha.vazio,
+          linha.condicao};
+}
+
+template <class Itens, class Texto>
+std::string lista(const Itens& itens, const char* separador, const Texto& texto) {
+  std::string junto;
+  for (const auto& item : itens) (junto += junto.empty() ? "" : separador) += texto(item);
+  return junto;
+}
+
+std::string comandos(const Registro& registro) {
+  const auto nomes = comandosDe(registro);
+  return nomes.empty() ? "none" : lista(nomes, ", ", [](const std::string& nome) { return nome; });
+}
+
+std::string ajuste(const TabelaDoLeiaute& tabela) {
+  const std::string versoes =
+      lista(tabela.versoes, " and ", [](int versao) { return std::to_string(versao); });
+  return (tabela.versoes.size() > 1 ? "Layouts " : "Layout ") + versoes +
+         (tabela.cat52 ? ", CAT52 mode" : "") + ": " + std::to_string(tabela.comprimento) + " bytes";
+}
+
+std::size_t caracteres(const std::string& texto) {
+  const auto continuacao = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  return texto.size() - static_cast<std::size_t>(std::count_if(texto.begin(), texto.end(), continuacao));
+}
+
+std::string alinhado(const Celulas& celulas, const std::array<std::size_t, kColunas>& larguras) {
+  std::string linha;
+  for (std::size_t i = 0; i < kColunas; ++i) {
+    const std::string brancos(larguras[i] - caracteres(celulas[i]), ' ');
+    linha += i == 0 ? "" : "  ";
+    linha += kADireita[i] ? brancos + celulas[i] : celulas[i] + brancos;
+  }
+  return linha.erase(linha.find_last_not_of(' ') + 1) + '\n';
+}
+
+std::string tabelaEmTexto(const TabelaDoLeiaute& tabela) {
+  std::vector<Celulas> todas = {kTitulos};
+  for (const LinhaDaTabela& linha : tabela.linhas) todas.push_back(celulasDe(linha));
+  std::array<std::size_t, kColunas> larguras{};
+  for (const Celulas& celulas : todas)
+    for (std::size_t i = 0; i < kColunas; ++i) larguras[i] = std::max(larguras[i], caracteres(celulas[i]));
+  return lista(todas, "", [&](const Celulas& celulas) { return alinhado(celulas, larguras); });
+}
+
+std::string emLinhaDeMarkdown(const Celulas& celulas) {
+  return "| " + lista(celulas, " | ", [](const std::string& c) { return c.empty() ? std::string(" ") : c; }) +
+         " |\n";
+}
+
+std::string tabelaEmMarkdown(const TabelaDoLeiaute& tabela) {
+  return emLinhaDeMarkdown(kTitulos) + "|---:|---|---|---:|---|---|---|\n" +
+         lista(tabela.linhas, "",
+               [](const LinhaDaTabela& linha) { return emLinhaDeMarkdown(celulasDe(linha)); });
+}
+
+// Whether the table is the first one of its register.
+bool primeira(const Tabelas& tabelas, std::size_t i) {
+  return i == 0 || tabelas[i - 1].registro != tabelas[i].registro;
+}
+
+nlohmann::ordered_json campoEmJson(const LinhaDaTabela& linha) {
+  return {{"number", linha.numero},     {"label", linha.rotulo},
+          {"from", linha.de},           {"to", linha.ate},
+          {"width", linha.largura},     {"kind", linha.especie},
+          {"placeholder", linha.vazio}, {"condition", linha.condicao}};
+}
+
+}  // namespace
+
+std::string emTexto(const Tabelas& tabelas) {
+  std::string texto;
+  for (std::size_t i = 0; i < tabelas.size(); ++i) {
+    const TabelaDoLeiaute& tabela = tabelas[i];
+    texto += i == 0 ? "" : "\n";
+    if (primeira(tabelas, i)) {
+      texto += std::string(tabela.registro->codigo) + "  " + tabela.registro->nome +
+               "\nCommands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio +
+               ".\n\n";
+    }
+    texto += ajuste(tabela) + ".\n" + tabelaEmTexto(tabela);
+  }
+  return texto;
+}
+
+std::string emMarkdown(const Tabelas& tabelas) {
+  std::string texto =
+      "# Registers of the type-E file\n\n"
+      "Made by `cotepe layout --format markdown` from the lists that the generator writes by. Widths are in "
+      "bytes,\n"
+      "positions count from 1. A placeholder record stands for a register that has no row.\n";
+  for (std::size_t i = 0; i < tabelas.size(); ++i) {
+    const TabelaDoLeiaute& tabela = tabelas[i];
+    if (primeira(tabelas, i)) {
+      texto += std::string("\n## ") + tabela.registro->codigo + " " + tabela.registro->nome +
+               "\n\nCommands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio +
+               ".\n";
+    }
+    texto += '\n' + ajuste(tabela) + ".\n\n" + tabelaEmMarkdown(tabela);
+  }
+  return texto;
+}
+
+std::string emJson(const Tabelas& tabelas) {
+  auto todas = nlohmann::ordered_json::array();
+  for (const TabelaDoLeiaute& tabela : tabelas) {
+    auto campos = nlohmann::ordered_json::array();
+    for (const LinhaDaTabela& linha : tabela.linhas) campos.push_back(campoEmJson(linha));
+    todas.push_back({{"register", tabela.registro->codigo},
+                     {"name", tabela.registro->nome},
+                     {"commands", comandosDe(*tabela.registro)},
+                     {"layouts", tabela.versoes},
+                     {"cat52", tabela.cat52},
+                     {"length", tabela.comprimento},
+                     {"placeholder", tabela.vazio},
+                     {"fields", campos}});
+  }
+  return todas.dump(2) + '\n';
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,48 @@
+#include "HospedeiroDoPrograma.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "ArquivoDeLog.h"
+#include "Falha.h"
+#include "Leiaute/Registro.h"
+#include "PreencheComChar.h"
+#include "Progresso.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+
+void HospedeiroDoPrograma::registraLog(const char* mensagem) {
+  paraSeInterrompido();
+  motivo_ = sqlite3_errmsg(banco_);
+  progresso_.limpa();
+  if (!log_.escreve((std::string(mensagem) + ": " + motivo_).c_str()))
+    avisa("cannot write the log: " + motivoDoSistema(errno));
+}
+
+void HospedeiroDoPrograma::dataHoraAtual(char* saida) {
+  std::memcpy(saida, momento_.c_str(), momento_.size() + 1);
+}
+
+void HospedeiroDoPrograma::preenche(char* texto, char* destino, int largura) {
+  PreencheComChar(texto, destino, largura, ' ', 1);
+}
+
+void HospedeiroDoPrograma::inicia(const Registro& registro) {
+  paraSeInterrompido();
+  motivo_.clear();
+  progresso_.etapa(registro.codigo);
+}
+
+void HospedeiroDoPrograma::conclui(const Registro& registro, long linhas, bool completo) {
+  etapas_.push_back({&registro, linhas, completo, motivo_});
+}
+
+bool HospedeiroDoPrograma::continua() noexcept {
+  progresso_.pulsa();
+  return sinalRecebido() == 0;
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,35 @@
+// What the command generate is told.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "Dia.h"
+#include "HospedeiroDoPrograma.h"
+
+namespace cotepe::programa {
+
+/// As the command line gives it.
+struct OpcoesDoGenerate {
+  std::string banco, de, ate, comando = "TDM", saida, log, versaoSb;
+  Identidade identidade;
+  int leiaute = 1;
+  int espera = 5;  // seconds
+  bool cat52 = false, substitui = false, guardaParcial = false, calado = false;
+
+  bool semNome() const { return saida.empty(); }
+  bool paraStdout() const { return saida == "-"; }
+};
+
+struct Periodo {
+  Dia de, ate;
+};
+
+/// Checks what can be checked before a file is touched. Throws Falha (kUsoErrado).
+Periodo confere(const OpcoesDoGenerate& opcoes);
+
+/// Throws Falha (kUsoErrado) where the report, which goes to `destino`, or the log would be written over the
+/// database or over each other.
+void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& destino);
+
+}  // namespace cotepe::programa

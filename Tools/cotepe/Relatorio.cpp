@@ -1,0 +1,111 @@
+#include "Relatorio.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "ArquivoDeLog.h"
+#include "BancoSomenteLeitura.h"
+#include "Falha.h"
+#include "Geracao.h"
+#include "NomeDoRelatorio.h"
+#include "Progresso.h"
+#include "Resumo.h"
+#include "Saida.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+constexpr int kPassosEntrePulsos = 10000;  // virtual-machine instructions of SQLite: well under a millisecond
+
+void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
+  if (arquivo.empty() || log.abre(arquivo.c_str())) return;
+  throw Falha(kNaoAbre, "cannot open the log", arquivo, motivoDoSistema(errno), "a file that can be written",
+              "choose another --log");
+}
+
+std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento) {
+  if (opcoes.paraStdout()) return saidaPadrao();
+  if (!opcoes.semNome()) return saidaEmArquivo(opcoes.saida, "", opcoes.substitui, opcoes.guardaParcial);
+  const NomeDoRelatorio nome(opcoes.comando, numeroDeFabricacao(banco, opcoes.identidade.serial), momento);
+  exigeArquivosDistintos(opcoes, nome.completo);
+  return saidaEmArquivo(nome.completo, nome.origem, opcoes.substitui, opcoes.guardaParcial);
+}
+
+void exigeGerado(int resultado, const OpcoesDoGenerate& opcoes, const std::string& saida,
+                 const std::string& motivo, int erro) {
+  if (resultado == kGerado) return;
+  if (resultado == kIdentidadeFalhou) {
+    throw Falha(kSemIdentidade, "cannot read the printer's identity", opcoes.banco, motivo,
+                "the tables dados_ecf and dados_usuario", "check that --db is a fiscal database");
+  }
+  const std::string encontrado =
+      erro != 0 ? motivoDoSistema(erro) : "a failure that the system does not explain";
+  if (resultado == kRelatorioNaoAberto)
+    throw Falha(kNaoAbre, "cannot open the temporary file", saida, encontrado, "to write it", "try again");
+  throw Falha(kNaoEscreve, "cannot write the output", saida, encontrado, "room for the whole report",
+              "free some space and try again");
+}
+
+void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) {
+  const std::string faltam = incompletos(etapas);
+  if (faltam.empty()) return;
+  const std::string texto = "the report is incomplete: " + faltam;
+  if (!guarda) throw Falha(kIncompleto, texto + "; --keep-partial keeps what there is");
+  throw Falha(kIncompleto, texto + "; what there is was kept as " + saida.guardaParcial());
+}
+
+void gera(const OpcoesDoGenerate& opcoes, const Periodo& periodo, sqlite3* banco,
+          HospedeiroDoPrograma& hospedeiro, Saida& saida) {
+  const auto continua = [](void* quem) {
+    return static_cast<HospedeiroDoPrograma*>(quem)->continua() ? 0 : 1;
+  };
+  sqlite3_progress_handler(banco, kPassosEntrePulsos, continua, &hospedeiro);
+  Geracao geracao(banco, hospedeiro);
+  geracao.setVersaoAtoCotepe(opcoes.leiaute);
+  geracao.setCAT52(opcoes.cat52);
+  errno = 0;
+  const int resultado = geracao.gera(saida.temporario().c_str(), periodo.de.ddmmaaaa().c_str(),
+                                     periodo.ate.ddmmaaaa().c_str(), opcoes.comando.c_str());
+  const int erro = errno;
+  paraSeInterrompido();
+  exigeGerado(resultado, opcoes, saida.nome(), hospedeiro.motivo(), erro);
+  exigeCompleto(hospedeiro.etapas(), opcoes.guardaParcial, saida);
+}
+
+// The text of a failure goes on with what became of the output.
+template <class Passos>
+void ouAbandona(Saida& saida, const Passos& passos) {
+  try {
+    passos();
+  } catch (const Falha& falha) {
+    const std::string destino = saida.abandona();
+    throw Falha(falha.situacao(), falha.what() + (destino.empty() ? destino : "; " + destino));
+  }
+}
+
+}  // namespace
+
+void geraRelatorio(const OpcoesDoGenerate& opcoes) {
+  const Periodo periodo = confere(opcoes);
+  if (!opcoes.semNome()) exigeArquivosDistintos(opcoes, opcoes.saida);
+  ArquivoDeLog log;
+  abreLog(log, opcoes.log);
+  Progresso progresso(opcoes.calado);
+  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::seconds(opcoes.espera));
+  const std::string momento = momentoAtual();
+  const auto saida = abreSaida(opcoes, banco.banco(), momento);
+  HospedeiroDoPrograma hospedeiro(opcoes.identidade, momento, banco.banco(), log, progresso);
+  ouAbandona(*saida, [&] {
+    gera(opcoes, periodo, banco.banco(), hospedeiro, *saida);
+    saida->entrega();
+  });
+  progresso.limpa();
+  if (opcoes.calado) return;
+  std::fputs(resumo(hospedeiro.etapas(), saida->nome(), saida->tamanho(), progresso.segundos()).c_str(),
+             stderr);
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,105 @@
+#include "Saida.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <vector>
+
+#include "ArquivoSeguro.h"
+#include "Descritor.h"
+#include "Falha.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+class SaidaEmArquivo final : public Saida {
+ public:
+  SaidaEmArquivo(const std::string& destino, const std::string& apelido, bool substitui)
+      : destino_(destino), substitui_(substitui), arquivo_(destino, apelido) {}
+
+  std::string temporario() const override { return arquivo_.temporario(); }
+  std::int64_t tamanho() const override { return arquivo_.tamanho(); }
+  std::string nome() const override { return destino_; }
+  void entrega() override { arquivo_.publica(destino_, substitui_); }
+
+  std::string guardaParcial() override {
+    const std::string parcial = nomeDoParcial(destino_);
+    arquivo_.publica(parcial, substitui_);
+    return parcial;
+  }
+
+  std::string abandona() override {
+    const std::string temporario = arquivo_.temporario();
+    if (temporario.empty()) return {};
+    return arquivo_.descarta() ? "the temporary file was removed" : "remove the temporary file " + temporario;
+  }
+
+ private:
+  std::string destino_;
+  bool substitui_;
+  ArquivoSeguro arquivo_;
+};
+
+class SaidaPadrao final : public Saida {
+ public:
+  SaidaPadrao() {
+    const char* pasta = std::getenv("TMPDIR");
+    std::string nome = std::string(pasta != nullptr && *pasta != '\0' ? pasta : "/tmp") + "/cotepe-XXXXXX";
+    arquivo_ = Descritor(mkostemp(nome.data(), O_CLOEXEC));
+    if (arquivo_.aberto() && unlink(nome.c_str()) == 0) return;
+    throw Falha(kNaoAbre, "cannot open a temporary file", nome, motivoDoSistema(errno),
+                "a folder where files can be made", "set TMPDIR to one");
+  }
+
+  std::string temporario() const override { return "/proc/self/fd/" + std::to_string(arquivo_.numero()); }
+
+  std::int64_t tamanho() const override {
+    struct stat situacao {};
+    return fstat(arquivo_.numero(), &situacao) == 0 ? situacao.st_size : 0;
+  }
+
+  std::string nome() const override { return "stdout"; }
+
+  void entrega() override {
+    std::vector<char> bloco(std::size_t{1} << 16);
+    comecou_ = true;
+    for (off_t posicao = 0;;) {
+      const ssize_t lidos = pread(arquivo_.numero(), bloco.data(), bloco.size(), posicao);
+      if (lidos < 0) {
+        throw Falha(kNaoEscreve, "cannot read the temporary file again", "stdout", motivoDoSistema(errno),
+                    "what was written to it", "see to the disk and try again");
+      }
+      if (lidos == 0) return;
+      escreveTudo(STDOUT_FILENO, {bloco.data(), static_cast<std::size_t>(lidos)}, "stdout");
+      posicao += lidos;
+    }
+  }
+
+  std::string abandona() override {
+    return comecou_ ? "what stdout got is not whole" : "nothing was written to stdout";
+  }
+
+ private:
+  Descritor arquivo_;
+  bool comecou_ = false;
+};
+
+}  // namespace
+
+std::string nomeDoParcial(const std::string& destino) { return destino + ".partial"; }
+
+std::unique_ptr<Saida> saidaEmArquivo(const std::string& destino, const std::string& apelido, bool substitui,
+                                      bool guarda) {
+  exigeDestino(destino, substitui);
+  if (guarda) exigeDestino(nomeDoParcial(destino), substitui);
+  return std::make_unique<SaidaEmArquivo>(destino, apelido, substitui);
+}
+
+std::unique_ptr<Saida> saidaPadrao() { return std::make_unique<SaidaPadrao>(); }
+
+}  // namespace cotepe::programa

@@ -1,0 +1,44 @@
+// Where a report goes once it is whole: a file, or stdout.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace cotepe::programa {
+
+class Saida {
+ public:
+  virtual ~Saida() = default;
+
+  /// The file for the generator to write, and what was written there, in bytes.
+  virtual std::string temporario() const = 0;
+  virtual std::int64_t tamanho() const = 0;
+
+  /// What users call the output.
+  virtual std::string nome() const = 0;
+
+  /// Delivers the whole report. Throws Falha (kNaoEscreve; kNaoAbre where the name was taken meanwhile) and
+  /// Interrupcao.
+  virtual void entrega() = 0;
+
+  /// Keeps a report that is not whole under a name that says so, and returns that name. Throws as `entrega`.
+  /// Stdout keeps none.
+  virtual std::string guardaParcial() { return {}; }
+
+  /// Gives up what was not delivered; what became of it, as the end of a sentence, or nothing to say.
+  virtual std::string abandona() = 0;
+};
+
+/// The name under which the part that there is of a report is kept.
+std::string nomeDoParcial(const std::string& destino);
+
+/// `apelido` as of ArquivoSeguro; `guarda`: the name of the partial report must be free, too. Throws Falha
+/// (kNaoAbre).
+std::unique_ptr<Saida> saidaEmArquivo(const std::string& destino, const std::string& apelido, bool substitui,
+                                      bool guarda);
+
+/// Stdout, which gets nothing before the report is whole. Throws Falha (kNaoAbre).
+std::unique_ptr<Saida> saidaPadrao();
+
+}  // namespace cotepe::programa

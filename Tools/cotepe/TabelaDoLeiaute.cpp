@@ -1,0 +1,138 @@
+#include "TabelaDoLeiaute.h"
+
+#include <tuple>
+
+namespace cotepe::programa {
+namespace {
+
+std::string nomeDaEspecie(const Campo& campo) {
+  switch (campo.especie) {
+    case Especie::Texto:
+    case Especie::Preenchido:
+      return "text";
+    case Especie::ComoEsta:
+      return "text, never filled";
+    case Especie::Numero:
+      return "number";
+    case Especie::Contador:
+      return "document counter";
+    case Especie::Identificador:
+      return "unsigned number";
+    case Especie::Dinheiro:
+    case Especie::DinheiroDuplo:
+      return "money in cents";
+    case Especie::Decimal:
+      return campo.colunaDasCasas >= 0 ? "decimal, 2 or 3 places" : "decimal, 2 places";
+    case Especie::Data:
+    case Especie::DataPronta:
+      return "date AAAAMMDD";
+    case Especie::Hora:
+    case Especie::HoraPronta:
+      return "hour HHMMSS";
+  }
+  return {};
+}
+
+bool numerica(Especie especie) {
+  return especie == Especie::Numero || especie == Especie::Contador || especie == Especie::Identificador ||
+         especie == Especie::Dinheiro || especie == Especie::DinheiroDuplo || especie == Especie::Decimal;
+}
+
+// The fields before the first one of a row stand in a placeholder record as in any other, and so do a date
+// and an hour that are ready: they are the run's.
+std::string vazioDe(const Campo& campo, bool noCabecalho) {
+  if (noCabecalho || campo.especie == Especie::DataPronta || campo.especie == Especie::HoraPronta)
+    return "as in a record";
+  if (campo.textoVazio != nullptr) return '"' + std::string(campo.textoVazio) + '"';
+  return numerica(campo.especie) ? "zeros" : "blanks";
+}
+
+void junta(std::string& texto, const char* outro) { (texto += texto.empty() ? "" : "; ") += outro; }
+
+std::string condicaoDe(const Campo& campo) {
+  std::string texto;
+  if (campo.soNaVersao2) junta(texto, "layout 2 only");
+  if (campo.soForaDoCat52) junta(texto, "not in CAT52 mode");
+  if (campo.posicao != 0) junta(texto, "always at this position");
+  if (campo.desloca) junta(texto, "a longer number moves the later fields");
+  if (campo.naoAvanca) junta(texto, "what follows begins at the same position");
+  if (campo.naoAvancaVazio) junta(texto, "in a placeholder what follows begins at the same position");
+  return texto;
+}
+
+bool temVazio(const Registro& registro, bool cat52) {
+  return registro.vazio == Vazio::Sempre || (registro.vazio == Vazio::ForaDoCat52 && !cat52);
+}
+
+std::string quandoVazio(const Registro& registro, bool cat52) {
+  if (!temVazio(registro, cat52)) return "none";
+  return registro.vazio == Vazio::Sempre ? "always" : "outside CAT52 mode";
+}
+
+// A field that begins before the one ahead of it ends takes the end of it away.
+void anotaSobreposicoes(std::vector<LinhaDaTabela>& linhas) {
+  for (std::size_t i = 1; i < linhas.size(); ++i) {
+    if (linhas[i].de > linhas[i - 1].ate) continue;
+    junta(linhas[i - 1].condicao,
+          ("overwritten from position " + std::to_string(linhas[i].de) + " on").c_str());
+  }
+}
+
+std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool cat52) {
+  std::vector<LinhaDaTabela> linhas;
+  int posicao = 1;
+  bool noCabecalho = true;
+  for (const Campo& campo : registro.campos) {
+    noCabecalho = noCabecalho && campo.origem.fixa();
+    if (!campo.existe(versao, cat52)) continue;
+    if (campo.posicao != 0) posicao = campo.posicao;
+    const int largura = larguraNominal(campo, versao);
+    linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, posicao, posicao + largura - 1,
+                      largura, nomeDaEspecie(campo),
+                      temVazio(registro, cat52) ? vazioDe(campo, noCabecalho) : "-", condicaoDe(campo)});
+    if (!campo.naoAvanca) posicao += largura;
+  }
+  anotaSobreposicoes(linhas);
+  return linhas;
+}
+
+bool iguais(const std::vector<LinhaDaTabela>& a, const std::vector<LinhaDaTabela>& b) {
+  const auto partes = [](const LinhaDaTabela& l) {
+    return std::tie(l.rotulo, l.de, l.ate, l.especie, l.vazio, l.condicao);
+  };
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i)
+    if (partes(a[i]) != partes(b[i])) return false;
+  return true;
+}
+
+}  // namespace
+
+std::vector<std::string> comandosDe(const Registro& registro) {
+  std::vector<std::string> comandos;
+  for (const char* comando : {"MF", "MFD", "TDM", "RZ"})
+    if (registro.despachado(comando, 2)) comandos.emplace_back(comando);
+  return comandos;
+}
+
+std::vector<TabelaDoLeiaute> tabelasDe(const Registro& registro, const std::vector<int>& versoes,
+                                       bool cat52) {
+  std::vector<TabelaDoLeiaute> tabelas;
+  for (const int versao : versoes) {
+    if (registro.soNaVersao2 && versao != 2) continue;
+    auto linhas = linhasDe(registro, versao, cat52);
+    if (!tabelas.empty() && iguais(tabelas.back().linhas, linhas)) {
+      tabelas.back().versoes.push_back(versao);
+      continue;
+    }
+    tabelas.push_back({&registro,
+                       {versao},
+                       cat52,
+                       comprimento(registro.campos, versao, cat52),
+                       quandoVazio(registro, cat52),
+                       std::move(linhas)});
+  }
+  return tabelas;
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,78 @@
+// cotepe, the program: a table of commands.
+#include <unistd.h>
+
+#include <cstdio>
+#include <new>
+
+#include "Comandos.h"
+#include "Descritor.h"
+#include "Falha.h"
+#include "Sinais.h"
+
+namespace {
+
+using namespace cotepe::programa;
+
+constexpr struct {
+  const char* nome;
+  const char* descricao;
+  Execucao (*declara)(CLI::App&);
+} kComandos[] = {
+    {"generate", "Write the report of a period", declaraGenerate},
+    {"sample", "Make a fiscal database to try with", declaraSample},
+    {"schema", "Print the SQL of a fiscal database", declaraSchema},
+    {"layout", "Print the field tables of the registers", declaraLayout},
+};
+
+constexpr char kRodape[] =
+    "Exit status:\n"
+    "  0  done\n"
+    "  1  incomplete: a query failed, the registers concerned are named\n"
+    "  2  wrong usage\n"
+    "  3  the database or the output cannot be opened\n"
+    "  4  writing failed\n"
+    "  5  the identity query failed\n"
+    "  128 and the signal's number: interrupted";
+
+void executa(int argc, char** argv) {
+  CLI::App app("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database.",
+               "cotepe");
+  app.footer(kRodape);
+  app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, "Print the version and exit");
+  app.require_subcommand(1);
+  Execucao escolhida;
+  for (const auto& comando : kComandos) {
+    CLI::App* sub = app.add_subcommand(comando.nome, comando.descricao);
+    sub->callback([&escolhida, execucao = comando.declara(*sub)] { escolhida = execucao; });
+  }
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return escreveTudo(STDOUT_FILENO, app.help(), "stdout");
+  } catch (const CLI::CallForVersion& versao) {
+    return escreveTudo(STDOUT_FILENO, versao.what() + std::string("\n"), "stdout");
+  } catch (const CLI::ParseError& erro) {
+    throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe --help");
+  }
+  escolhida();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ocupaDescritoresPadrao();
+  instalaSinais();
+  try {
+    executa(argc, argv);
+    return kFeito;
+  } catch (const Falha& falha) {
+    avisa(falha.what());
+    return falha.situacao();
+  } catch (const std::bad_alloc&) {
+    std::fputs("cotepe: out of memory\n", stderr);
+    return kNaoEscreve;
+  } catch (const std::exception& erro) {
+    avisa(erro.what());
+    return kNaoEscreve;
+  }
+}

@@ -1,0 +1,2 @@
+.read ../esquema.sql
+.read ../hostil.sql

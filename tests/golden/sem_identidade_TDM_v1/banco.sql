@@ -1,0 +1,2 @@
+.read ../esquema.sql
+.read ../sem_usuarios.sql

@@ -1,0 +1,2 @@
+-- The identity query has no second table.
+DROP TABLE dados_usuario;

@@ -1,0 +1,2 @@
+.read ../esquema.sql
+.read ../uma_linha.sql

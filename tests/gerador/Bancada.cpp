@@ -21,7 +21,7 @@ void Quorvel_GravaLog(char* mensagem) {
   if (g_aoRegistrar != nullptr) g_aoRegistrar();
 }
 
-void RtcAbsoluteTime::GetCurrentDateTime() {}
+void RtcAbsoluteTime::GetCurrentDateTime() { tm_ = std::tm{}; }
 void RtcAbsoluteTime::ToStrDateTime(char* /*dateFormat*/, char* /*timeFormat*/, char* out) {
   std::strcpy(out, g_carimbo.c_str());
 }

@@ -1,0 +1,15 @@
+// The least that a host application does: minimo DATABASE REPORT FIRST_DAY LAST_DAY, days as DDMMYYYY.
+#include <sqlite3.h>
+
+#include "CotepeManager.h"
+
+int main(int argc, char** argv) {
+  if (argc != 5) return 2;
+  sqlite3* banco = nullptr;
+  if (sqlite3_open_v2(argv[1], &banco, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) return 3;
+  CotepeManager gerador(banco);
+  gerador.setVersaoAtoCotepe(2);
+  const int resultado = gerador.GeraRegistrosTipoE(argv[2], argv[3], argv[4], "TDM");
+  sqlite3_close(banco);
+  return resultado;
+}

@@ -13,5 +13,6 @@ Execucao declaraGenerate(CLI::App& comando);
 Execucao declaraSample(CLI::App& comando);
 Execucao declaraSchema(CLI::App& comando);
 Execucao declaraLayout(CLI::App& comando);
+Execucao declaraValidate(CLI::App& comando);
 
 }  // namespace cotepe::programa

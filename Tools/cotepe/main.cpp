@@ -22,6 +22,7 @@ constexpr struct {
     {"sample", "Make a fiscal database to try with", declaraSample},
     {"schema", "Print the SQL of a fiscal database", declaraSchema},
     {"layout", "Print the field tables of the registers", declaraLayout},
+    {"validate", "Check a report against the rules", declaraValidate},
 };
 
 constexpr char kRodape[] =

@@ -1,0 +1,30 @@
+#include "FluxoDeSaida.h"
+
+#include <unistd.h>
+
+#include "Descritor.h"
+
+namespace cotepe::programa {
+
+// The stream passes on what its buffer throws, once it is told to.
+FluxoDeSaida::FluxoDeSaida() : std::ostream(nullptr) {
+  rdbuf(&bloco_);
+  exceptions(std::ios::badbit);
+}
+
+FluxoDeSaida::Bloco::Bloco() { setp(bytes_.data(), bytes_.data() + bytes_.size()); }
+
+int FluxoDeSaida::Bloco::overflow(int c) {
+  sync();
+  if (c == traits_type::eof()) return traits_type::not_eof(c);
+  return sputc(static_cast<char>(c));
+}
+
+int FluxoDeSaida::Bloco::sync() {
+  const std::string_view cheio(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+  setp(bytes_.data(), bytes_.data() + bytes_.size());
+  escreveTudo(STDOUT_FILENO, cheio, "stdout");
+  return 0;
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,43 @@
+#include "RelatorioLido.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "Falha.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+Descritor abre(const std::string& caminho) {
+  if (caminho == "-") return Descritor();
+  Descritor arquivo(open(caminho.c_str(), O_RDONLY | O_CLOEXEC));
+  if (arquivo.aberto()) return arquivo;
+  throw Falha(kUsoErrado, "cannot open the report", caminho, motivoDoSistema(errno),
+              "a file that can be read", "correct the name");
+}
+
+}  // namespace
+
+RelatorioLido::RelatorioLido(const std::string& caminho)
+    : nome_(caminho == "-" ? "stdin" : caminho),
+      arquivo_(abre(caminho)),
+      linhas_([this](char* destino, std::size_t tamanho) { return le(destino, tamanho); }) {}
+
+long RelatorioLido::le(char* destino, std::size_t tamanho) const {
+  for (;;) {
+    paraSeInterrompido();
+    const ssize_t lidos = read(arquivo_.aberto() ? arquivo_.numero() : STDIN_FILENO, destino, tamanho);
+    if (lidos >= 0 || errno != EINTR) return lidos;
+  }
+}
+
+void RelatorioLido::confereLeitura() const {
+  if (linhas_.erro() == 0) return;
+  throw Falha(kUsoErrado, "cannot read the report", nome_, motivoDoSistema(linhas_.erro()),
+              "a file that can be read", "check the disk it is on");
+}
+
+}  // namespace cotepe::programa

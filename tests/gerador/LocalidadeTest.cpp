@@ -14,15 +14,15 @@
 
 namespace {
 
-// The locale is made in a folder of its own, among the tests; without it every test here fails.
+// The locale is made in a folder of its own, among the tests; without it every test here fails (a failure
+// in the set-up itself would only skip them).
 class Localidade : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     pasta = std::filesystem::absolute("localidade-" + std::to_string(getpid()));
     std::filesystem::create_directories(pasta);
     const std::string comando = "localedef -i pt_BR -f UTF-8 '" + (pasta / "pt_BR.UTF-8").string() + "'";
-    EXPECT_EQ(std::system(comando.c_str()), 0)
-        << comando;  // NOLINT(cert-env33-c): a fixed command of our own
+    resultado = std::system(comando.c_str());  // NOLINT(cert-env33-c): a fixed command of our own
     setenv("LOCPATH", pasta.c_str(), 1);
   }
   static void TearDownTestSuite() { std::filesystem::remove_all(pasta); }
@@ -30,7 +30,8 @@ class Localidade : public testing::Test {
 
   // Whether the decimal comma is in force: asked of the C library itself.
   static void entra() {
-    ASSERT_NE(std::setlocale(LC_ALL, "pt_BR.UTF-8"), nullptr) << "the locale pt_BR.UTF-8 could not be made";
+    ASSERT_EQ(resultado, 0) << "localedef could not make the locale";
+    ASSERT_NE(std::setlocale(LC_ALL, "pt_BR.UTF-8"), nullptr);
     std::array<char, 8> texto{};
     std::snprintf(texto.data(), texto.size(), "%.1f", 1.5);
     ASSERT_STREQ(texto.data(), "1,5");
@@ -39,6 +40,7 @@ class Localidade : public testing::Test {
 
  private:
   static inline std::filesystem::path pasta;
+  static inline int resultado = -1;
 };
 
 TEST_F(Localidade, DecimalNumbersAreReadWithAPoint) {

@@ -11,6 +11,11 @@
 namespace cotepe {
 namespace {
 
+constexpr char kAbreSarif[] =
+    "{\"$schema\":\"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
+    "sarif-schema-2.1.0.json\","
+    "\"version\":\"2.1.0\",\"runs\":[{\"results\":[";
+
 constexpr char kVermelho[] = "\033[1;31m", kAmarelo[] = "\033[1;33m", kVerde[] = "\033[1;32m",
                kNormal[] = "\033[0m";
 
@@ -158,7 +163,7 @@ void SaidaDeAchados::terminaJson() {
 
 void SaidaDeAchados::escreveSarif(const Achado& achado) {
   regras_.insert(achado.regra);
-  saida_ << (escritos_ == 0 ? "{\"version\":\"2.1.0\",\"runs\":[{\"results\":[\n" : ",\n");
+  saida_ << (escritos_ == 0 ? kAbreSarif : ",") << '\n';
   saida_ << "{\"ruleId\":" << textoJson(achado.regra) << ",\"level\":\"" << palavra(achado.severidade)
          << "\",\"message\":{\"text\":" << textoJson(mensagem(achado))
          << "},\"locations\":[{\"physicalLocation\":{"
@@ -175,7 +180,7 @@ void SaidaDeAchados::escreveSarif(const Achado& achado) {
 }
 
 void SaidaDeAchados::terminaSarif() {
-  if (escritos_ == 0) saida_ << "{\"version\":\"2.1.0\",\"runs\":[{\"results\":[";
+  if (escritos_ == 0) saida_ << kAbreSarif;
   saida_ << "\n],\"tool\":{\"driver\":{\"name\":\"cotepe\",\"rules\":[";
   bool primeira = true;
   for (const std::string& regra : regras_) {

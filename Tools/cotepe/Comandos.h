@@ -14,5 +14,6 @@ Execucao declaraSample(CLI::App& comando);
 Execucao declaraSchema(CLI::App& comando);
 Execucao declaraLayout(CLI::App& comando);
 Execucao declaraValidate(CLI::App& comando);
+Execucao declaraShow(CLI::App& comando);
 
 }  // namespace cotepe::programa

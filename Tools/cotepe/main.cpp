@@ -23,6 +23,7 @@ constexpr struct {
     {"schema", "Print the SQL of a fiscal database", declaraSchema},
     {"layout", "Print the field tables of the registers", declaraLayout},
     {"validate", "Check a report against the rules", declaraValidate},
+    {"show", "Print the records of a report by label and value", declaraShow},
 };
 
 constexpr char kRodape[] =

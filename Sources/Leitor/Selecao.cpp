@@ -1,0 +1,42 @@
+#include "Selecao.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "Leiaute/Releitura.h"
+
+namespace cotepe {
+namespace {
+
+bool temNumero(const RegistroLido& lido, const char* rotulo, std::int64_t procurado) {
+  for (std::size_t i = 0; i < lido.quantos; ++i) {
+    std::int64_t valor = 0;
+    if (std::strcmp(lido.campos[i].campo->rotulo, rotulo) == 0 && leNumero(lido.bytes(i), valor) &&
+        valor == procurado)
+      return true;
+  }
+  return false;
+}
+
+bool temDataEntre(const RegistroLido& lido, const std::string& de, const std::string& ate) {
+  for (std::size_t i = 0; i < lido.quantos; ++i) {
+    const std::string_view data = lido.bytes(i);
+    if (deData(lido.campos[i].campo->especie) && dataPossivel(data) && (de.empty() || data >= de) &&
+        (ate.empty() || data <= ate))
+      return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool Selecao::aceita(const RegistroLido& lido) const {
+  if (linha != 0 && lido.linha.numero != linha) return false;
+  if (!registros.empty() && std::find(registros.begin(), registros.end(), lido.indice) == registros.end())
+    return false;
+  if (coo >= 0 && !temNumero(lido, "COO", coo)) return false;
+  if (crz >= 0 && !temNumero(lido, "CRZ", crz)) return false;
+  return (de.empty() && ate.empty()) || temDataEntre(lido, de, ate);
+}
+
+}  // namespace cotepe

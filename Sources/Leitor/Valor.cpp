@@ -1,0 +1,114 @@
+#include "Valor.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "Leiaute/Releitura.h"
+#include "Trecho.h"
+
+namespace cotepe {
+namespace {
+
+// The decimal places of a scaled field stand in another field of the record.
+std::size_t casasDe(const RegistroLido& lido, const Campo& campo) {
+  if (campo.colunaDasCasas < 0) return 2;
+  for (std::size_t i = 0; i < lido.quantos; ++i) {
+    const Origem& origem = lido.campos[i].campo->origem;
+    if (origem.tipo == Origem::Tipo::Coluna && origem.coluna == campo.colunaDasCasas)
+      return lido.bytes(i) == "3" ? 3 : 2;
+  }
+  return 2;
+}
+
+std::string semZeros(std::string_view digitos) {
+  const std::size_t primeiro = digitos.find_first_not_of('0');
+  return std::string(primeiro == std::string_view::npos ? "0" : digitos.substr(primeiro));
+}
+
+std::string comPonto(std::string_view digitos, std::size_t casas) {
+  const std::size_t inteiros = digitos.size() - casas;
+  return semZeros(digitos.substr(0, inteiros)) + '.' + std::string(digitos.substr(inteiros));
+}
+
+std::string pedacos(std::string_view bytes, std::string_view molde) {
+  std::string texto;
+  std::size_t i = 0;
+  for (const char c : molde) texto += c == '#' ? bytes[i++] : c;
+  return texto;
+}
+
+bool deDinheiro(Especie especie) { return especie == Especie::Dinheiro || especie == Especie::DinheiroDuplo; }
+
+Valor valorBemFormado(const RegistroLido& lido, const Campo& campo, std::string_view bytes) {
+  if (deData(campo.especie))
+    return soBrancos(bytes) ? Valor{TipoDeValor::Ausente, ""}
+                            : Valor{TipoDeValor::Data, pedacos(bytes, "####-##-##")};
+  if (deHora(campo.especie))
+    return soBrancos(bytes) ? Valor{TipoDeValor::Ausente, ""}
+                            : Valor{TipoDeValor::Hora, pedacos(bytes, "##:##:##")};
+  if (deDinheiro(campo.especie)) return {TipoDeValor::Decimal, comPonto(bytes, 2)};
+  if (campo.especie == Especie::Decimal) return {TipoDeValor::Decimal, comPonto(bytes, casasDe(lido, campo))};
+  if (campo.especie == Especie::Identificador) return {TipoDeValor::Identificador, std::string(bytes)};
+  if (numerica(campo.especie)) return {TipoDeValor::Inteiro, semZeros(bytes)};
+  return {TipoDeValor::Texto, std::string(semBrancosNoFim(bytes))};
+}
+
+bool temFormaPropria(Especie especie) { return numerica(especie) || deData(especie) || deHora(especie); }
+
+}  // namespace
+
+Valor valorDe(const RegistroLido& lido, std::size_t i) {
+  const CampoLido& lugar = lido.campos[i];
+  const Campo& campo = *lugar.campo;
+  const std::string_view bytes = lugar.em(lido.linha.texto);
+  const bool inteiro = bytes.size() == static_cast<std::size_t>(lugar.largura);
+  const bool coberto = campo.largura > 0 && lugar.largura < campo.largura;
+  const bool malFormado = temFormaPropria(campo.especie) && defeito(campo.especie, bytes) != Defeito::Nenhum;
+  if (!inteiro || coberto || malFormado) return {TipoDeValor::Bytes, std::string(bytes)};
+  return valorBemFormado(lido, campo, bytes);
+}
+
+std::string paraPessoas(const Valor& valor, std::string_view bytes) {
+  switch (valor.tipo) {
+    case TipoDeValor::Decimal: {
+      std::string texto = valor.texto;
+      std::size_t ponto = texto.find('.');
+      texto[ponto] = ',';
+      for (; ponto > 3; ponto -= 3) texto.insert(ponto - 3, 1, '.');
+      return texto;
+    }
+    case TipoDeValor::Data:
+      return valor.texto.substr(8, 2) + '/' + valor.texto.substr(5, 2) + '/' + valor.texto.substr(0, 4);
+    case TipoDeValor::Inteiro:
+      return std::string(bytes);
+    case TipoDeValor::Texto:
+    case TipoDeValor::Bytes:
+      return mostravel(valor.texto);
+    default:
+      return valor.texto;
+  }
+}
+
+bool pessoal(const Campo& campo) {
+  for (const char* rotulo :
+       {"Nome do consumidor", "CPF/CNPJ do consumidor", "Texto suplementar", "Texto complementar"})
+    if (std::strcmp(campo.rotulo, rotulo) == 0) return true;
+  return false;
+}
+
+std::string mascarado(std::string_view bytes) {
+  std::string texto(semBrancosNoFim(bytes));
+  std::replace_if(
+      texto.begin(), texto.end(), [](char c) { return c != ' '; }, '*');
+  return texto;
+}
+
+std::string rotuloUnico(const RegistroLido& lido, std::size_t campo) {
+  int ordem = 1;
+  for (std::size_t i = 0; i < campo; ++i)
+    if (lido.campos[i].campo == lido.campos[campo].campo) ++ordem;
+  const std::string rotulo = lido.campos[campo].campo->rotulo;
+  return ordem == 1 ? rotulo : rotulo + " (" + std::to_string(ordem) + ')';
+}
+
+}  // namespace cotepe

@@ -1,0 +1,44 @@
+// What a field of a record means.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "LeitorDeRegistros.h"
+
+namespace cotepe {
+
+enum class TipoDeValor : std::uint8_t {
+  Texto,
+  Inteiro,
+  Decimal,        // money in reais, and quantities
+  Identificador,  // digits that are no amount: CNPJ, CPF
+  Data,
+  Hora,
+  Ausente,  // a date or an hour of blanks
+  Bytes,    // not of its kind, cut short, or partly covered by another field: as it stands
+};
+
+struct Valor {
+  TipoDeValor tipo = TipoDeValor::Texto;
+  std::string
+      texto;  // for programs: 1234.56, 2024-01-31, 23:59:59, without leading zeros and trailing blanks
+};
+
+/// The value of a field of the record, counted from 0 among those that stand on the line.
+Valor valorDe(const RegistroLido& lido, std::size_t campo);
+
+/// The same as people of the country write it: 1.234,56 and 31/01/2024; numbers of counters as on the line.
+std::string paraPessoas(const Valor& valor, std::string_view bytes);
+
+/// Whether the field tells about a consumer: the name, the CPF or CNPJ, the free texts of a coupon.
+bool pessoal(const Campo& campo);
+
+/// A '*' for each character that is not blank.
+std::string mascarado(std::string_view bytes);
+
+/// The label of a field; of those that a line repeats, the second one and on with its number: "CNPJ (2)".
+std::string rotuloUnico(const RegistroLido& lido, std::size_t campo);
+
+}  // namespace cotepe

@@ -1,0 +1,100 @@
+// cotepe show: the records of a report by label and value.
+#include <cctype>
+#include <memory>
+#include <vector>
+
+#include "Comandos.h"
+#include "Dia.h"
+#include "Exibicao.h"
+#include "Falha.h"
+#include "FluxoDeSaida.h"
+#include "RelatorioLido.h"
+#include "Selecao.h"
+
+namespace cotepe::programa {
+namespace {
+
+struct OpcoesDoShow {
+  std::string arquivo, formato = "text", de, ate;
+  std::vector<std::string> registros;
+  Selecao selecao;
+  bool tabela = false, mascara = false;
+};
+
+// AAAAMMDD, or nothing for nothing.
+std::string diaPedido(const char* opcao, const std::string& texto) {
+  if (texto.empty()) return {};
+  const std::string iso = exigeDia(opcao, texto).iso();
+  return iso.substr(0, 4) + iso.substr(5, 2) + iso.substr(8, 2);
+}
+
+Selecao selecaoDe(const OpcoesDoShow& opcoes) {
+  Selecao selecao = opcoes.selecao;
+  for (std::string codigo : opcoes.registros) {
+    for (char& c : codigo) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    const int indice = indiceDoRegistro(codigo);
+    if (indice < 0) throw Falha(kUsoErrado, "wrong usage", "--register", codigo, "E01 to E22", "correct it");
+    selecao.registros.push_back(indice);
+  }
+  selecao.de = diaPedido("--from", opcoes.de);
+  selecao.ate = diaPedido("--to", opcoes.ate);
+  return selecao;
+}
+
+FormatoDeExibicao formatoDe(const OpcoesDoShow& opcoes) {
+  if (opcoes.formato == "json") return FormatoDeExibicao::Json;
+  if (opcoes.formato == "csv")
+    return opcoes.registros.size() == 1 ? FormatoDeExibicao::CsvDeUmRegistro : FormatoDeExibicao::Csv;
+  return opcoes.tabela ? FormatoDeExibicao::Tabela : FormatoDeExibicao::Texto;
+}
+
+void executa(const OpcoesDoShow& opcoes) {
+  const Selecao selecao = selecaoDe(opcoes);
+  RelatorioLido relatorio(opcoes.arquivo);
+  FluxoDeSaida fluxo;
+  const auto exibicao = novaExibicao(formatoDe(opcoes), fluxo, opcoes.mascara);
+  LeitorDeRegistros registros(relatorio.linhas());
+  for (RegistroLido lido; registros.proximo(lido);) {
+    if (selecao.aceita(lido)) exibicao->mostra(lido);
+    if (selecao.linha == lido.linha.numero) break;
+  }
+  fluxo.flush();
+  relatorio.confereLeitura();
+}
+
+}  // namespace
+
+Execucao declaraShow(CLI::App& comando) {
+  const auto o = std::make_shared<OpcoesDoShow>();
+  comando.add_option("FILE", o->arquivo, "The report; - for stdin")->required();
+  comando.add_option("--register", o->registros, "Only this register, E01 to E22; may be given again")
+      ->type_name("REGISTER")
+      ->delimiter(',')
+      ->expected(1)
+      ->take_all();
+  comando.add_option("--line", o->selecao.linha, "Only this line")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
+  comando.add_option("--coo", o->selecao.coo, "Only records with this COO")
+      ->type_name("N")
+      ->check(CLI::NonNegativeNumber);
+  comando.add_option("--crz", o->selecao.crz, "Only records with this CRZ")
+      ->type_name("N")
+      ->check(CLI::NonNegativeNumber);
+  comando
+      .add_option("--from", o->de, "Only records with a date on this day or later, DDMMYYYY or YYYY-MM-DD")
+      ->type_name("DAY");
+  comando.add_option("--to", o->ate, "Only records with a date on this day or earlier")->type_name("DAY");
+  comando.add_option("--format", o->formato, "text, json (an object a line) or csv (text)")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json", "csv"}));
+  comando.add_flag("--table", o->tabela, "Text with one row a record");
+  comando.add_flag("--mask", o->mascara,
+                   "Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon");
+  comando.footer(
+      "Of one --register csv has a row a record, otherwise a row a field.\n"
+      "Exit status: 0 done, 2 could not run.");
+  return [o] { executa(*o); };
+}
+
+}  // namespace cotepe::programa

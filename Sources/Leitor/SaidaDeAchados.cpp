@@ -43,17 +43,26 @@ std::string doCampo(const Achado& achado) {
   return texto;
 }
 
-// All that follows the rule's name.
-std::string mensagem(const Achado& achado) {
-  std::string texto = doCampo(achado);
+// Found, expected and what to do, as one sentence.
+std::string sentenca(const Achado& achado) {
+  std::string texto;
   const auto junta = [&texto](const char* separador, const std::string& parte) {
-    if (!texto.empty()) texto += separador;
-    texto += parte;
+    texto += (texto.empty() ? "" : separador) + parte;
   };
-  if (!achado.encontrado.empty()) junta(": ", "found " + achado.encontrado);
-  if (!achado.esperado.empty()) junta(achado.encontrado.empty() ? ": " : ", ", "expected " + achado.esperado);
+  if (!achado.encontrado.empty()) junta("", "found " + achado.encontrado);
+  if (!achado.esperado.empty()) junta(", ", "expected " + achado.esperado);
   if (!achado.conserto.empty()) junta(" ", '(' + achado.conserto + ')');
   return texto;
+}
+
+std::string mensagem(const Achado& achado) {
+  const std::string campo = doCampo(achado);
+  return campo.empty() ? sentenca(achado) : campo + ": " + sentenca(achado);
+}
+
+std::string depoisDaSeveridade(const Achado& achado) {
+  const std::string campo = doCampo(achado);
+  return ' ' + achado.regra + (campo.empty() ? "" : ' ' + campo) + ": " + sentenca(achado);
 }
 
 std::string plural(long quantos, const char* nome) {
@@ -76,8 +85,7 @@ bool formatoDeAchados(const std::string& nome, FormatoDeAchados& formato) {
 
 std::string textoDoAchado(const Achado& achado) {
   const std::string onde = lugar(achado);
-  return (onde.empty() ? onde : onde + ": ") + palavra(achado.severidade) + ' ' + achado.regra + ' ' +
-         mensagem(achado);
+  return (onde.empty() ? onde : onde + ": ") + palavra(achado.severidade) + depoisDaSeveridade(achado);
 }
 
 SaidaDeAchados::Opcoes SaidaDeAchados::opcoesPara(int descritor) {
@@ -123,7 +131,7 @@ void SaidaDeAchados::escreveTexto(const Achado& achado) {
     const std::string onde = lugar(achado);
     saida_ << (onde.empty() ? onde : onde + ": ")
            << (achado.severidade == Severidade::Erro ? kVermelho : kAmarelo) << palavra(achado.severidade)
-           << kNormal << ' ' << achado.regra << ' ' << mensagem(achado) << '\n';
+           << kNormal << depoisDaSeveridade(achado) << '\n';
   } else {
     saida_ << textoDoAchado(achado) << '\n';
   }

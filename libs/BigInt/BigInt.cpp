@@ -1,7 +1,6 @@
 // Arithmetic of 96-bit integers on 32-bit words; products and dividends are 192 bits wide.
 #include "BigInt.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -72,7 +71,9 @@ UINT32 divideCurto(Largo& valor, UINT32 divisor) noexcept {
 }
 
 bool menor(const Largo& a, const Largo& b) noexcept {
-  return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+  unsigned i = 5;
+  while (i > 0 && a[i] == b[i]) --i;
+  return a[i] < b[i];
 }
 
 void dobra(Largo& valor, UINT32 entra) noexcept {
@@ -135,12 +136,15 @@ BigInt& BigInt::operator=(const char* texto) noexcept {
 
 char* BigInt::ToStr(char* texto, int capacidade) const noexcept {
   if (texto == nullptr || capacidade < 1) return texto;
-  std::array<char, 32> algarismos{};  // a sign and 29 digits
+  std::array<char, 37> algarismos{};  // four groups of nine digits and a sign
   char* const fim = algarismos.data() + algarismos.size();
   char* inicio = fim;
   Largo valor = modulo(*this);
-  do *--inicio = static_cast<char>('0' + divideCurto(valor, 10));
-  while (valor != Largo{});
+  do {
+    UINT32 grupo = divideCurto(valor, 1'000'000'000);
+    for (int i = 0; i < 9; ++i, grupo /= 10) *--inicio = static_cast<char>('0' + grupo % 10);
+  } while (valor != Largo{});
+  while (inicio + 1 < fim && *inicio == '0') ++inicio;
   if (Signal() < 0) *--inicio = '-';
   const auto tamanho = static_cast<std::size_t>(fim - inicio);
   const bool cabe = tamanho < static_cast<std::size_t>(capacidade);
@@ -154,6 +158,7 @@ BigInt& BigInt::Trunca(unsigned digitos) noexcept {
 }
 
 BigInt& BigInt::Arredonda(unsigned digitos) noexcept {
+  if (digitos == 0) return *this;
   return *this = digitos > kMaiorPotencia ? BigInt() : MultiplicaEDivide(*this, 1, potenciaDeDez(digitos));
 }
 

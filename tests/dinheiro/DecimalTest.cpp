@@ -15,8 +15,6 @@
 
 namespace {
 
-using boost::multiprecision::cpp_rational;
-
 constexpr double kInfinito = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -30,7 +28,7 @@ INT64 pelaImpressora(double valor) {
   lido = troca(texto, '.', ',').c_str();
   texto = lido.ToString(area.data(), 400, FIN_STR_DEFAULT, 0, 0);
   texto.erase(texto.find(','), 1);
-  return std::atoll(texto.c_str());
+  return std::strtoll(texto.c_str(), nullptr, 10);
 }
 
 double deBits(std::uint64_t bits) {
@@ -114,8 +112,8 @@ TEST(FinancialFromDouble, RoundsTheBinaryValueHalfAwayFromZero) {
   for (unsigned i = 0; i < 50'000; ++i) {
     const double valor = algum(sorte, i);
     if (!std::isfinite(valor)) continue;
-    const cpp_rational exato = cpp_rational(valor) * 100;
-    const cpp_int esperado = satura(arredonda(numerator(exato), denominator(exato)));
+    const Racional exato = Racional(valor) * 100;
+    const Inteiro esperado = satura(arredonda(numerator(exato), denominator(exato)));
     ASSERT_EQ(Financial(valor).nr, bigInt(esperado)) << std::hexfloat << valor;
   }
 }

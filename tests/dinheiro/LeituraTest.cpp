@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <string>
@@ -30,7 +31,7 @@ INT64 pelaCadeia(const std::string& texto) {
   std::string escrito = valor.ToString(area.data(), 64, FIN_STR_DEFAULT, 0, 0);
   escrito.erase(std::remove(escrito.begin(), escrito.end(), '.'), escrito.end());
   escrito.erase(std::remove(escrito.begin(), escrito.end(), ','), escrito.end());
-  return std::atoll(escrito.c_str());
+  return std::strtoll(escrito.c_str(), nullptr, 10);
 }
 
 testing::AssertionResult confere(const std::string& texto) {
@@ -102,18 +103,31 @@ RC_GTEST_PROP(FinancialText, ReadsEveryAmountAsWritten, (const Financial& a)) {
   RC_ASSERT(Financial::CentavosDoBanco(a.ToString(area.data(), 64, FIN_STR_2, 0, 0)) == a.Centavos());
 }
 
+// Adds one cent to an amount with a point; `ultimo` is its last digit, zeros stand in front.
+void somaUm(char* ultimo) {
+  for (; *ultimo == '9' || *ultimo == '.'; --ultimo) {
+    if (*ultimo == '9') *ultimo = '0';
+  }
+  ++*ultimo;
+}
+
 TEST(FinancialText, KeepsEveryAmountUpTo99999Comma99) {
   std::array<char, 16> escrito{};
-  for (int centavos = 0; centavos < 10'000'000; ++centavos) {
-    std::string texto = std::to_string(centavos);
-    if (texto.size() < 3) texto.insert(0, 3 - texto.size(), '0');
-    texto.insert(texto.size() - 2, 1, '.');
-    const bool banco = Financial::CentavosDoBanco(texto.c_str()) == centavos;
-    texto[texto.size() - 3] = ',';
+  std::array<char, 10> area{"000000.00"};
+  char* texto = area.data() + 5;
+  char* const separador = area.data() + 6;
+  for (INT64 centavos = 0; centavos < 10'000'000; ++centavos) {
     Financial valor;
-    valor = texto.c_str();
-    if (!banco || valor.ToString(escrito.data(), 16, FIN_STR_DEFAULT, 0, 0) != texto) FAIL() << texto;
+    *separador = ',';
+    valor = texto;
+    valor.ToString(escrito.data(), 16, FIN_STR_DEFAULT, 0, 0);
+    ASSERT_TRUE(std::strcmp(escrito.data(), texto) == 0 && valor.Centavos() == centavos) << texto;
+    *separador = '.';
+    ASSERT_TRUE(Financial::CentavosDoBanco(texto) == centavos) << texto;
+    somaUm(separador + 2);
+    if (texto[-1] != '0') --texto;
   }
+  EXPECT_STREQ(texto, "100000.00");
 }
 
 TEST(FinancialText, RoundsHalfAwayFromZeroOnce) {

@@ -12,61 +12,59 @@ namespace {
 // Properties run over more cases than RapidCheck's hundred, unless the caller says how many.
 [[maybe_unused]] const int kCasos = setenv("RC_PARAMS", "max_success=1000", 0);
 
-const cpp_int kMaximo = (cpp_int(1) << 95) - 1;
-const cpp_int kMinimo = -kMaximo - 1;
+const Inteiro kMaximo = (Inteiro(1) << 95) - 1;
+const Inteiro kMinimo = -kMaximo - 1;
 
 // Leading zeros would make an octal number.
-cpp_int deDigitos(std::string digitos) {
+Inteiro deDigitos(std::string digitos) {
   digitos.erase(0, std::min(digitos.find_first_not_of('0'), digitos.size()));
-  return digitos.empty() ? cpp_int(0) : cpp_int(digitos);
+  return digitos.empty() ? Inteiro(0) : Inteiro(digitos);
 }
 
-BigInt deslocado(unsigned bits, int perto) { return bigInt(satura((cpp_int(1) << bits) + perto)); }
+BigInt deslocado(unsigned bits, int perto) { return bigInt(satura((Inteiro(1) << bits) + perto)); }
 
 }  // namespace
 
-cpp_int inteiro(const BigInt& valor) {
-  cpp_int resultado = valor.number[2];
+Inteiro inteiro(const BigInt& valor) {
+  Inteiro resultado = valor.number[2];
   resultado = (resultado << 32) + valor.number[1];
   resultado = (resultado << 32) + valor.number[0];
-  return resultado > kMaximo ? cpp_int(resultado - (cpp_int(1) << 96)) : resultado;
+  return resultado > kMaximo ? resultado - (Inteiro(1) << 96) : resultado;
 }
 
-BigInt bigInt(const cpp_int& valor) {
-  const cpp_int bits = valor < 0 ? cpp_int(valor + (cpp_int(1) << 96)) : valor;
-  const auto palavra = [&](unsigned i) {
-    return static_cast<UINT32>(cpp_int((bits >> (32 * i)) & cpp_int(0xFFFFFFFFU)));
-  };
+BigInt bigInt(const Inteiro& valor) {
+  const Inteiro bits = valor < 0 ? valor + (Inteiro(1) << 96) : valor;
+  const auto palavra = [&](unsigned i) { return static_cast<UINT32>((bits >> (32 * i)) & 0xFFFFFFFFU); };
   return BigInt().Load(palavra(0), palavra(1), palavra(2));
 }
 
-cpp_int satura(const cpp_int& valor) { return std::clamp(valor, kMinimo, kMaximo); }
+Inteiro satura(const Inteiro& valor) { return std::clamp(valor, kMinimo, kMaximo); }
 
-INT64 satura64(const cpp_int& valor) {
+INT64 satura64(const Inteiro& valor) {
   using Limites = std::numeric_limits<INT64>;
-  return static_cast<INT64>(std::clamp(valor, cpp_int(Limites::min()), cpp_int(Limites::max())));
+  return static_cast<INT64>(std::clamp(valor, Inteiro(Limites::min()), Inteiro(Limites::max())));
 }
 
-cpp_int arredonda(const cpp_int& numerador, const cpp_int& denominador) {
-  const cpp_int n = abs(numerador);
-  const cpp_int d = abs(denominador);
-  const cpp_int q = (2 * n + d) / (2 * d);
-  return (numerador < 0) != (denominador < 0) ? cpp_int(-q) : q;
+Inteiro arredonda(const Inteiro& numerador, const Inteiro& denominador) {
+  const Inteiro n = abs(numerador);
+  const Inteiro d = abs(denominador);
+  const Inteiro q = (2 * n + d) / (2 * d);
+  return (numerador < 0) != (denominador < 0) ? -q : q;
 }
 
-cpp_int potenciaDeDez(unsigned expoente) { return pow(cpp_int(10), expoente); }
+Inteiro potenciaDeDez(unsigned expoente) { return pow(Inteiro(10), expoente); }
 
-cpp_int leTexto(const std::string& texto) {
+Inteiro leTexto(const std::string& texto) {
   static const std::regex kNumero(" *([+-]?)(?:([0-9]+)(?:,([0-9]*))?|,([0-9]+))(?:[eE]([+-]?)([0-9]+))? *");
   std::smatch partes;
   if (!std::regex_match(texto, partes, kNumero)) return 0;
   const std::string decimais = partes[3].str() + partes[4].str();
-  cpp_int valor = deDigitos(partes[2].str() + decimais);
+  Inteiro valor = deDigitos(partes[2].str() + decimais);
   if (partes[1] == "-") valor = -valor;
   // No text of a test has the thousand digits that a larger exponent could still move into range.
-  const int expoente = static_cast<int>(std::min(deDigitos(partes[6]), cpp_int(1000)));
+  const int expoente = static_cast<int>(std::min(deDigitos(partes[6]), Inteiro(1000)));
   const int casas = (partes[5] == "-" ? -expoente : expoente) + 2 - static_cast<int>(decimais.size());
-  return satura(casas >= 0 ? cpp_int(valor * potenciaDeDez(static_cast<unsigned>(casas)))
+  return satura(casas >= 0 ? valor * potenciaDeDez(static_cast<unsigned>(casas))
                            : arredonda(valor, potenciaDeDez(static_cast<unsigned>(-casas))));
 }
 

@@ -9,22 +9,26 @@
 
 #include "Financial.h"
 
-using boost::multiprecision::cpp_int;
+// Without expression templates, so that every result is a plain value.
+using Inteiro =
+    boost::multiprecision::number<boost::multiprecision::cpp_int_backend<>, boost::multiprecision::et_off>;
+using Racional =
+    boost::multiprecision::number<boost::multiprecision::cpp_rational_backend, boost::multiprecision::et_off>;
 
-cpp_int inteiro(const BigInt& valor);
-BigInt bigInt(const cpp_int& valor);  // of a value in range
+Inteiro inteiro(const BigInt& valor);
+BigInt bigInt(const Inteiro& valor);  // of a value in range
 
 // The value, or the end of the range it lies beyond: of 96 bits, or of 64.
-cpp_int satura(const cpp_int& valor);
-INT64 satura64(const cpp_int& valor);
+Inteiro satura(const Inteiro& valor);
+INT64 satura64(const Inteiro& valor);
 
 // numerador / denominador rounded half away from zero.
-cpp_int arredonda(const cpp_int& numerador, const cpp_int& denominador);
+Inteiro arredonda(const Inteiro& numerador, const Inteiro& denominador);
 
-cpp_int potenciaDeDez(unsigned expoente);
+Inteiro potenciaDeDez(unsigned expoente);
 
 // The cents of a text in which the comma separates decimals; 0 for a text that is no number.
-cpp_int leTexto(const std::string& texto);
+Inteiro leTexto(const std::string& texto);
 
 std::string troca(std::string texto, char de, char para);
 

@@ -124,8 +124,8 @@ TEST(FinancialToStr, IsTheDefaultLayoutWithTwoDecimals) {
 
 // Without separators, the default text is the number of cents with at least three digits.
 RC_GTEST_PROP(FinancialToStringOfAny, HoldsTheCents, (const Financial& a)) {
-  const cpp_int valor = inteiro(a.nr);
-  std::string digitos = cpp_int(abs(valor)).str();
+  const Inteiro valor = inteiro(a.nr);
+  std::string digitos = abs(valor).str();
   if (digitos.size() < 3) digitos.insert(0, 3 - digitos.size(), '0');
   digitos.insert(digitos.size() - 2, 1, ',');
   RC_ASSERT(texto(a, FIN_STR_DEFAULT, 0, 0) == (valor < 0 ? "-" : "") + digitos);

@@ -59,7 +59,7 @@ class Ordem final : public Familia {
   static bool unico(int indice) {
     return indice == kE01Indice || indice == kE08Indice || indice == kE11Indice;
   }
-  static bool somaNaoFiscal(const RegistroLido& lido) { return lido.linha.texto.substr(52, 7) == "OPNF   "; }
+  bool somaNaoFiscal(const RegistroLido& lido) const { return totalizador_.bytes(lido) == "OPNF   "; }
 
   void leComando(const RegistroLido& lido) {
     const std::size_t campo = acha(lido, "Comando de geração");
@@ -107,6 +107,7 @@ class Ordem final : public Familia {
   const LeitorDeRegistros& leitor_;
   std::array<Bloco, kCatalogo.size()> blocos_;
   Bloco fiscais_, naoFiscais_;
+  Coluna totalizador_{kE13, "Totalizador parcial"};
   int anterior_ = 0;
   bool comandoLido_ = false;
   std::string comando_;

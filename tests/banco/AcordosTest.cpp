@@ -31,7 +31,7 @@ TEST_P(Acordos, GrossSalesAreTheRegisteredItemsAndSurcharges) {
   concorda("VB",
            porReducao("centavos(r.valor_vb)", itens("centavos(i.valor_total) + centavos(i.valor_desconto)") +
                                                   " + " + cupons("centavos(c.valor_acrescimo)")),
-           GetParam().dias);
+           dias());
 }
 
 TEST_P(Acordos, GrossSalesAreTaxCodesDiscountsAndCancellations) {
@@ -83,7 +83,7 @@ TEST_P(Acordos, TheGrandTotalGrowsByTheGrossSalesOfEachDay) {
            "SELECT cont_crz, centavos(valor_gt), LAG(centavos(valor_gt), 1, centavos(valor_gt) - "
            "centavos(valor_vb)) "
            "OVER (ORDER BY cont_crz) + centavos(valor_vb) FROM reducao_z",
-           GetParam().dias);
+           dias());
   concorda("position",
            "SELECT 1, centavos(valor_gt), (SELECT MAX(centavos(valor_gt)) FROM reducao_z) "
            "FROM posicao_totalizadores_contadores");
@@ -118,7 +118,7 @@ TEST_P(Acordos, CouponsAreTheirItemsAndAdjustments) {
       "SELECT c.cont_coo, centavos(c.valor_subtotal), SUM(CASE i.id_cancelado WHEN 'N' THEN "
       "centavos(i.valor_total_liquido) ELSE 0 END) FROM cupom_nf c JOIN item_cupom_nf i USING (cont_coo) "
       "GROUP BY c.cont_coo",
-      2 * GetParam().dias);
+      2 * dias());
   concorda(
       "non-fiscal item",
       "SELECT cont_coo, centavos(valor_total_liquido), centavos(valor_total) - centavos(valor_desconto) + "
@@ -170,7 +170,7 @@ TEST_P(Acordos, MeansOfPaymentOfAReductionAreItsPaymentsLessReversals) {
                "p.indice_meio_pagamento "
                "WHERE d.cont_crz = t.cont_crz AND m.descricao = t.descricao_meio_pagamento) FROM "
                "meio_pagamento_reducao t",
-           6 * GetParam().dias);
+           6 * dias());
 }
 
 // An adjustment of the subtotal belongs to the only item that such a coupon has.
@@ -183,7 +183,7 @@ TEST_P(Acordos, NonFiscalTotalizersAreTheItemsThatStand) {
       "FROM cupom_nf c JOIN item_cupom_nf i USING (cont_coo) JOIN totalizador_nao_fiscal n ON n.num_indice = "
       "i.indice_totalizador_nf WHERE c.cont_crz = t.cont_crz AND n.descricao = t.totalizador AND "
       "c.id_cancelado = 'N' AND i.id_cancelado = 'N') FROM totalizador_reducao t WHERE t.id_fiscal = 'N'",
-      5 * GetParam().dias);
+      5 * dias());
   concorda("coupons",
            "SELECT r.cont_crz, (SELECT SUM(centavos(valor_base_calculo)) FROM totalizador_reducao t WHERE "
            "t.cont_crz = "

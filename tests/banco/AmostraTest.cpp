@@ -34,7 +34,7 @@ std::string erroAoCriar(const std::string& arquivo, const OpcoesDaAmostra& opcoe
 
 class Amostra : public testing::Test {
  protected:
-  OpcoesDaAmostra pequena(std::uint64_t semente) {
+  static OpcoesDaAmostra pequena(std::uint64_t semente) {
     OpcoesDaAmostra opcoes;
     opcoes.dias = 3;
     opcoes.semente = semente;
@@ -62,6 +62,7 @@ TEST_F(Amostra, AnotherSeedGivesOtherBytes) {
 TEST_F(Amostra, DependsOnNeitherLocaleNorTimeZone) {
   criaBancoDeAmostra(pasta_.arquivo("a"), pequena(5));
   const auto feito = "localedef -i pt_BR -f UTF-8 " + pasta_.arquivo("pt_BR.UTF-8") + " >/dev/null 2>&1";
+  // NOLINTNEXTLINE(cert-env33-c): the command is fixed here
   if (std::system(feito.c_str()) != 0) GTEST_SKIP() << "no sources of locales here";
   ASSERT_EQ(setenv("LOCPATH", pasta_.arquivo("").c_str(), 1), 0);
   ASSERT_EQ(setenv("TZ", "America/Sao_Paulo", 1), 0);
@@ -69,7 +70,7 @@ TEST_F(Amostra, DependsOnNeitherLocaleNorTimeZone) {
   ASSERT_NE(setlocale(LC_ALL, "pt_BR.UTF-8"), nullptr);
   EXPECT_STREQ(localeconv()->decimal_point, ",");
   criaBancoDeAmostra(pasta_.arquivo("b"), pequena(5));
-  setlocale(LC_ALL, "C");
+  ASSERT_NE(setlocale(LC_ALL, "C"), nullptr);
   unsetenv("TZ");
   unsetenv("LOCPATH");
   EXPECT_TRUE(conteudo(pasta_.arquivo("a")) == conteudo(pasta_.arquivo("b")));
@@ -154,7 +155,7 @@ std::string erroComDiscoDe(rlim_t bytes, const std::string& arquivo) {
   EXPECT_EQ(pipe(tubo), 0);
   const pid_t filho = fork();
   if (filho == 0) {
-    std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     const rlimit limite{bytes, bytes};
     setrlimit(RLIMIT_FSIZE, &limite);
     const auto erro = erroAoCriar(arquivo);

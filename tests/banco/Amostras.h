@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdlib>
 #include <ostream>
 
 #include "Banco.h"
@@ -41,10 +40,13 @@ template <int casas>
 void inteiroDoDecimal(sqlite3_context* contexto, int, sqlite3_value** valores) {
   std::string texto = reinterpret_cast<const char*>(sqlite3_value_text(valores[0]));
   const auto ponto = std::min(texto.find('.'), texto.size());
-  std::string decimais = ponto < texto.size() ? texto.substr(ponto + 1) : "";
+  const std::string decimais = ponto < texto.size() ? texto.substr(ponto + 1) : "";
   const auto digitos = texto.substr(0, ponto) + decimais;
-  if (decimais.size() > casas || digitos.find_first_not_of("0123456789") != std::string::npos) return;
-  sqlite3_result_int64(contexto, std::atoll((digitos + std::string(casas - decimais.size(), '0')).c_str()));
+  if (decimais.size() > casas || digitos.empty() ||
+      digitos.find_first_not_of("0123456789") != std::string::npos) {
+    return;
+  }
+  sqlite3_result_int64(contexto, std::stoll(digitos + std::string(casas - decimais.size(), '0')));
 }
 
 class DaAmostra : public testing::TestWithParam<Caso> {
@@ -64,6 +66,8 @@ class DaAmostra : public testing::TestWithParam<Caso> {
         << regra;
     EXPECT_GE(banco_.numero(tabela + "SELECT COUNT(*) FROM pares"), minimo) << regra;
   }
+
+  static std::int64_t dias() { return GetParam().dias; }
 
   Pasta pasta_;
   ResumoDaAmostra resumo_;

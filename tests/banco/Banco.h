@@ -50,7 +50,7 @@ class Banco {
     return resultado;
   }
 
-  // The only column of the only row.
+  // The only column of the only row; as a number it is not negative.
   std::string valor(const std::string& sql) {
     const auto todas = linhas(sql);
     return todas.size() == 1 ? todas[0] : std::to_string(todas.size()) + " rows";
@@ -58,9 +58,9 @@ class Banco {
 
   std::int64_t numero(const std::string& sql) {
     const auto texto = valor(sql);
-    EXPECT_FALSE(texto.empty() || texto.find_first_not_of("-0123456789") != std::string::npos)
-        << texto << sql;
-    return std::atoll(texto.c_str());
+    const bool inteiro = !texto.empty() && texto.find_first_not_of("0123456789") == std::string::npos;
+    EXPECT_TRUE(inteiro) << texto << " from " << sql;
+    return inteiro ? std::stoll(texto) : -1;
   }
 
  private:

@@ -28,7 +28,7 @@ TEST_P(Contadores, RiseByOne) {
            "cont_coo) % 9999 + 1 "
            "FROM outros_documentos WHERE id_tipo_documento = 'CC'",
            GetParam().nome == "UmCupom" ? 0 : 1);
-  concorda("CRZ", semLacunas("cont_crz", "reducao_z", "data_movimento"), GetParam().dias);
+  concorda("CRZ", semLacunas("cont_crz", "reducao_z", "data_movimento"), dias());
   concorda("CRO", semLacunas("cont_cro", "intervencao", "data_hora_intervencao"));
   concorda("CFD", semLacunas("cont_cfd", "fita_detalhe", "data_hora_emissao"));
 }
@@ -66,7 +66,7 @@ TEST_P(Contadores, ADocumentBelongsToTheNextReduction) {
       "RZ",
       "SELECT r.cont_crz, r.cont_coo || r.data_hora_emissao, (SELECT cont_coo || data_hora_fim_emissao FROM "
       "outros_documentos o WHERE o.cont_crz = r.cont_crz AND id_tipo_documento = 'RZ') FROM reducao_z r",
-      GetParam().dias);
+      dias());
 }
 
 TEST_P(Contadores, TimeNeverRunsBackwards) {
@@ -85,7 +85,7 @@ TEST_P(Contadores, FiscalDaysFollowOneAnother) {
   concorda("days",
            "SELECT cont_crz, data_movimento, datetime('" + GetParam().inicio +
                "', (cont_crz - (SELECT MIN(cont_crz) FROM reducao_z)) || ' days') FROM reducao_z",
-           GetParam().dias);
+           dias());
   EXPECT_EQ(resumo_.primeiroDia, GetParam().inicio);
   EXPECT_EQ(banco_.valor("SELECT date(MAX(data_movimento)) FROM reducao_z"), resumo_.ultimoDia);
 }
@@ -97,19 +97,19 @@ TEST_P(Contadores, RestartCounterOfAReductionIsThatOfTheLastIntervention) {
   concorda("between documents",
            "SELECT i.cont_cro, i.cont_coo, (SELECT MAX(d.cont_coo) FROM " + kDocumentos +
                " d WHERE d.quando < i.data_hora_intervencao) FROM intervencao i WHERE i.cont_coo > 0",
-           GetParam().dias > 15 ? 1 : 0);
+           dias() > 15 ? 1 : 0);
   concorda(
       "after its reduction",
       "SELECT i.cont_cro, i.cont_crz, (SELECT MAX(r.cont_crz) FROM reducao_z r WHERE r.data_hora_emissao < "
       "i.data_hora_intervencao) FROM intervencao i WHERE i.cont_coo > 0",
-      GetParam().dias > 15 ? 1 : 0);
+      dias() > 15 ? 1 : 0);
 }
 
 TEST_P(Contadores, DetailTapesCoverTheDocumentsWithoutGaps) {
   concorda("first",
            "SELECT cont_cfd, coo_inicial, LAG(coo_final, 1, (SELECT MIN(cont_coo) FROM " + kDocumentos +
                ") - 1) OVER (ORDER BY cont_cfd) + 1 FROM fita_detalhe",
-           (GetParam().dias + 6) / 7);
+           (dias() + 6) / 7);
   concorda("last", "SELECT f.cont_cfd, f.coo_final, (SELECT MAX(d.cont_coo) FROM " + kDocumentos +
                        " d WHERE d.quando <= f.data_hora_emissao AND d.tipo <> 'RZ') FROM fita_detalhe f");
 }

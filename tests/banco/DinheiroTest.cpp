@@ -24,8 +24,8 @@ std::int64_t centavosDo(const std::string& texto) {
   auto casas = ponto < texto.size() ? texto.substr(ponto + 1) : "";
   if (casas.find('.') != std::string::npos) return -1;
   casas.resize(std::max<std::size_t>(casas.size(), 3), '0');
-  const auto inteiros = std::atoll(texto.substr(0, ponto).c_str());
-  return inteiros * 100 + std::atoll(casas.substr(0, 2).c_str()) + (casas[2] >= '5' ? 1 : 0);
+  const auto inteiros = std::stoll(texto.substr(0, ponto));
+  return inteiros * 100 + std::stoll(casas.substr(0, 2)) + (casas[2] >= '5' ? 1 : 0);
 }
 
 TEST(CentavosDoTexto, AreReadByTheTestItself) {

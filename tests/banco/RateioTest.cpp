@@ -53,10 +53,10 @@ TEST_P(Rateio, TaxCodesAreTheItemsWithTheirShareOfTheAdjustments) {
     ASSERT_EQ(valores.size(), 7U) << linha;
     auto& cupom = cupons[valores[0]];
     cupom.crz = valores[1];
-    cupom.subtotal = std::atoll(valores[2].c_str());
-    cupom.desconto = std::atoll(valores[3].c_str());
-    cupom.acrescimo = std::atoll(valores[4].c_str());
-    cupom.aliquotas[valores[5]] += std::atoll(valores[6].c_str());
+    cupom.subtotal = std::stoll(valores[2]);
+    cupom.desconto = std::stoll(valores[3]);
+    cupom.acrescimo = std::stoll(valores[4]);
+    cupom.aliquotas[valores[5]] += std::stoll(valores[6]);
   }
   std::map<std::string, std::int64_t> esperados;
   for (const auto& linha :

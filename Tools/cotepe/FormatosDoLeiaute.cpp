@@ -40,6 +40,12 @@ std::string comandos(const Registro& registro) {
   return nomes.empty() ? "none" : lista(nomes, ", ", [](const std::string& nome) { return nome; });
 }
 
+// What holds for all tables of a register.
+std::string cabecalho(const TabelaDoLeiaute& tabela) {
+  return "Commands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio + "." +
+         (tabela.nota.empty() ? "" : " " + tabela.nota) + "\n";
+}
+
 std::string ajuste(const TabelaDoLeiaute& tabela) {
   const std::string versoes =
       lista(tabela.versoes, " and ", [](int versao) { return std::to_string(versao); });
@@ -102,9 +108,8 @@ std::string emTexto(const Tabelas& tabelas) {
     const TabelaDoLeiaute& tabela = tabelas[i];
     texto += i == 0 ? "" : "\n";
     if (primeira(tabelas, i)) {
-      texto += std::string(tabela.registro->codigo) + "  " + tabela.registro->nome +
-               "\nCommands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio +
-               ".\n\n";
+      texto += std::string(tabela.registro->codigo) + "  " + tabela.registro->nome + '\n' +
+               cabecalho(tabela) + '\n';
     }
     texto += ajuste(tabela) + ".\n" + tabelaEmTexto(tabela);
   }
@@ -120,9 +125,8 @@ std::string emMarkdown(const Tabelas& tabelas) {
   for (std::size_t i = 0; i < tabelas.size(); ++i) {
     const TabelaDoLeiaute& tabela = tabelas[i];
     if (primeira(tabelas, i)) {
-      texto += std::string("\n## ") + tabela.registro->codigo + " " + tabela.registro->nome +
-               "\n\nCommands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio +
-               ".\n";
+      texto += std::string("\n## ") + tabela.registro->codigo + " " + tabela.registro->nome + "\n\n" +
+               cabecalho(tabela);
     }
     texto += '\n' + ajuste(tabela) + ".\n\n" + tabelaEmMarkdown(tabela);
   }
@@ -141,6 +145,7 @@ std::string emJson(const Tabelas& tabelas) {
                      {"cat52", tabela.cat52},
                      {"length", tabela.comprimento},
                      {"placeholder", tabela.vazio},
+                     {"note", tabela.nota},
                      {"fields", campos}});
   }
   return todas.dump(2) + '\n';

@@ -48,11 +48,12 @@ class SaidaEmArquivo final : public Saida {
 class SaidaPadrao final : public Saida {
  public:
   SaidaPadrao() {
-    const char* pasta = std::getenv("TMPDIR");
-    std::string nome = std::string(pasta != nullptr && *pasta != '\0' ? pasta : "/tmp") + "/cotepe-XXXXXX";
+    const char* dada = std::getenv("TMPDIR");
+    const std::string pasta = dada != nullptr && *dada != '\0' ? dada : "/tmp";
+    std::string nome = pasta + "/cotepe-XXXXXX";
     arquivo_ = Descritor(mkostemp(nome.data(), O_CLOEXEC));
     if (arquivo_.aberto() && unlink(nome.c_str()) == 0) return;
-    throw Falha(kNaoAbre, "cannot open a temporary file", nome, motivoDoSistema(errno),
+    throw Falha(kNaoAbre, "cannot open a temporary file", pasta, motivoDoSistema(errno),
                 "a folder where files can be made", "set TMPDIR to one");
   }
 

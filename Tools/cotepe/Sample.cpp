@@ -72,7 +72,11 @@ Execucao declaraSample(CLI::App& comando) {
   comando.add_option("--start", o->inicio, "First day, DDMMYYYY or YYYY-MM-DD (2024-01-01)")
       ->type_name("DAY");
   comando.add_option("--seed", o->amostra.semente, "The same seed makes the same database (1)")
-      ->type_name("N");
+      ->type_name("N")
+      ->check([](const std::string& texto) {
+        return texto.find_first_not_of("0123456789") == std::string::npos ? ""
+                                                                          : texto + " is no number from 0 on";
+      });
   comando.add_flag("--quiet", o->calado, "No summary and no progress; failures are always told");
   return [o] { executa(*o); };
 }

@@ -2,6 +2,8 @@
 
 #include <tuple>
 
+#include "Leiaute/Catalogo.h"
+
 namespace cotepe::programa {
 namespace {
 
@@ -40,7 +42,8 @@ bool numerica(Especie especie) {
 
 // The fields before the first one of a row stand in a placeholder record as in any other, and so do a date
 // and an hour that are ready: they are the run's.
-std::string vazioDe(const Campo& campo, bool noCabecalho) {
+std::string vazioDe(const Registro& registro, const Campo& campo, bool noCabecalho) {
+  if (noCabecalho && &registro == &kE07) return "left out";
   if (noCabecalho || campo.especie == Especie::DataPronta || campo.especie == Especie::HoraPronta)
     return "as in a record";
   if (campo.textoVazio != nullptr) return '"' + std::string(campo.textoVazio) + '"';
@@ -78,6 +81,15 @@ void anotaSobreposicoes(std::vector<LinhaDaTabela>& linhas) {
   }
 }
 
+std::string notaDe(const Registro& registro, bool cat52) {
+  if (&registro == &kE07) return "The placeholder record has no head.";
+  if (&registro == &kE13 && cat52)
+    return "Without a non-fiscal totalizer there is a placeholder record for those: OPNF and zeros.";
+  if (&registro == &kE13)
+    return "A second placeholder record, OPNF and zeros, stands for the non-fiscal totalizers.";
+  return {};
+}
+
 std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool cat52) {
   std::vector<LinhaDaTabela> linhas;
   int posicao = 1;
@@ -89,7 +101,8 @@ std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool c
     const int largura = larguraNominal(campo, versao);
     linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, posicao, posicao + largura - 1,
                       largura, nomeDaEspecie(campo),
-                      temVazio(registro, cat52) ? vazioDe(campo, noCabecalho) : "-", condicaoDe(campo)});
+                      temVazio(registro, cat52) ? vazioDe(registro, campo, noCabecalho) : "-",
+                      condicaoDe(campo)});
     if (!campo.naoAvanca) posicao += largura;
   }
   anotaSobreposicoes(linhas);
@@ -130,6 +143,7 @@ std::vector<TabelaDoLeiaute> tabelasDe(const Registro& registro, const std::vect
                        cat52,
                        comprimento(registro.campos, versao, cat52),
                        quandoVazio(registro, cat52),
+                       notaDe(registro, cat52),
                        std::move(linhas)});
   }
   return tabelas;

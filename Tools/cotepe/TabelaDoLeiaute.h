@@ -24,6 +24,7 @@ struct TabelaDoLeiaute {
   bool cat52;
   int comprimento;    // bytes of a record
   std::string vazio;  // when the register holds a placeholder record
+  std::string nota;   // what the list of fields alone does not say of it; may be empty
   std::vector<LinhaDaTabela> linhas;
 };
 

@@ -29,7 +29,7 @@ constexpr struct {
 constexpr char kRodape[] =
     "Exit status:\n"
     "  0  done\n"
-    "  1  incomplete: a query failed, the registers concerned are named\n"
+    "  1  incomplete, the registers concerned are named; or findings\n"
     "  2  wrong usage\n"
     "  3  the database or the output cannot be opened\n"
     "  4  writing failed\n"

@@ -1,0 +1,169 @@
+// The database as it may be found: missing, foreign, locked, damaged, and written to while it is read.
+#include <sys/stat.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include "Cena.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class BancoEncontrado : public Cena {
+ protected:
+  void recusa(const std::string& banco, const std::string& mensagem) {
+    const Fim fim = roda(
+        {"generate", "--db", banco, "--from", "01012024", "--to", "31012024", "--output", "r.txt"}, pasta());
+    EXPECT_EQ(fim.situacao, 3) << banco;
+    EXPECT_EQ(fim.erros, "cotepe: " + mensagem + "\n");
+    EXPECT_FALSE(fs::exists(em("r.txt")));
+  }
+};
+
+TEST_F(BancoEncontrado, WhatIsNoFileIsRefused) {
+  ASSERT_EQ(mkfifo(em("cano").c_str(), 0600), 0);
+  recusa("nada.db",
+         "cannot open the database: nada.db: found No such file or directory, expected a fiscal database in "
+         "a file; "
+         "check --db");
+  recusa(".",
+         "cannot open the database: .: found a folder, expected a fiscal database in a file; check --db");
+  recusa("cano",
+         "cannot open the database: cano: found something that is not a regular file, expected a fiscal "
+         "database in a "
+         "file; check --db");
+  EXPECT_EQ(nomes(), std::vector<std::string>{"cano"});
+}
+
+TEST_F(BancoEncontrado, WhatIsNoDatabaseIsRefused) {
+  escreveArquivo(em("texto"), "no database at all");
+  escreveArquivo(em("longo"), std::string(5000, 'x'));
+  for (const std::string nome : {"texto", "longo"})
+    recusa(nome, "cannot read the database: " + nome +
+                     ": found a file that is not an SQLite database, expected a fiscal database; check --db");
+}
+
+TEST_F(BancoEncontrado, DamagedDatabaseIsRefused) {
+  criaBanco();
+  std::string bytes = leArquivo(em("base.db"));
+  bytes.replace(100, 12, 12, '\xFF');  // the head of the first page's tree
+  escreveArquivo(em("base.db"), bytes);
+  recusa("base.db",
+         "cannot read the database: base.db: found database disk image is malformed, expected a database "
+         "that is "
+         "whole; restore it from a copy");
+}
+
+TEST_F(BancoEncontrado, UnreadableDatabaseIsRefused) {
+  criaBanco();
+  fs::permissions(em("base.db"), fs::perms::none);
+  const Fim fim = Processo(generate()).naPasta(pasta()).semPrivilegios().inicia().espera();
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(fim.erros,
+            "cotepe: cannot open the database: base.db: found Permission denied, expected a fiscal database "
+            "in a file; "
+            "check --db\n");
+}
+
+TEST_F(BancoEncontrado, LockedDatabaseIsWaitedForAndThenRefused) {
+  criaBanco();
+  Banco outro(em("base.db"));
+  outro.sql("BEGIN EXCLUSIVE");
+  const auto inicio = std::chrono::steady_clock::now();
+  const Fim fim = gera({"--busy-timeout", "1"});
+  EXPECT_GE(std::chrono::steady_clock::now() - inicio, std::chrono::seconds(1));
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: cannot read the database: base.db: found it locked by another process, for more than 1 s, "
+      "expected to read it within --busy-timeout; try again when the writer is done, or wait longer\n");
+}
+
+TEST_F(BancoEncontrado, LockThatEndsInTimeIsNoFailure) {
+  criaBanco();
+  Banco outro(em("base.db"));
+  outro.sql("BEGIN EXCLUSIVE");
+  Processo processo(generate({"--output", "r.txt", "--busy-timeout", "60"}));
+  processo.naPasta(pasta()).inicia();
+  EXPECT_FALSE(processo.termineEm(300));
+  outro.sql("COMMIT");
+  EXPECT_EQ(processo.espera().situacao, 0);
+}
+
+TEST_F(BancoEncontrado, UnfinishedTransactionIsLeftToItsOwner) {
+  criaBanco();
+  {
+    Banco outro(em("base.db"));
+    outro.sql(
+        "PRAGMA cache_size = 1; BEGIN; UPDATE reducao_z SET cont_coo = 0;"
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 500)"
+        "INSERT INTO totalizador_reducao SELECT i, hex(zeroblob(100)), 1, 'N' FROM n");
+    fs::copy_file(em("base.db"), em("meio.db"));
+    fs::copy_file(em("base.db-journal"), em("meio.db-journal"));
+  }
+  recusa("meio.db",
+         "cannot read the database: meio.db: found a transaction that its writer left unfinished, expected a "
+         "database "
+         "at rest; let the application that owns it open it once, then try again");
+}
+
+TEST_F(BancoEncontrado, WalDatabaseWithoutItsFilesInAFolderThatCannotBeWrittenIsExplained) {
+  criaBanco("PRAGMA journal_mode = WAL");
+  ASSERT_EQ(nomes(), std::vector<std::string>{"base.db"});
+  fs::permissions(pasta(), fs::perms::group_write | fs::perms::others_write | fs::perms::owner_write,
+                  fs::perm_options::remove);
+  const Fim fim = Processo(generate({"--output", "-"})).naPasta(pasta()).semPrivilegios().inicia().espera();
+  fs::permissions(pasta(), fs::perms::all);
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: cannot read the database: base.db: found -wal, -shm or -journal files that cannot be opened "
+      "or "
+      "made (attempt to write a readonly database), expected them beside the database, or a folder where "
+      "they can be "
+      "made; copy the database together with those files to a folder that can be written, and read it "
+      "there\n");
+}
+
+// Runs the program until it has begun to read, stops it there, changes the database, and lets it go on.
+class EnquantoEscrevem : public Cena {
+ protected:
+  Fim geraEnquanto(const std::string& sql, int resultado) {
+    Processo processo(generate({"--output", "r.txt", "--command", "MF"}));
+    processo.naPasta(pasta()).inicia();
+    esperaNome(".r.txt.cotepe-");  // made after the transaction began
+    processo.envia(SIGSTOP);
+    processo.espereParado();
+    Banco outro(em("base.db"));
+    EXPECT_EQ(outro.tenta(sql), resultado);
+    processo.envia(SIGCONT);
+    return processo.espera();
+  }
+
+  static constexpr char kMudanca[] =
+      "UPDATE reducao_z SET cont_coo = 777; UPDATE versao_sb SET versao = '77.77.77';"
+      "INSERT INTO reducao_z VALUES (13, 103, 1, '2024-01-12 00:00:00', '2024-01-12 22:00:00', 1, 1)";
+};
+
+TEST_F(EnquantoEscrevem, WalReportIsTheStateBeforeTheWriter) {
+  criaBanco(std::string(kMoedaLenta) + "; PRAGMA journal_mode = WAL");
+  const Fim fim = geraEnquanto(kMudanca, SQLITE_OK);
+  EXPECT_EQ(fim.situacao, 0) << fim.erros;
+  EXPECT_EQ(leArquivo(em("r.txt")).find("777"), std::string::npos);
+  EXPECT_EQ(leArquivo(em("r.txt")).find("77.77.77"), std::string::npos);
+  EXPECT_NE(fim.erros.find("E12           2\n"), std::string::npos) << fim.erros;
+  EXPECT_EQ(gera({"--output", "depois.txt", "--command", "MF"}).situacao, 0);
+  EXPECT_NE(leArquivo(em("depois.txt")).find("77.77.77"), std::string::npos);
+}
+
+TEST_F(EnquantoEscrevem, WithoutWalTheWriterWaits) {
+  criaBanco(kMoedaLenta);
+  const Fim fim = geraEnquanto(kMudanca, SQLITE_BUSY);
+  EXPECT_EQ(fim.situacao, 0) << fim.erros;
+  EXPECT_EQ(leArquivo(em("r.txt")).find("777"), std::string::npos);
+}
+
+}  // namespace

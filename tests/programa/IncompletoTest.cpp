@@ -1,0 +1,153 @@
+// Queries that fail: reports that are incomplete (1) and printers without an identity (5).
+#include <regex>
+
+#include "Cena.h"
+
+namespace {
+
+// A log line without its time.
+std::string semHora(const std::string& log) {
+  return std::regex_replace(log, std::regex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2} "), "@ ");
+}
+
+class Incompleto : public Cena {};
+
+TEST_F(Incompleto, RegisterIsNamedAndNothingIsKept) {
+  criaBanco("DROP TABLE moeda");
+  const Fim fim = gera({"--output", "r.txt"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      semHora(fim.erros),
+      "@ Erro no select 2 - TipoE06: no such table: moeda\n"
+      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
+      "the temporary file was removed\n");
+  EXPECT_EQ(fim.saida, "");
+  EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
+}
+
+TEST_F(Incompleto, EveryRegisterConcernedIsNamed) {
+  criaBanco("DROP TABLE moeda; ALTER TABLE cupom_fiscal RENAME COLUMN cont_ccf TO c");
+  const Fim fim = gera({"--output", "r.txt", "--quiet", "--log", "falhas.log"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: the report is incomplete: E06 (no such table: moeda), E14 (no such column: cupom.cont_ccf), "
+      "E15 (no such column: cupom.cont_ccf), E21 (no such column: cupom.cont_ccf); --keep-partial keeps what "
+      "there is; the temporary file was removed\n");
+  EXPECT_EQ(semHora(leArquivo(em("falhas.log"))),
+            "@ Erro no select 2 - TipoE06: no such table: moeda\n"
+            "@ Erro no select - TipoE14: no such column: cupom.cont_ccf\n"
+            "@ Erro no select - TipoE15: no such column: cupom.cont_ccf\n"
+            "@ Erro no select - TipoE21: no such column: cupom.cont_ccf\n");
+}
+
+TEST_F(Incompleto, KeptPartIsNotUnderTheNameOfTheReport) {
+  criaBanco("DROP TABLE moeda");
+  const Fim fim = gera({"--output", "r.txt", "--command", "MF", "--keep-partial"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(semHora(fim.erros),
+            "@ Erro no select 2 - TipoE06: no such table: moeda\n"
+            "cotepe: the report is incomplete: E06 (no such table: moeda); what there is was kept as "
+            "r.txt.partial\n");
+  EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt.partial"}));
+  const std::string parte = leArquivo(em("r.txt.partial"));
+  EXPECT_NE(parte.find("\nE05"), std::string::npos);
+  EXPECT_EQ(parte.find("\nE06"), std::string::npos);
+  EXPECT_NE(parte.find("\nE07"), std::string::npos);
+}
+
+TEST_F(Incompleto, KeepPartialChangesNothingOfAWholeReport) {
+  criaBanco();
+  EXPECT_EQ(gera({"--output", "r.txt", "--keep-partial"}).situacao, 0);
+  EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt"}));
+}
+
+TEST_F(Incompleto, PartialReportReplacesAnotherOnlyByForce) {
+  criaBanco("DROP TABLE moeda");
+  escreveArquivo(em("r.txt.partial"), "old");
+  const Fim fim = gera({"--output", "r.txt", "--keep-partial"});
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(fim.erros,
+            "cotepe: cannot open the output: r.txt.partial: found a file of that name, expected a name that "
+            "is free; "
+            "choose another --output, or --force to replace the file\n");
+  EXPECT_EQ(leArquivo(em("r.txt.partial")), "old");
+  EXPECT_EQ(gera({"--output", "r.txt", "--keep-partial", "--force"}).situacao, 1);
+  EXPECT_NE(leArquivo(em("r.txt.partial")), "old");
+}
+
+TEST_F(Incompleto, StdoutGetsNothing) {
+  criaBanco("DROP TABLE moeda");
+  const Fim fim = gera({"--output", "-", "--log", "falhas.log"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(fim.saida, "");
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
+      "nothing was written to stdout\n");
+}
+
+TEST_F(Incompleto, ValueThatBreaksAQueryHalfWayIsAFailureToo) {
+  criaBanco(
+      "DROP TABLE moeda; CREATE TABLE t(a); INSERT INTO t VALUES (1), (-9223372036854775808);"
+      "CREATE VIEW moeda AS SELECT abs(a) AS data_hora_gravacao, 'R$' AS simbolo_moeda FROM t");
+  const Fim fim = gera({"--output", "r.txt", "--log", "falhas.log"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: the report is incomplete: E06 (integer overflow); --keep-partial keeps what there is; the "
+      "temporary file was removed\n");
+}
+
+TEST_F(Incompleto, LogIsAppendedTo) {
+  criaBanco("DROP TABLE moeda");
+  escreveArquivo(em("falhas.log"), "before\n");
+  EXPECT_EQ(gera({"--output", "r.txt", "--log", "falhas.log"}).situacao, 1);
+  EXPECT_EQ(semHora(leArquivo(em("falhas.log"))),
+            "before\n@ Erro no select 2 - TipoE06: no such table: moeda\n");
+}
+
+TEST_F(Incompleto, LogThatCannotBeWrittenIsTold) {
+  criaBanco("DROP TABLE moeda");
+  const Fim fim = gera({"--output", "r.txt", "--log", "/dev/full"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: cannot write the log: No space left on device\n"
+      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
+      "the temporary file was removed\n");
+}
+
+TEST_F(Incompleto, LogThatCannotBeOpenedGivesThree) {
+  criaBanco();
+  const Fim fim = gera({"--output", "r.txt", "--log", "nowhere/falhas.log"});
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(fim.erros,
+            "cotepe: cannot open the log: nowhere/falhas.log: found No such file or directory, expected a "
+            "file that "
+            "can be written; choose another --log\n");
+  EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
+}
+
+TEST_F(Incompleto, PrinterWithoutIdentityGivesFive) {
+  criaBanco("DROP TABLE dados_usuario");
+  escreveArquivo(em("r.txt"), "old");
+  const Fim fim = gera({"--output", "r.txt", "--force", "--keep-partial"});
+  EXPECT_EQ(fim.situacao, 5);
+  EXPECT_EQ(
+      semHora(fim.erros),
+      "@ Erro no select - GeraRegistrosTipoE: no such table: dados_usuario\n"
+      "cotepe: cannot read the printer's identity: base.db: found no such table: dados_usuario, expected the "
+      "tables dados_ecf and dados_usuario; check that --db is a fiscal database; the temporary file was "
+      "removed\n");
+  EXPECT_EQ(leArquivo(em("r.txt")), "old");
+  EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt"}));
+}
+
+TEST_F(Incompleto, EmptyFileIsADatabaseWithoutIdentity) {
+  escreveArquivo(em("base.db"), "");
+  EXPECT_EQ(gera().situacao, 5);
+  EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+// The command line: help, version, and what is refused before a file is touched.
+#include "Cena.h"
+
+namespace {
+
+constexpr char kSituacoes[] =
+    "Exit status:\n"
+    "  0  done\n"
+    "  1  incomplete, the registers concerned are named; or findings\n"
+    "  2  wrong usage\n"
+    "  3  the database or the output cannot be opened\n"
+    "  4  writing failed\n"
+    "  5  the identity query failed\n"
+    "  128 and the signal's number: interrupted\n";
+
+bool contem(const std::string& texto, const std::string& parte) {
+  return texto.find(parte) != std::string::npos;
+}
+
+struct Recusa {
+  std::vector<std::string> argumentos;
+  const char* mensagem;
+};
+
+class Uso : public Cena {
+ protected:
+  void recusa(const std::vector<Recusa>& recusas) {
+    for (const Recusa& recusada : recusas) {
+      const Fim fim = roda(recusada.argumentos, pasta());
+      EXPECT_EQ(fim.situacao, 2) << recusada.mensagem;
+      EXPECT_EQ(fim.erros, std::string("cotepe: wrong usage: ") + recusada.mensagem + "\n");
+      EXPECT_EQ(fim.saida, "");
+    }
+  }
+};
+
+TEST_F(Uso, HelpNamesEveryCommandAndEveryExitStatus) {
+  const Fim fim = roda({"--help"});
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(fim.erros, "");
+  for (const char* comando : {"generate", "sample", "schema", "layout"})
+    EXPECT_TRUE(contem(fim.saida, std::string("\n  ") + comando + " ")) << comando;
+  EXPECT_TRUE(contem(fim.saida, kSituacoes)) << fim.saida;
+}
+
+TEST_F(Uso, HelpOfACommandNamesItsOptionsAndEveryExitStatus) {
+  const Fim fim = roda({"generate", "--help"});
+  EXPECT_EQ(fim.situacao, 0);
+  for (const char* opcao :
+       {"--db", "--from", "--to", "--command", "--layout", "--cat52", "--output", "--serial", "--model",
+        "--type", "--sb-version", "--log", "--quiet", "--force", "--keep-partial", "--busy-timeout SECONDS"})
+    EXPECT_TRUE(contem(fim.saida, std::string("\n  ") + opcao)) << opcao;
+  EXPECT_TRUE(contem(fim.saida, kSituacoes));
+  for (const char* comando : {"sample", "schema", "layout"})
+    EXPECT_TRUE(contem(roda({comando, "--help"}).saida, kSituacoes)) << comando;
+}
+
+TEST_F(Uso, VersionIsOneLine) {
+  const Fim fim = roda({"--version"});
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(fim.saida, "cotepe 0.1.0\n");
+  EXPECT_EQ(fim.erros, "");
+}
+
+TEST_F(Uso, CommandLinesThatCannotBeReadAreRefused) {
+  recusa({
+      {{}, "A subcommand is required; see cotepe --help"},
+      {{"print"}, "A subcommand is required; see cotepe --help"},
+      {{"schema", "x"}, "The following argument was not expected: x; see cotepe --help"},
+      {{"generate", "--from", "01012024", "--to", "01012024"}, "--db is required; see cotepe --help"},
+      {{"generate", "--db", "b", "--to", "01012024"}, "--from is required; see cotepe --help"},
+      {{"generate", "--db", "b", "--from", "01012024"}, "--to is required; see cotepe --help"},
+      {generate({"--what"}), "The following argument was not expected: --what; see cotepe --help"},
+      {generate({"--layout", "3"}), "--layout: 3 not in {1,2}; see cotepe --help"},
+      {generate({"--command", "mf"}), "--command: mf not in {MF,MFD,TDM,RZ}; see cotepe --help"},
+      {generate({"--busy-timeout", "-1"}),
+       "--busy-timeout: Value -1 not in range 0 to 86400; see cotepe --help"},
+      {generate({"--output", ""}), "--output: empty name; see cotepe --help"},
+      {{"layout", "--format", "xml"}, "--format: xml not in {text,markdown,json}; see cotepe --help"},
+      {{"sample"}, "FILE is required; see cotepe --help"},
+      {{"sample", "s.db", "--days", "0"}, "--days: Value 0 not in range 1 to 36500; see cotepe --help"},
+      {{"sample", "s.db", "--coupons-per-day", "1000001"},
+       "--coupons-per-day: Value 1000001 not in range 1 to 1000000; see cotepe --help"},
+      {{"sample", "s.db", "--seed", "-1"}, "--seed: -1 is no number from 0 on; see cotepe --help"},
+  });
+  EXPECT_EQ(nomes(), std::vector<std::string>{});
+}
+
+TEST_F(Uso, DaysMustExistAndBeInOrder) {
+  const auto dias = [](const char* de, const char* ate) {
+    return std::vector<std::string>{"generate", "--db", "base.db", "--from", de, "--to", ate};
+  };
+  recusa({
+      {dias("31022024", "01032024"),
+       "--from 31022024: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; correct it"},
+      {dias("01022024", "2024-02-30"),
+       "--to 2024-02-30: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; correct it"},
+      {dias("2024-02-02", "01022024"),
+       "--to 01022024: found a day before --from 2024-02-02, expected that day or a later one; correct one "
+       "of them"},
+      {{"sample", "s.db", "--start", "2023-02-29"},
+       "--start 2023-02-29: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; correct it"},
+      {{"sample", "s.db", "--start", "31121899"},
+       "--start 31121899: found a year that no sample begins in, expected 1900 to 9899; correct it"},
+      {{"sample", "s.db", "--start", "01019900"},
+       "--start 01019900: found a year that no sample begins in, expected 1900 to 9899; correct it"},
+  });
+}
+
+TEST_F(Uso, TextsThatWouldNotFitARecordAreRefused) {
+  recusa({
+      {generate({"--serial", "123456789012345678901"}),
+       "--serial: found 21 characters, expected at most 20 characters of ASCII; correct it"},
+      {generate({"--model", "A\nB"}),
+       "--model: found a character that is not printable ASCII, expected at most 20 characters of ASCII; "
+       "correct it"},
+      {generate({"--type", "12345678"}),
+       "--type: found 8 characters, expected at most 7 characters of ASCII; correct it"},
+      {generate({"--sb-version", "ç"}),
+       "--sb-version: found a character that is not printable ASCII, expected at most 10 characters of "
+       "ASCII; "
+       "correct it"},
+  });
+}
+
+TEST_F(Uso, StdoutKeepsNoPartialReport) {
+  recusa({{generate({"--output", "-", "--keep-partial"}),
+           "--keep-partial: found --output -, expected a file to keep; name a file or leave out "
+           "--keep-partial"}});
+}
+
+TEST_F(Uso, NothingIsWrittenOverTheDatabase) {
+  criaBanco();
+  ASSERT_EQ(symlink("base.db", em("elo.db").c_str()), 0);
+  ASSERT_EQ(link(em("base.db").c_str(), em("outro.db").c_str()), 0);
+  const std::string antes = leArquivo(em("base.db"));
+  for (const std::string nome :
+       {"base.db", "./base.db", "elo.db", "outro.db", "base.db-wal", "base.db-shm", "./base.db-journal"}) {
+    const std::string resto =
+        " " + nome + ": found the database or a file of it, expected another file; choose another name";
+    recusa({{generate({"--force", "--output", nome}), ("--output" + resto).c_str()},
+            {generate({"--output", "r.txt", "--log", nome}), ("--log" + resto).c_str()}});
+  }
+  recusa(
+      {{{"generate", "--db", "elo.db", "--from", "01012024", "--to", "01012024", "--output", "base.db-wal"},
+        "--output base.db-wal: found the database or a file of it, expected another file; choose another "
+        "name"}});
+  EXPECT_EQ(leArquivo(em("base.db")), antes);
+  EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "elo.db", "outro.db"}));
+}
+
+TEST_F(Uso, StdoutMustNotBeTheDatabase) {
+  criaBanco();
+  const std::string antes = leArquivo(em("base.db"));
+  const Fim fim =
+      Processo(generate({"--output", "-"})).naPasta(pasta()).comSaidaEm(em("base.db")).inicia().espera();
+  EXPECT_EQ(fim.situacao, 2);
+  EXPECT_EQ(fim.erros,
+            "cotepe: wrong usage: --output -: found stdout in the database, expected another file; send it "
+            "elsewhere\n");
+  EXPECT_EQ(leArquivo(em("base.db")), antes);
+}
+
+TEST_F(Uso, LogAndReportAreTwoFiles) {
+  criaBanco();
+  recusa({{generate({"--output", "r.txt", "--log", "./r.txt"}),
+           "--log ./r.txt: found the output, expected another file; choose another name"}});
+  EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
+}
+
+TEST_F(Uso, OutputOfHelpAndSchemaThatIsNotTakenGivesFour) {
+  for (const char* argumento : {"--help", "--version", "schema", "layout"}) {
+    const Fim fim = Processo({argumento}).comSaidaEm("/dev/full").inicia().espera();
+    EXPECT_EQ(fim.situacao, 4) << argumento;
+    EXPECT_EQ(
+        fim.erros,
+        "cotepe: cannot write the output: stdout: found No space left on device, expected a place that takes "
+        "all of it; free some space or choose another place\n");
+  }
+}
+
+}  // namespace

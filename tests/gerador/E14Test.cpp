@@ -63,6 +63,7 @@ TEST(E14, WithoutCouponWritesOnePlaceholderOutsideCat52) {
 
 TEST(E14, CouponsComeInAscendingCcf) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(kReducao);
   for (const char* ccf : {"3", "1", "2"}) {
     bancada.sql(kCupom);

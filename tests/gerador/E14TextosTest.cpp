@@ -30,8 +30,9 @@ TEST(E14, TextsAreThereInLayout2OutsideCat52Only) {
     const std::string linha =
         linhaCom(bancada, std::string(kTudoPreenchido) + ", texto_suplementar='s', assinatura_documento='a'");
     EXPECT_EQ(linha.size(), caso.comprimento);
-    const std::string contadores = caso.versao == 1 ? "654321456789" : "987654321123456789";
-    const std::string semTextos = cabecalhoDoUsuario("E14") + contadores + kDepoisDosContadores;
+    std::string semTextos = cabecalhoDoUsuario("E14");
+    semTextos += caso.versao == 1 ? "654321456789" : "987654321123456789";
+    semTextos += kDepoisDosContadores;
     EXPECT_EQ(linha.substr(0, semTextos.size()), semTextos);
   }
 }

@@ -85,6 +85,7 @@ TEST(E15, WithoutItemWritesOnePlaceholderOutsideCat52) {
 
 TEST(E15, ItemsComeByCouponAndThenByItemNumber) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(
       "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES('7', '2024-01-15 00:00:00');"
       "INSERT INTO cupom_fiscal(cont_ccf, cont_coo, cont_crz) VALUES(2,11,'7'),(1,12,'7');");

@@ -164,6 +164,7 @@ TEST(E16, WithoutDocumentWritesOnePlaceholderOutsideCat52) {
 
 TEST(E16, DocumentsComeInAscendingCoo) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql("INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(7, '2024-01-15 00:00:00')");
   for (const char* coo : {"30", "4", "20"})
     bancada.sql(std::string("INSERT INTO outros_documentos(cont_coo, cont_crz) VALUES(") + coo + ", 7)");

@@ -97,6 +97,7 @@ TEST(E17, OnlyTotalizersMarkedNonFiscalAreTaken) {
 
 TEST(E17, TotalizersComeByReductionAndThenByNameCapitalsFirst) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(
       "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(2,'2024-01-02 00:00:00'),(10,'2024-01-10 "
       "00:00:00');"
@@ -124,6 +125,7 @@ TEST(E17, TotalizersComeByReductionAndThenByNameCapitalsFirst) {
 
 TEST(E18, MeansComeByReductionAndThenByDescriptionWithoutRegardToCase) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(
       "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(2,'2024-01-02 00:00:00'),(10,'2024-01-10 "
       "00:00:00');"

@@ -84,6 +84,7 @@ TEST(E19, WithoutCouponWritesOnePlaceholderOutsideCat52) {
 
 TEST(E19, CouponsComeInAscendingGnf) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql("INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(7, '2024-01-15 00:00:00')");
   for (const char* contadores : {"1, 30", "2, 4", "3, 20"})
     bancada.sql(std::string("INSERT INTO cupom_nf(cont_coo, cont_gnf, data_hora_emissao, cont_crz) VALUES(") +

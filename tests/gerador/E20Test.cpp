@@ -81,6 +81,7 @@ TEST(E20, WithoutItemWritesOnePlaceholderOutsideCat52) {
 
 TEST(E20, ItemsComeByGnfAndThenByItemNumber) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(
       "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(7, '2024-01-15 00:00:00');"
       "INSERT INTO totalizador_nao_fiscal VALUES(5, 'SANGRIA');"

@@ -101,6 +101,7 @@ TEST(E21, WithoutPaymentWritesOnePlaceholderOutsideCat52) {
 
 TEST(E21, PaymentsOfBothKindsComeTogetherByCooAndThenByMeans) {
   Bancada bancada;
+  bancada.semIndicesAutomaticos();
   bancada.sql(
       "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES(7, '2024-01-15 00:00:00');"
       "INSERT INTO cupom_fiscal(cont_coo, cont_ccf, cont_crz) VALUES(9, 1, 7), (30, 2, 7);"

@@ -100,7 +100,7 @@ class Golden : public testing::TestWithParam<fs::path> {
         gerador.GeraRegistrosTipoE(arquivo.c_str(), argumentos_.at("inicio").c_str(),
                                    argumentos_.at("fim").c_str(), argumentos_.at("comando").c_str());
     EXPECT_EQ(std::to_string(resultado), argumentos_.at("resultado"));
-    const std::string relatorio = conteudo(arquivo);
+    std::string relatorio = conteudo(arquivo);
     fs::remove(arquivo);
     return relatorio;
   }

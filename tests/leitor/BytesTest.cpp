@@ -40,14 +40,15 @@ Contagem muda(std::string texto) {
   return contagem;
 }
 
-// Whatever stands in a text, such as a name, is as good as what stood there; all else is found but for a few digits.
+// Whatever stands in a text, such as a name, is as good as what stood there; all else is found but for a few
+// digits.
 TEST(Bytes, ChangedOnesAreMostlyFound) {
   for (const int leiaute : {1, 2}) {
     const Contagem contagem = muda(Relatorio::bom(leiaute).texto());
     RecordProperty("found", std::to_string(contagem.achadas) + " of " + std::to_string(contagem.mudancas));
-    std::cout << "layout " << leiaute << ": " << contagem.achadas << " of " << contagem.mudancas << " changes found ("
-              << contagem.parte() << " %), " << contagem.posicoesSempreAchadas << " of " << contagem.posicoes
-              << " positions always\n";
+    std::cout << "layout " << leiaute << ": " << contagem.achadas << " of " << contagem.mudancas
+              << " changes found (" << contagem.parte() << " %), " << contagem.posicoesSempreAchadas << " of "
+              << contagem.posicoes << " positions always\n";
     EXPECT_GE(contagem.parte(), 50.0);
   }
 }

@@ -165,6 +165,22 @@ const std::vector<Caso>& casos() {
         "no earlier day" +
         kBanco},
        [](Relatorio& r) { r.troca(21, 59, "20240102", "20240103"); }},
+      {"document-counters",
+       [](Relatorio& r) { r.troca(29, 59, "000000", "000009"); },
+       {":29:59-64: error document-counters E16.8 \"GRG\": found \"000009\" in a document \"CN\", expected "
+        "zeros" +
+        kGere},
+       [](Relatorio& r) { r.troca(28, 59, "000021", "000009"); }},
+      {"adjustment-letter",
+       [](Relatorio& r) { r.troca(20, 137, "D", "A"); },
+       {":20:137-137: error adjustment-letter E14.17 \"Ordem de desconto e acréscimo\": found \"A\", "
+        "expected "
+        "\"D\"" +
+        kGere},
+       [](Relatorio& r) {
+         r.troca(20, 81, "0000000000100V0000000000000", "0000000000200V0000000000100");
+         r.troca(20, 137, "D", "A");
+       }},
       {"document-total",
        [](Relatorio& r) { r.troca(41, 90, "0000000000000", "0000000000100"); },
        {":41:116-128: error document-total E20.13 \"Valor líquido\": found 12,00, expected 11,00" + kBanco},

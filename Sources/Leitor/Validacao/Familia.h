@@ -50,7 +50,8 @@ class Familia {
 using NovaFamilia = std::unique_ptr<Familia>(Relator& relator, const LeitorDeRegistros& leitor);
 
 NovaFamilia regrasDeLinhas, regrasDeOrdem, regrasDeCampos, regrasDeIdentidade, regrasDeChaves,
-    regrasDeContadores, regrasDeTotais, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao;
+    regrasDeContadores, regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa,
+    regrasDePosicao;
 
 /// A field of a regular register, found by its label once.
 class Coluna {

@@ -35,6 +35,8 @@ enum class Regra : std::uint8_t {
   ContadorAusente,
   ItemAusente,
   DataRetrocede,
+  ContadoresDoTipo,
+  LetraDoAjuste,
   TotalDoDocumento,
   TotalDoItem,
   ItensDoCupom,

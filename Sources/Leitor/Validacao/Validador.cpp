@@ -11,7 +11,7 @@ bool Validador::valida(LeitorDeLinhas& linhas) {
   LeitorDeRegistros leitor(linhas);
   for (NovaFamilia* nova :
        {regrasDeLinhas, regrasDeOrdem, regrasDeIdentidade, regrasDeCampos, regrasDeChaves, regrasDeContadores,
-        regrasDeTotais, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})
+        regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})
     familias_.push_back(nova(relator_, leitor));
   for (RegistroLido lido; leitor.proximo(lido); ++linhas_)
     for (const auto& familia : familias_) familia->linha(lido);

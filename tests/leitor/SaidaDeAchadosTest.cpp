@@ -1,0 +1,177 @@
+// Findings as people and programs get them, word for word.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "Json.h"
+#include "SaidaDeAchados.h"
+#include "Trecho.h"
+
+namespace cotepe {
+namespace {
+
+Achado noRelatorio() {
+  Achado achado;
+  achado.regra = "field-letter";
+  achado.arquivo = "r.txt";
+  achado.linha = 2;
+  achado.de = 3;
+  achado.ate = 5;
+  achado.conteudo = "ABxyzCD";
+  achado.registro = "E14";
+  achado.numero = 15;
+  achado.campo = "Cancelado (S/N)";
+  achado.encontrado = "\"xyz\"";
+  achado.esperado = "S or N";
+  achado.conserto = "correct it";
+  return achado;
+}
+
+Achado noBanco() {
+  Achado achado;
+  achado.severidade = Severidade::Aviso;
+  achado.regra = "text-length";
+  achado.arquivo = "loja.db";
+  achado.tabela = "cupom_fiscal";
+  achado.chave = "cont_coo=12";
+  achado.coluna = "id_cancelado";
+  achado.encontrado = "an empty text";
+  return achado;
+}
+
+std::string saida(const SaidaDeAchados::Opcoes& opcoes, const std::vector<Achado>& achados) {
+  std::ostringstream texto;
+  SaidaDeAchados saida(texto, opcoes);
+  for (const Achado& achado : achados) saida.recebe(achado);
+  saida.termina();
+  return texto.str();
+}
+
+TEST(SaidaDeAchados, TextIsALineAFindingAndTheCounts) {
+  EXPECT_EQ(saida({}, {}), "");
+  EXPECT_EQ(saida({}, {noRelatorio(), noBanco()}),
+            "r.txt:2:3-5: error field-letter E14.15 \"Cancelado (S/N)\": found \"xyz\", expected S or N "
+            "(correct it)\n"
+            "loja.db: cupom_fiscal[cont_coo=12].id_cancelado: warning text-length: found an empty text\n"
+            "1 error, 1 warning\n");
+}
+
+TEST(SaidaDeAchados, WhatAFindingLacksIsLeftOut) {
+  Achado achado;
+  achado.regra = "rule";
+  achado.esperado = "this";
+  EXPECT_EQ(textoDoAchado(achado), "error rule: expected this");
+  achado.registro = "E08";
+  achado.arquivo = "r.txt";
+  EXPECT_EQ(textoDoAchado(achado), "r.txt: error rule E08: expected this");
+}
+
+TEST(SaidaDeAchados, CountsStayWholeBeyondTheLimit) {
+  SaidaDeAchados::Opcoes opcoes;
+  opcoes.maximo = 1;
+  EXPECT_EQ(saida(opcoes, {noBanco(), noRelatorio(), noRelatorio()}),
+            "loja.db: cupom_fiscal[cont_coo=12].id_cancelado: warning text-length: found an empty text\n"
+            "2 errors, 1 warning (1 shown)\n");
+  opcoes.formato = FormatoDeAchados::Json;
+  opcoes.maximo = 0;
+  EXPECT_EQ(saida(opcoes, {noBanco(), noRelatorio(), noRelatorio()}),
+            "{\"summary\":{\"errors\":2,\"warnings\":1,\"shown\":0}}\n");
+}
+
+TEST(SaidaDeAchados, TerminalSeesTheLineWithACaret) {
+  SaidaDeAchados::Opcoes opcoes;
+  opcoes.comLinha = true;
+  EXPECT_EQ(saida(opcoes, {noRelatorio()}),
+            "r.txt:2:3-5: error field-letter E14.15 \"Cancelado (S/N)\": found \"xyz\", expected S or N "
+            "(correct it)\n"
+            "  ABxyzCD\n"
+            "    ^~~\n"
+            "1 error, 0 warnings\n");
+  opcoes.cores = true;
+  EXPECT_EQ(saida(opcoes, {noRelatorio()}),
+            "r.txt:2:3-5: \033[1;31merror\033[0m field-letter E14.15 \"Cancelado (S/N)\": found \"xyz\", "
+            "expected S or "
+            "N (correct it)\n"
+            "  ABxyzCD\n"
+            "  \033[1;32m  ^~~\033[0m\n"
+            "1 error, 0 warnings\n");
+}
+
+TEST(SaidaDeAchados, JsonIsAnObjectALine) {
+  SaidaDeAchados::Opcoes opcoes;
+  opcoes.formato = FormatoDeAchados::Json;
+  EXPECT_EQ(
+      saida(opcoes, {noRelatorio(), noBanco()}),
+      "{\"severity\":\"error\",\"rule\":\"field-letter\",\"file\":\"r.txt\",\"line\":2,\"from\":3,\"to\":5,"
+      "\"register\":\"E14\",\"field\":15,\"label\":\"Cancelado (S/N)\",\"found\":\"\\\"xyz\\\"\","
+      "\"expected\":\"S or N\",\"fix\":\"correct it\"}\n"
+      "{\"severity\":\"warning\",\"rule\":\"text-length\",\"file\":\"loja.db\",\"table\":\"cupom_fiscal\","
+      "\"key\":\"cont_coo=12\",\"column\":\"id_cancelado\",\"found\":\"an empty text\"}\n"
+      "{\"summary\":{\"errors\":1,\"warnings\":1,\"shown\":2}}\n");
+}
+
+TEST(SaidaDeAchados, SarifIsOneDocument) {
+  SaidaDeAchados::Opcoes opcoes;
+  opcoes.formato = FormatoDeAchados::Sarif;
+  const std::string abre =
+      "{\"$schema\":\"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
+      "sarif-schema-2.1.0.json\","
+      "\"version\":\"2.1.0\",\"runs\":[{\"results\":[";
+  EXPECT_EQ(saida(opcoes, {}), abre +
+                                   "\n],\"tool\":{\"driver\":{\"name\":\"cotepe\",\"rules\":[]}},"
+                                   "\"properties\":{\"errors\":0,\"warnings\":0,\"shown\":0}}]}\n");
+  EXPECT_EQ(
+      saida(opcoes, {noRelatorio(), noBanco()}),
+      abre +
+          "\n{\"ruleId\":\"field-letter\",\"level\":\"error\",\"message\":{\"text\":\"E14.15 \\\"Cancelado "
+          "(S/N)\\\": found \\\"xyz\\\", expected S or N (correct "
+          "it)\"},\"locations\":[{\"physicalLocation\":{"
+          "\"artifactLocation\":{\"uri\":\"r.txt\"},\"region\":{\"startLine\":2,\"startColumn\":3,"
+          "\"endColumn\":6}}}]},\n"
+          "{\"ruleId\":\"text-length\",\"level\":\"warning\",\"message\":{\"text\":\"found an empty text\"},"
+          "\"locations\":[{\"physicalLocation\":{\"artifactLocation\":{\"uri\":\"loja.db\"}},"
+          "\"logicalLocations\":[{\"fullyQualifiedName\":\"cupom_fiscal[cont_coo=12].id_cancelado\"}]}]}\n"
+          "],\"tool\":{\"driver\":{\"name\":\"cotepe\",\"rules\":[{\"id\":\"field-letter\"},"
+          "{\"id\":\"text-length\"}]}},\"properties\":{\"errors\":1,\"warnings\":1,\"shown\":2}}]}\n");
+}
+
+TEST(SaidaDeAchados, ColoursAreForTerminals) {
+  const SaidaDeAchados::Opcoes opcoes = SaidaDeAchados::opcoesPara(-1);
+  EXPECT_FALSE(opcoes.comLinha);
+  EXPECT_FALSE(opcoes.cores);
+}
+
+TEST(SaidaDeAchados, FormatsHaveNames) {
+  FormatoDeAchados formato{};
+  EXPECT_TRUE(formatoDeAchados("sarif", formato));
+  EXPECT_EQ(formato, FormatoDeAchados::Sarif);
+  EXPECT_FALSE(formatoDeAchados("xml", formato));
+}
+
+TEST(Json, AnyBytesMakeAValidString) {
+  EXPECT_EQ(textoJson("a\"b\\c\n\x7F"), "\"a\\\"b\\\\c\\u000A\\u007F\"");
+  EXPECT_EQ(textoJson("Nº"), "\"Nº\"");
+  EXPECT_EQ(textoJson("N\xBA"), "\"N\\u00BA\"");                      // Latin-1
+  EXPECT_EQ(textoJson("\xC0\x80"), "\"\\u00C0\\u0080\"");             // overlong
+  EXPECT_EQ(textoJson("\xED\xA0\x80"), "\"\\u00ED\\u00A0\\u0080\"");  // a surrogate
+  EXPECT_EQ(textoJson(std::string("\0", 1)), "\"\\u0000\"");
+}
+
+TEST(Trecho, LongLineIsCutAroundTheBytesMeant) {
+  std::string linha(300, 'a');
+  linha.replace(199, 3, "XYZ");
+  const Trecho meio = trechoDaLinha(linha, 200, 202, 20);
+  EXPECT_EQ(meio.linha, "...aaaaaaaaaaXYZaaaaaaa...");
+  EXPECT_EQ(meio.marca, "             ^~~");
+  const Trecho comeco = trechoDaLinha(linha, 1, 3, 20);
+  EXPECT_EQ(comeco.linha, "aaaaaaaaaaaaaaaaaaaa...");
+  EXPECT_EQ(comeco.marca, "^~~");
+  const Trecho alem = trechoDaLinha("abc", 200, 202, 20);
+  EXPECT_EQ(alem.linha, "abc");
+}
+
+TEST(Trecho, WhatCannotBeShownIsAQuestionMark) { EXPECT_EQ(mostravel("a\tb\xC1~"), "a?b?~"); }
+
+}  // namespace
+}  // namespace cotepe

@@ -51,7 +51,7 @@ std::string linhaDe(const std::string& codigo, const char* serie, const char* mo
   std::rewind(arquivo);
   EXPECT_NE(std::fgets(linha, sizeof linha, arquivo), nullptr);
   EXPECT_EQ(std::fgetc(arquivo), EOF);
-  std::fclose(arquivo);
+  EXPECT_EQ(std::fclose(arquivo), 0);
   return linha;
 }
 

@@ -59,30 +59,12 @@ TEST(E09, CountersKeepTheirLastDigits) {
 
 TEST(E09, CountersAreReadAsIntegers) {
   const struct {
-    const char* valor;
-    const char* campos;  // CRZ, COO
-  } kCasos[] = {{"''",
-                 "0000"
-                 "000000000"},
-                {"NULL",
-                 "0000"
-                 "000000000"},
-                {"7",
-                 "0007"
-                 "000000007"},
-                {"'7x'",
-                 "0007"
-                 "000000007"},
-                {"'x7'",
-                 "0000"
-                 "000000000"},
-                {"'-7'",
-                 "-007"
-                 "-00000007"}};
+    const char *valor, *crz, *coo;
+  } kCasos[] = {{"''", "0000", "000000000"},   {"NULL", "0000", "000000000"}, {"7", "0007", "000000007"},
+                {"'7x'", "0007", "000000007"}, {"'x7'", "0000", "000000000"}, {"'-7'", "-007", "-00000007"}};
   for (const auto& caso : kCasos) {
-    const std::string valor = caso.valor;
-    EXPECT_EQ(posicoes(linhaCom(2, "cont_crz=" + valor + ", cont_coo=" + valor), 67, 79), caso.campos)
-        << valor;
+    EXPECT_EQ(posicoes(linhaCom(2, "cont_crz=" + std::string(caso.valor)), 67, 70), caso.crz) << caso.valor;
+    EXPECT_EQ(posicoes(linhaCom(2, "cont_coo=" + std::string(caso.valor)), 71, 79), caso.coo) << caso.valor;
   }
 }
 

@@ -62,31 +62,16 @@ TEST(E10, TapeCounterHasSixDigitsInEveryLayout) {
 
 TEST(E10, CountersAreReadAsIntegers) {
   const struct {
-    const char* valor;
-    const char* campos;  // first and last COO
-  } kCasos[] = {{"''",
-                 "000000"
-                 "000000"},
-                {"NULL",
-                 "000000"
-                 "000000"},
-                {"7",
-                 "000007"
-                 "000007"},
-                {"'7x'",
-                 "000007"
-                 "000007"},
-                {"'x7'",
-                 "000000"
-                 "000000"},
-                {"'-7'",
-                 "-00007"
-                 "-00007"}};
+    const char *valor, *campo;
+  } kCasos[] = {{"''", "000000"},   {"NULL", "000000"}, {"7", "000007"},
+                {"'7x'", "000007"}, {"'x7'", "000000"}, {"'-7'", "-00007"}};
   for (const auto& caso : kCasos) {
     const std::string valor = caso.valor;
-    EXPECT_EQ(posicoes(linhaCom(1, "UPDATE fita_detalhe SET coo_inicial=" + valor + ", coo_final=" + valor),
-                       59, 70),
-              caso.campos)
+    EXPECT_EQ(posicoes(linhaCom(1, "UPDATE fita_detalhe SET cont_cfd=" + valor), 45, 50), caso.campo)
+        << valor;
+    EXPECT_EQ(posicoes(linhaCom(1, "UPDATE fita_detalhe SET coo_inicial=" + valor), 59, 64), caso.campo)
+        << valor;
+    EXPECT_EQ(posicoes(linhaCom(1, "UPDATE fita_detalhe SET coo_final=" + valor), 65, 70), caso.campo)
         << valor;
   }
 }

@@ -93,11 +93,11 @@ TEST(E22, IsTheLastLineOfARunInLayout2OnlyForMfAndTdm) {
   bancada.comIdentidade();
   bancada.sql("INSERT INTO tentativas_sb VALUES(1,'','2030-01-01 00:00:00','')");
   const struct {
-    int versao;
     const char* comando;
+    int versao;
     bool presente;
-  } kCasos[] = {{1, "MF", false}, {1, "TDM", false}, {3, "MF", false}, {3, "TDM", false}, {2, "MF", true},
-                {2, "TDM", true}, {2, "MFD", false}, {2, "RZ", false}, {2, "mf", false}};
+  } kCasos[] = {{"MF", 1, false}, {"TDM", 1, false}, {"MF", 3, false}, {"TDM", 3, false}, {"MF", 2, true},
+                {"TDM", 2, true}, {"MFD", 2, false}, {"RZ", 2, false}, {"mf", 2, false}};
   for (const auto& caso : kCasos) {
     const auto linhas = bancada.versao(caso.versao).gera(caso.comando);
     EXPECT_EQ(doRegistro(linhas, "E22").size(), caso.presente ? 1U : 0U) << caso.versao << caso.comando;

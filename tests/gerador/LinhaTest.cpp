@@ -166,14 +166,15 @@ TEST(Linha, RoomIsThereForTheTextAndItsTerminator) {
 
 std::string comoPrintf(std::int64_t valor, int largura) {
   char texto[64];
-  std::snprintf(texto, sizeof texto, "%0*lld", largura, static_cast<long long>(valor));
-  return texto;
+  const int bytes = std::snprintf(texto, sizeof texto, "%0*lld", largura, static_cast<long long>(valor));
+  return {texto, static_cast<std::size_t>(bytes)};
 }
 
 std::string comoPrintfSemSinal(std::uint64_t valor, int largura) {
   char texto[64];
-  std::snprintf(texto, sizeof texto, "%0*llu", largura, static_cast<unsigned long long>(valor));
-  return texto;
+  const int bytes =
+      std::snprintf(texto, sizeof texto, "%0*llu", largura, static_cast<unsigned long long>(valor));
+  return {texto, static_cast<std::size_t>(bytes)};
 }
 
 std::string numero(std::int64_t valor, std::size_t largura) {
@@ -233,7 +234,7 @@ class LinhaIngenua {
     cursor_ += nominal;
   }
   void vaiPara(std::size_t posicao) { cursor_ = posicao; }
-  std::string texto() const { return buffer_.c_str(); }
+  std::string texto() const { return buffer_.substr(0, buffer_.find('\0')); }
 
  private:
   std::string buffer_ = std::string(20000, '\0');

@@ -26,14 +26,14 @@ class Localidade : public testing::Test {
     setenv("LOCPATH", pasta.c_str(), 1);
   }
   static void TearDownTestSuite() { std::filesystem::remove_all(pasta); }
-  void TearDown() override { std::setlocale(LC_ALL, "C"); }
+  void TearDown() override { ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr); }
 
   // Whether the decimal comma is in force: asked of the C library itself.
   static void entra() {
     ASSERT_EQ(resultado, 0) << "localedef could not make the locale";
     ASSERT_NE(std::setlocale(LC_ALL, "pt_BR.UTF-8"), nullptr);
     std::array<char, 8> texto{};
-    std::snprintf(texto.data(), texto.size(), "%.1f", 1.5);
+    ASSERT_EQ(std::snprintf(texto.data(), texto.size(), "%.1f", 1.5), 3);
     ASSERT_STREQ(texto.data(), "1,5");
     ASSERT_EQ(std::strtod("1.5", nullptr), 1.0);
   }

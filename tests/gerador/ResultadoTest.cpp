@@ -128,7 +128,7 @@ class LimiteDeArquivo {
   }
   ~LimiteDeArquivo() {
     setrlimit(RLIMIT_FSIZE, &antes_);
-    std::signal(SIGXFSZ, sinal_);
+    static_cast<void>(std::signal(SIGXFSZ, sinal_));
   }
   LimiteDeArquivo(const LimiteDeArquivo&) = delete;
   LimiteDeArquivo& operator=(const LimiteDeArquivo&) = delete;
@@ -170,7 +170,7 @@ TEST_F(Resultado, FourWhenTheReaderOfAPipeIsGone) {
   };
   const auto antes = std::signal(SIGPIPE, SIG_IGN);
   EXPECT_EQ(gera(), 4);
-  std::signal(SIGPIPE, antes);
+  static_cast<void>(std::signal(SIGPIPE, antes));
 }
 
 TEST_F(Resultado, FiveWhenTheIdentityCannotBeReadAndTheReportIsClosedAndEmpty) {

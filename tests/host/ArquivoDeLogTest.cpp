@@ -26,8 +26,7 @@ std::string agora() {
   std::tm local{};
   localtime_r(&segundos, &local);
   std::array<char, 32> texto{};
-  std::strftime(texto.data(), texto.size(), "%Y-%m-%d %H:%M:%S", &local);
-  return texto.data();
+  return {texto.data(), std::strftime(texto.data(), texto.size(), "%Y-%m-%d %H:%M:%S", &local)};
 }
 
 class Log : public testing::Test {

@@ -22,8 +22,7 @@ std::string comStrftime(std::time_t segundos, const char* formato) {
   std::tm local{};
   localtime_r(&segundos, &local);
   std::array<char, 100> saida{};
-  std::strftime(saida.data(), saida.size(), formato, &local);
-  return saida.data();
+  return {saida.data(), std::strftime(saida.data(), saida.size(), formato, &local)};
 }
 
 TEST(Relogio, IsAllZeroUntilItIsLoaded) {

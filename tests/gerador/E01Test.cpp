@@ -299,73 +299,6 @@ TEST(E01, CommandIsBlankFilledToThree) {
     EXPECT_EQ(posicoes(bancada.linha("E01", caso.comando), 113, 121), std::string(caso.campo) + "123456");
 }
 
-TEST(E01, WithoutAReductionInThePeriodCountersAreZeroAndDaysBlank) {
-  EXPECT_EQ(linhaCom("DELETE FROM reducao_z"), kIdentidade + kTipoMarcaModelo + kSoftware +
-                                                   "987"
-                                                   "98765432109876"
-                                                   "TDM"
-                                                   "000000"
-                                                   "000000"
-                                                   "        "
-                                                   "        " +
-                                                   kFim);
-}
-
-TEST(E01, OnlyReductionsOfThePeriodCount) {
-  const struct {
-    const char* dia;
-    bool conta;
-  } kCasos[] = {{"2023-12-31 23:59:59", false},
-                {"2024-01-01", false},
-                {"2024-01-01 00:00:00", true},
-                {"2024-01-31 23:59:59", true},
-                {"2024-02-01 00:00:00", false}};
-  for (const auto& caso : kCasos) {
-    const std::string dia = caso.dia;
-    EXPECT_EQ(
-        posicoes(
-            linhaCom("DELETE FROM reducao_z; INSERT INTO reducao_z(cont_crz, data_movimento) VALUES('5','" +
-                     dia + "')"),
-            116, 127),
-        caso.conta ? "000005000005" : "000000000000")
-        << dia;
-  }
-}
-
-TEST(E01, LastDayIsThatOfTheLastIssue) {
-  EXPECT_EQ(
-      posicoes(
-          linhaCom("UPDATE reducao_z SET data_hora_emissao='2024-02-03 01:02:03' WHERE cont_crz='123456'"),
-          116, 143),
-      "123456"
-      "654321"
-      "20240102"
-      "20240203");
-}
-
-TEST(E01, WithoutAnIssueTimeTheLastDayIsBlank) {
-  for (const char* vazio : {"NULL", "''"}) {
-    EXPECT_EQ(posicoes(linhaCom("UPDATE reducao_z SET data_hora_emissao=" + std::string(vazio)), 116, 151),
-              "123456"
-              "654321"
-              "20240102"
-              "        "
-              "02.00.02")
-        << vazio;
-  }
-}
-
-TEST(E01, ReductionsWithoutACounterCountAsNone) {
-  for (const char* vazio : {"NULL", "''"}) {
-    EXPECT_EQ(posicoes(linhaCom("UPDATE reducao_z SET cont_crz=" + std::string(vazio)), 116, 143),
-              "000000"
-              "000000"
-              "        "
-              "        ")
-        << vazio;
-  }
-}
-
 TEST(E01, LayoutIdentifierIsThatOfLayout2ForAnyVersionBut1) {
   Bancada bancada;
   preenche(bancada);
@@ -379,19 +312,6 @@ TEST(E01, LayoutIdentifierIsThatOfLayout2ForAnyVersionBut1) {
     EXPECT_EQ(posicoes(linha, 152, 200), caso.leiaute) << caso.versao;
     EXPECT_EQ(linha.size(), 166U) << caso.versao;
   }
-}
-
-TEST(E01, ReductionCountersHaveSixDigitsInEveryLayout) {
-  Bancada bancada;
-  preenche(bancada);
-  bancada.sql(
-      "UPDATE reducao_z SET cont_crz='1234567' WHERE cont_crz='123456';"
-      "UPDATE reducao_z SET cont_crz='9000008' WHERE cont_crz='654321'");
-  for (const int versao : {1, 2, 3})
-    EXPECT_EQ(posicoes(bancada.versao(versao).linha("E01"), 116, 127),
-              "234567"
-              "000008")
-        << versao;
 }
 
 TEST(E01, IsTheSameInCat52Mode) {

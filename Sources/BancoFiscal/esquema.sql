@@ -141,7 +141,7 @@ CREATE TABLE totalizador_reducao (
   id_fiscal          TEXT    NOT NULL CHECK (id_fiscal IN ('S', 'N')),
   CHECK (id_fiscal = 'N' OR totalizador NOT GLOB '??[TS]*' OR totalizador GLOB '[0-9][0-9][TS][0-9]*')
 );
-CREATE INDEX totalizador_reducao_crz ON totalizador_reducao (cont_crz, totalizador);
+CREATE INDEX totalizador_reducao_crz ON totalizador_reducao (cont_crz);
 
 -- The means of payment of each reduction. Read by E18, sorted without regard to case.
 CREATE TABLE meio_pagamento_reducao (
@@ -149,8 +149,7 @@ CREATE TABLE meio_pagamento_reducao (
   descricao_meio_pagamento TEXT    NOT NULL,
   valor_acumulado          DECIMAL(13) NOT NULL CHECK (valor_acumulado BETWEEN 0 AND 99999999999.99)
 );
-CREATE INDEX meio_pagamento_reducao_crz
-  ON meio_pagamento_reducao (cont_crz, descricao_meio_pagamento COLLATE NOCASE);
+CREATE INDEX meio_pagamento_reducao_crz ON meio_pagamento_reducao (cont_crz);
 
 -- The fiscal coupons. Read by E14, E15 and E21; items and payments join by cont_coo, which therefore is
 -- unique. The last four columns before the texts are selected by E14 and never printed.
@@ -230,7 +229,7 @@ CREATE TABLE outros_documentos (
   data_hora_fim_emissao TEXT    NOT NULL
                         CHECK (data_hora_fim_emissao IS datetime(data_hora_fim_emissao, '+0 days'))
 );
-CREATE INDEX outros_documentos_crz ON outros_documentos (cont_crz, cont_coo);
+CREATE INDEX outros_documentos_crz ON outros_documentos (cont_crz);
 
 -- The non-fiscal coupons. Read by E19, E20 and E21; items and payments join by cont_coo, which therefore is
 -- unique.

@@ -136,6 +136,19 @@ TEST_P(Acordos, CouponsAreTheirItemsAndAdjustments) {
   }
 }
 
+TEST_P(Acordos, SubtotalsAreAdjustedOnlyWhereTheRuleAllows) {
+  concorda("no services",
+           "SELECT cont_coo, 0, (SELECT COUNT(*) FROM item_cupom_fiscal i WHERE i.cont_coo = c.cont_coo AND "
+           "i.aliquota "
+           "LIKE '__S%') FROM cupom_fiscal c WHERE valor_desconto > 0 OR valor_acrescimo > 0",
+           0);
+  concorda("a single non-fiscal item",
+           "SELECT cont_coo, 1, (SELECT COUNT(*) FROM item_cupom_nf i WHERE i.cont_coo = c.cont_coo) FROM "
+           "cupom_nf c "
+           "WHERE valor_desconto > 0 OR valor_acrescimo > 0",
+           0);
+}
+
 // TROCO is what was handed back. A cancelled fiscal coupon was never paid, a cancelled non-fiscal one is
 // reversed.
 TEST_P(Acordos, PaymentsLessReversalsLessChangeAreTheTotalOfTheCoupon) {

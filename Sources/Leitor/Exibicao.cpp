@@ -137,7 +137,7 @@ class EmJson final : public Base {
 
   void mostra(const RegistroLido& lido) override {
     saida_ << "{\"line\":" << lido.linha.numero;
-    if (lido.registro != nullptr) saida_ << ",\"register\":\"" << lido.registro->codigo << '"';
+    if (lido.registro != nullptr) saida_ << R"(,"register":")" << lido.registro->codigo << '"';
     if (lido.vazio) saida_ << ",\"placeholder\":true";
     if (!lido.medidaCerta) saida_ << ",\"length\":" << lido.linha.tamanho;
     saida_ << ",\"fields\":{";

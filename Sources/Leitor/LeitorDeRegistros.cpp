@@ -35,6 +35,20 @@ bool temConteudoDeVazio(const Forma& forma, std::string_view texto) {
   return conteudo == forma.vazio || (forma.indice == kIndiceE13 && conteudo == "000000OPNF   0000000000000");
 }
 
+void usa(RegistroLido& lido, const Forma& forma, bool medidaCerta) {
+  lido.campos = forma.campos.data();
+  lido.quantos = forma.campos.size();
+  lido.comprimento = forma.comprimento;
+  lido.medidaCerta = medidaCerta;
+}
+
+bool cabe(RegistroLido& lido, const Forma& forma) {
+  if (lido.linha.tamanho != static_cast<std::uint64_t>(forma.comprimento)) return false;
+  usa(lido, forma, true);
+  lido.vazio = temConteudoDeVazio(forma, lido.linha.texto);
+  return true;
+}
+
 // How often the groups of E01 stand on it.
 struct GruposDoE01 {
   int ecfs = 1, versoes = 1, usuarios = 1;
@@ -98,20 +112,6 @@ void LeitorDeRegistros::restringe(unsigned ajustes) {
   ultimas_.fill(nullptr);
 }
 
-void LeitorDeRegistros::usa(RegistroLido& lido, const Forma& forma, bool medidaCerta) {
-  lido.campos = forma.campos.data();
-  lido.quantos = forma.campos.size();
-  lido.comprimento = forma.comprimento;
-  lido.medidaCerta = medidaCerta;
-}
-
-bool LeitorDeRegistros::cabe(RegistroLido& lido, const Forma& forma) {
-  if (lido.linha.tamanho != static_cast<std::uint64_t>(forma.comprimento)) return false;
-  usa(lido, forma, true);
-  lido.vazio = temConteudoDeVazio(forma, lido.linha.texto);
-  return true;
-}
-
 void LeitorDeRegistros::leRegular(RegistroLido& lido) {
   const Forma*& ultima = ultimas_[static_cast<std::size_t>(lido.indice)];
   if (ultima != nullptr && cabe(lido, *ultima) && !lido.vazio) return;
@@ -122,6 +122,7 @@ void LeitorDeRegistros::leRegular(RegistroLido& lido) {
   for (int ajuste = kAjustes - 1; ajuste >= 0; --ajuste) {
     if (!possivel(ajustes_, ajuste)) continue;
     for (const bool vazio : {true, false}) {
+      if (vazio && lido.indice == kIndiceE07) continue;  // it has no code
       const Forma& tentada = forma(lido.indice, ajuste, vazio);
       const auto sobra = static_cast<std::int64_t>(lido.linha.tamanho) - tentada.comprimento;
       if (sobra > 0 && sobra <= kMaisDigitos && tentada.deslocavel >= 0 && !vazio) deslocada = &tentada;

@@ -60,8 +60,6 @@ class LeitorDeRegistros {
   static constexpr unsigned kForaDoCat52 = 1 | 4 | 16;
 
   void leRegular(RegistroLido& lido);
-  bool cabe(RegistroLido& lido, const Forma& forma);
-  void usa(RegistroLido& lido, const Forma& forma, bool medidaCerta);
   void desloca(RegistroLido& lido, const Forma& forma);
   void leE01(RegistroLido& lido);
   void leCrescente(RegistroLido& lido);

@@ -12,9 +12,8 @@ namespace cotepe {
 namespace {
 
 constexpr char kAbreSarif[] =
-    "{\"$schema\":\"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
-    "sarif-schema-2.1.0.json\","
-    "\"version\":\"2.1.0\",\"runs\":[{\"results\":[";
+    R"({"$schema":"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json",)"
+    R"("version":"2.1.0","runs":[{"results":[)";
 
 constexpr char kVermelho[] = "\033[1;31m", kAmarelo[] = "\033[1;33m", kVerde[] = "\033[1;32m",
                kNormal[] = "\033[0m";
@@ -164,7 +163,7 @@ void SaidaDeAchados::escreveJson(const Achado& achado) {
 }
 
 void SaidaDeAchados::terminaJson() {
-  saida_ << "{\"summary\":";
+  saida_ << R"({"summary":)";
   ObjetoJson(saida_).numero("errors", erros_).numero("warnings", avisos_).numero("shown", escritos_).fecha();
   saida_ << "}\n";
 }
@@ -172,31 +171,31 @@ void SaidaDeAchados::terminaJson() {
 void SaidaDeAchados::escreveSarif(const Achado& achado) {
   regras_.insert(achado.regra);
   saida_ << (escritos_ == 0 ? kAbreSarif : ",") << '\n';
-  saida_ << "{\"ruleId\":" << textoJson(achado.regra) << ",\"level\":\"" << palavra(achado.severidade)
-         << "\",\"message\":{\"text\":" << textoJson(mensagem(achado))
-         << "},\"locations\":[{\"physicalLocation\":{"
-         << "\"artifactLocation\":{\"uri\":" << textoJson(uriDoArquivo(achado.arquivo)) << '}';
+  saida_ << R"({"ruleId":)" << textoJson(achado.regra) << R"(,"level":")" << palavra(achado.severidade)
+         << R"(","message":{"text":)" << textoJson(mensagem(achado))
+         << R"(},"locations":[{"physicalLocation":{)"
+         << R"("artifactLocation":{"uri":)" << textoJson(uriDoArquivo(achado.arquivo)) << '}';
   if (achado.linha > 0) {
-    saida_ << ",\"region\":{\"startLine\":" << achado.linha;
-    if (achado.de > 0) saida_ << ",\"startColumn\":" << achado.de << ",\"endColumn\":" << achado.ate + 1;
+    saida_ << R"(,"region":{"startLine":)" << achado.linha;
+    if (achado.de > 0) saida_ << R"(,"startColumn":)" << achado.de << R"(,"endColumn":)" << achado.ate + 1;
     saida_ << '}';
   }
   saida_ << '}';
   if (!achado.tabela.empty())
-    saida_ << ",\"logicalLocations\":[{\"fullyQualifiedName\":" << textoJson(lugarNoBanco(achado)) << "}]";
+    saida_ << R"(,"logicalLocations":[{"fullyQualifiedName":)" << textoJson(lugarNoBanco(achado)) << "}]";
   saida_ << "}]}";
 }
 
 void SaidaDeAchados::terminaSarif() {
   if (escritos_ == 0) saida_ << kAbreSarif;
-  saida_ << "\n],\"tool\":{\"driver\":{\"name\":\"cotepe\",\"rules\":[";
+  saida_ << '\n' << R"(],"tool":{"driver":{"name":"cotepe","rules":[)";
   bool primeira = true;
   for (const std::string& regra : regras_) {
-    saida_ << (primeira ? "" : ",") << "{\"id\":" << textoJson(regra) << '}';
+    saida_ << (primeira ? "" : ",") << R"({"id":)" << textoJson(regra) << '}';
     primeira = false;
   }
-  saida_ << "]}},\"properties\":{\"errors\":" << erros_ << ",\"warnings\":" << avisos_
-         << ",\"shown\":" << escritos_ << "}}]}\n";
+  saida_ << R"(]}},"properties":{"errors":)" << erros_ << R"(,"warnings":)" << avisos_ << R"(,"shown":)"
+         << escritos_ << "}}]}\n";
 }
 
 }  // namespace cotepe

@@ -1,7 +1,7 @@
 #include "Valor.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
 
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
@@ -57,15 +57,16 @@ bool temFormaPropria(Especie especie) { return numerica(especie) || deData(espec
 
 }  // namespace
 
-Valor valorDe(const RegistroLido& lido, std::size_t i) {
-  const CampoLido& lugar = lido.campos[i];
-  const Campo& campo = *lugar.campo;
+Valor valorDe(const RegistroLido& lido, std::size_t campo) {
+  const CampoLido& lugar = lido.campos[campo];
+  const Campo& descrito = *lugar.campo;
   const std::string_view bytes = lugar.em(lido.linha.texto);
   const bool inteiro = bytes.size() == static_cast<std::size_t>(lugar.largura);
-  const bool coberto = campo.largura > 0 && lugar.largura < campo.largura;
-  const bool malFormado = temFormaPropria(campo.especie) && defeito(campo.especie, bytes) != Defeito::Nenhum;
+  const bool coberto = descrito.largura > 0 && lugar.largura < descrito.largura;
+  const bool malFormado =
+      temFormaPropria(descrito.especie) && defeito(descrito.especie, bytes) != Defeito::Nenhum;
   if (!inteiro || coberto || malFormado) return {TipoDeValor::Bytes, std::string(bytes)};
-  return valorBemFormado(lido, campo, bytes);
+  return valorBemFormado(lido, descrito, bytes);
 }
 
 std::string paraPessoas(const Valor& valor, std::string_view bytes) {
@@ -90,10 +91,9 @@ std::string paraPessoas(const Valor& valor, std::string_view bytes) {
 }
 
 bool pessoal(const Campo& campo) {
-  for (const char* rotulo :
-       {"Nome do consumidor", "CPF/CNPJ do consumidor", "Texto suplementar", "Texto complementar"})
-    if (std::strcmp(campo.rotulo, rotulo) == 0) return true;
-  return false;
+  static constexpr std::array<std::string_view, 4> kRotulos = {"Nome do consumidor", "CPF/CNPJ do consumidor",
+                                                               "Texto suplementar", "Texto complementar"};
+  return std::find(kRotulos.begin(), kRotulos.end(), campo.rotulo) != kRotulos.end();
 }
 
 std::string mascarado(std::string_view bytes) {

@@ -84,6 +84,13 @@ TEST(LeitorDeRegistros, BlankLineOfEighteenIsE07) {
   EXPECT_EQ(leitura.le(2).registro, nullptr);
 }
 
+TEST(LeitorDeRegistros, E07WithItsCodeIsNeverTheBareOne) {
+  Leitura leitura("E07" + std::string(15, ' ') + '\n');
+  EXPECT_FALSE(leitura.le(1).medidaCerta);
+  EXPECT_EQ(leitura.le(1).comprimento, 62);
+  EXPECT_EQ(leitura.le(1).quantos, 6U);
+}
+
 TEST(LeitorDeRegistros, PlaceholderOfE09HasNoTypeInLayout2) {
   Leitura leitura("E09" + kCabecalho + "000000" + std::string(15, ' ') + "0000" + "000000000" + '\n');
   EXPECT_TRUE(leitura.le(1).vazio);

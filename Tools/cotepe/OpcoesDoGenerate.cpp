@@ -6,6 +6,7 @@
 
 #include "ConflitoDeArquivos.h"
 #include "Falha.h"
+#include "Saida.h"
 
 namespace cotepe::programa {
 namespace {
@@ -47,16 +48,17 @@ Periodo confere(const OpcoesDoGenerate& opcoes) {
 }
 
 void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& destino) {
+  if (!opcoes.log.empty()) exigeForaDoBanco("--log", opcoes.log, opcoes.banco);
   if (opcoes.paraStdout()) {
     if (abertoComo(STDOUT_FILENO, opcoes.banco))
       usoErrado("--output -", "stdout in the database", "another file", "send it elsewhere");
-  } else {
-    exigeForaDoBanco("--output", destino, opcoes.banco);
+    return;
   }
-  if (opcoes.log.empty()) return;
-  exigeForaDoBanco("--log", opcoes.log, opcoes.banco);
-  if (!opcoes.paraStdout() && mesmoArquivo(opcoes.log, destino))
-    usoErrado("--log " + opcoes.log, "the output", "another file", "choose another name");
+  for (const std::string& escrito : {destino, nomeDoParcial(destino)}) {
+    exigeForaDoBanco("--output", escrito, opcoes.banco);
+    if (!opcoes.log.empty() && mesmoArquivo(opcoes.log, escrito))
+      usoErrado("--log " + opcoes.log, "the output", "another file", "choose another name");
+  }
 }
 
 }  // namespace cotepe::programa

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "BancoSomenteLeitura.h"
 #include "Cena.h"
 
 namespace fs = std::filesystem;
@@ -22,6 +23,27 @@ class BancoEncontrado : public Cena {
     EXPECT_FALSE(fs::exists(em("r.txt")));
   }
 };
+
+// The first column of the first row.
+int valor(sqlite3* banco, const char* sql) {
+  sqlite3_stmt* consulta = nullptr;
+  EXPECT_EQ(sqlite3_prepare_v2(banco, sql, -1, &consulta, nullptr), SQLITE_OK) << sql;
+  EXPECT_EQ(sqlite3_step(consulta), SQLITE_ROW) << sql;
+  const int lido = sqlite3_column_int(consulta, 0);
+  sqlite3_finalize(consulta);
+  return lido;
+}
+
+TEST_F(BancoEncontrado, NothingCanBeWrittenAndNoSchemaIsTrusted) {
+  criaBanco();
+  const cotepe::programa::BancoSomenteLeitura aberto(em("base.db"), std::chrono::seconds(0));
+  EXPECT_EQ(sqlite3_db_readonly(aberto.banco(), "main"), 1);
+  EXPECT_EQ(valor(aberto.banco(), "PRAGMA query_only"), 1);
+  EXPECT_EQ(valor(aberto.banco(), "PRAGMA trusted_schema"), 0);
+  EXPECT_EQ(valor(aberto.banco(), "PRAGMA cell_size_check"), 1);
+  EXPECT_EQ(sqlite3_get_autocommit(aberto.banco()), 0);
+  EXPECT_EQ(sqlite3_txn_state(aberto.banco(), "main"), SQLITE_TXN_READ);
+}
 
 TEST_F(BancoEncontrado, WhatIsNoFileIsRefused) {
   ASSERT_EQ(mkfifo(em("cano").c_str(), 0600), 0);

@@ -1,5 +1,7 @@
 #include "Cena.h"
 
+#include <regex.h>
+
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
@@ -29,6 +31,29 @@ std::string leArquivo(const std::string& caminho) {
 
 void escreveArquivo(const std::string& caminho, const std::string& texto) {
   std::ofstream(caminho, std::ios::binary) << texto;
+}
+
+bool corresponde(const std::string& texto, const std::string& padrao) {
+  regex_t expressao;
+  if (regcomp(&expressao, ("^" + padrao + "$").c_str(), REG_EXTENDED | REG_NOSUB) != 0) {
+    ADD_FAILURE() << "not an expression: " << padrao;
+    return false;
+  }
+  const bool achado = regexec(&expressao, texto.c_str(), 0, nullptr, 0) == 0;
+  regfree(&expressao);
+  return achado;
+}
+
+std::string semHora(const std::string& log) {
+  constexpr std::size_t kLargura = 19;
+  std::istringstream linhas(log);
+  std::string linha, texto;
+  while (std::getline(linhas, linha)) {
+    const bool tem =
+        corresponde(linha.substr(0, kLargura), "[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}");
+    texto += (tem ? "@" + linha.substr(kLargura) : linha) + "\n";
+  }
+  return texto;
 }
 
 Banco::Banco(const std::string& caminho) { EXPECT_EQ(sqlite3_open(caminho.c_str(), &banco_), SQLITE_OK); }

@@ -12,6 +12,12 @@
 std::string leArquivo(const std::string& caminho);
 void escreveArquivo(const std::string& caminho, const std::string& texto);
 
+/// Whether a POSIX extended regular expression describes the whole text.
+bool corresponde(const std::string& texto, const std::string& padrao);
+
+/// Log lines with a "@" in the place of date and hour.
+std::string semHora(const std::string& log);
+
 /// A database that the test itself has open.
 class Banco {
  public:

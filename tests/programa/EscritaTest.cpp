@@ -122,12 +122,14 @@ TEST_F(Escrita, ReaderThatGoesAwayGivesFour) {
   EXPECT_NE(fim.erros.find("stdout: found Broken pipe, "), std::string::npos) << fim.erros;
 }
 
-TEST_F(Escrita, ClosedStdoutGivesFourAndTouchesNoOtherFile) {
+TEST_F(Escrita, ClosedStdoutGivesFourAndNoOtherFileTakesItsPlace) {
   const std::string antes = leArquivo(em("base.db"));
-  const Fim fim = Processo(generate({"--output", "-"})).naPasta(pasta()).semSaida().inicia().espera();
+  Processo processo(generate({"--output", "-", "--log", "falhas.log"}));
+  const Fim fim = processo.naPasta(pasta()).semSaida().inicia().espera();
   EXPECT_EQ(fim.situacao, 4);
   EXPECT_NE(fim.erros.find("stdout: found Bad file descriptor, "), std::string::npos) << fim.erros;
   EXPECT_EQ(leArquivo(em("base.db")), antes);
+  EXPECT_EQ(leArquivo(em("falhas.log")), "");
 }
 
 TEST_F(Escrita, DiskThatFailsToTakeTheReportGivesFour) {

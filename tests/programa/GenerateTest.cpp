@@ -1,17 +1,11 @@
 // Reports that succeed: their bytes, their names, their summary.
 #include <sys/stat.h>
 
-#include <regex>
-
 #include "Cena.h"
 
 namespace {
 
 std::string brancos(std::size_t quantos) { return std::string(quantos, ' '); }
-
-bool corresponde(const std::string& texto, const char* padrao) {
-  return std::regex_match(texto, std::regex(padrao));
-}
 
 std::vector<std::string> linhasDe(const std::string& texto, const std::string& codigo) {
   std::vector<std::string> linhas;

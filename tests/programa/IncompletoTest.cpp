@@ -1,14 +1,7 @@
 // Queries that fail: reports that are incomplete (1) and printers without an identity (5).
-#include <regex>
-
 #include "Cena.h"
 
 namespace {
-
-// A log line without its time.
-std::string semHora(const std::string& log) {
-  return std::regex_replace(log, std::regex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2} "), "@ ");
-}
 
 class Incompleto : public Cena {};
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -105,16 +106,17 @@ void Processo::abreTubos() {
 
 Processo& Processo::inicia() {
   abreTubos();
+  if (semLeitor_) fecha(saida_[0]);  // before there is anyone who could write
   filho_ = fork();
   if (filho_ == 0) torna();
   fecha(saida_[1]);
   fecha(erros_[1]);
-  if (semLeitor_) fecha(saida_[0]);
   return *this;
 }
 
 // In the child: becomes the program, or ends with 127.
 void Processo::torna() {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // no run outlives a test that is killed
   dup2(saida_[1], STDOUT_FILENO);
   dup2(erros_[1], STDERR_FILENO);
   for (const int descritor : {saida_[0], saida_[1], erros_[0], erros_[1]}) close(descritor);

@@ -1,4 +1,6 @@
 // The command line: help, version, and what is refused before a file is touched.
+#include <filesystem>
+
 #include "Cena.h"
 
 namespace {
@@ -147,6 +149,17 @@ TEST_F(Uso, NothingIsWrittenOverTheDatabase) {
         "name"}});
   EXPECT_EQ(leArquivo(em("base.db")), antes);
   EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "elo.db", "outro.db"}));
+}
+
+TEST_F(Uso, PartialReportIsNotWrittenOverTheDatabaseEither) {
+  criaBanco();
+  std::filesystem::rename(em("base.db"), em("r.txt.partial"));
+  recusa({{{"generate", "--db", "r.txt.partial", "--from", "01012024", "--to", "01012024", "--output",
+            "r.txt", "--force"},
+           "--output r.txt.partial: found the database or a file of it, expected another file; choose "
+           "another name"},
+          {generate({"--output", "r.txt", "--log", "r.txt.partial"}),
+           "--log r.txt.partial: found the output, expected another file; choose another name"}});
 }
 
 TEST_F(Uso, StdoutMustNotBeTheDatabase) {

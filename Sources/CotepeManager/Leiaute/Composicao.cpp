@@ -25,22 +25,21 @@ const char* textoDe(const Campo& campo, const Fonte& fonte, const Execucao& exec
   return "";
 }
 
-// Copies the text to the cursor, cleans it there as the field asks, and returns the length that is left.
-std::size_t copiaLimpa(Linha& linha, const Campo& campo, const char* texto, std::size_t tamanho) {
-  char* destino = linha.espaco(tamanho);
-  std::memcpy(destino, texto, tamanho + 1);
-  if (campo.removePontos) tamanho = removeCaractere(destino, '.');
-  if (campo.removeHifens) tamanho = removeCaractere(destino, '-');
-  if (campo.trocaNaoAscii) tamanho = trocaNaoAscii(destino);
+// Cleans a terminated text as the field asks and returns the length that is left.
+std::size_t limpa(const Campo& campo, char* texto, std::size_t tamanho) {
+  if (campo.removePontos) tamanho = removeCaractere(texto, '.');
+  if (campo.removeHifens) tamanho = removeCaractere(texto, '-');
+  if (campo.trocaNaoAscii) tamanho = trocaNaoAscii(texto);
   return tamanho;
 }
 
 std::size_t escreveTexto(Linha& linha, const Campo& campo, const char* texto, std::size_t largura) {
   const std::size_t tamanho = std::strlen(texto);
-  linha.espaco(std::max(tamanho, largura));
-  const std::size_t limpo = copiaLimpa(linha, campo, texto, tamanho);
+  char* destino = linha.espaco(std::max(tamanho, largura));
+  std::memcpy(destino, texto, tamanho + 1);
+  const std::size_t limpo = limpa(campo, destino, tamanho);
   if (campo.especie != Especie::Texto || limpo >= largura) return limpo;
-  std::memset(linha.espaco(largura) + limpo, ' ', largura - limpo);
+  std::memset(destino + limpo, ' ', largura - limpo);
   return largura;
 }
 
@@ -53,8 +52,7 @@ std::size_t escrevePreenchido(Linha& linha, const Campo& campo, const char* text
   char* destino = linha.espaco(destinado + tamanho + 1);
   char* copia = destino + destinado;
   std::memcpy(copia, texto, tamanho + 1);
-  if (campo.removePontos) removeCaractere(copia, '.');
-  if (campo.removeHifens) removeCaractere(copia, '-');
+  limpa(campo, copia, tamanho);
   std::memset(destino, 0, destinado);
   execucao.hospedeiro().preenche(copia, destino, campo.largura);
   return strnlen(destino, destinado - 1);

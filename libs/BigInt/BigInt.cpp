@@ -163,15 +163,14 @@ BigInt& BigInt::Arredonda(unsigned digitos) noexcept {
 }
 
 BigInt BigInt::DivisaoComResto(const BigInt& divisor, BigInt& resto) const noexcept {
-  const BigInt dividendo = *this;  // `resto` may be this very object, or the divisor
   const bool negativo = Signal() < 0;
   if (divisor.Signal() == 0) {
-    resto = dividendo;
-    return dividendo.Signal() == 0 ? BigInt() : extremo(negativo);
+    resto = *this;
+    return Signal() == 0 ? BigInt() : extremo(negativo);
   }
-  Largo quociente = modulo(dividendo);
+  Largo quociente = modulo(*this);
   const Largo sobra = divide(quociente, modulo(divisor));
-  const bool negativa = negativo != (divisor.Signal() < 0);
+  const bool negativa = negativo != (divisor.Signal() < 0);  // asked before `resto`, which may be the divisor
   resto = comSinal(sobra, negativo);
   return comSinal(quociente, negativa);
 }

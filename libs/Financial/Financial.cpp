@@ -108,11 +108,19 @@ BigInt centavosPorExtenso(const Numero& numero) noexcept {
   return digitos.proximo() >= 5 ? resultado + sinal : resultado;
 }
 
-BigInt centavos(const Numero& numero) noexcept {
-  if (numero.quantos > numero.ordem || numero.ordem > kDigitosDaPalavra) return centavosPorExtenso(numero);
+// Whether a number is whole cents that one word holds, as amounts are but for the odd one.
+bool simples(const Numero& numero) noexcept {
+  return numero.quantos <= numero.ordem && numero.ordem <= kDigitosDaPalavra;
+}
+
+INT64 centavosSimples(const Numero& numero) noexcept {
   auto valor = static_cast<INT64>(numero.valor);
   for (INT64 i = numero.quantos; i < numero.ordem; ++i) valor *= 10;
   return numero.negativo ? -valor : valor;
+}
+
+BigInt centavos(const Numero& numero) noexcept {
+  return simples(numero) ? BigInt(centavosSimples(numero)) : centavosPorExtenso(numero);
 }
 
 enum class Meio { ParaLonge, ParaPar };
@@ -174,7 +182,8 @@ Financial& Financial::operator=(const char* texto) noexcept {
 }
 
 INT64 Financial::CentavosDoBanco(const char* texto) noexcept {
-  return DeCentavos(centavos(leNumero(texto, '.'))).Centavos();
+  const Numero numero = leNumero(texto, '.');
+  return simples(numero) ? centavosSimples(numero) : DeCentavos(centavosPorExtenso(numero)).Centavos();
 }
 
 INT64 Financial::CentavosDoDecimal(double valor) noexcept {

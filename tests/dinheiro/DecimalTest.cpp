@@ -112,8 +112,7 @@ TEST(FinancialFromDouble, RoundsTheBinaryValueHalfAwayFromZero) {
   for (unsigned i = 0; i < 50'000; ++i) {
     const double valor = algum(sorte, i);
     if (!std::isfinite(valor)) continue;
-    const Racional exato = Racional(valor) * 100;
-    const Inteiro esperado = satura(arredonda(numerator(exato), denominator(exato)));
+    const Inteiro esperado = satura(arredonda(escalado(valor) * 100, kEscala));
     ASSERT_EQ(Financial(valor).nr, bigInt(esperado)) << std::hexfloat << valor;
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <ostream>
 #include <regex>
@@ -50,6 +51,18 @@ Inteiro arredonda(const Inteiro& numerador, const Inteiro& denominador) {
   const Inteiro d = abs(denominador);
   const Inteiro q = (2 * n + d) / (2 * d);
   return (numerador < 0) != (denominador < 0) ? -q : q;
+}
+
+const Inteiro kEscala = Inteiro(1) << 1074;
+
+Inteiro escalado(double valor) {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &valor, sizeof bits);
+  const auto expoente = static_cast<unsigned>(bits >> 52U & 0x7FFU);
+  const std::uint64_t fracao = bits & ((std::uint64_t{1} << 52U) - 1);
+  const Inteiro modulo =
+      expoente == 0 ? Inteiro(fracao) : Inteiro(fracao | std::uint64_t{1} << 52U) << (expoente - 1);
+  return bits >> 63U != 0 ? -modulo : modulo;
 }
 
 Inteiro potenciaDeDez(unsigned expoente) { return pow(Inteiro(10), expoente); }

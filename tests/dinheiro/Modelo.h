@@ -12,8 +12,6 @@
 // Without expression templates, so that every result is a plain value.
 using Inteiro =
     boost::multiprecision::number<boost::multiprecision::cpp_int_backend<>, boost::multiprecision::et_off>;
-using Racional =
-    boost::multiprecision::number<boost::multiprecision::cpp_rational_backend, boost::multiprecision::et_off>;
 
 Inteiro inteiro(const BigInt& valor);
 BigInt bigInt(const Inteiro& valor);  // of a value in range
@@ -26,6 +24,10 @@ INT64 satura64(const Inteiro& valor);
 Inteiro arredonda(const Inteiro& numerador, const Inteiro& denominador);
 
 Inteiro potenciaDeDez(unsigned expoente);
+
+// A finite double is escalado(it) / kEscala, exactly: kEscala is 2^1074.
+extern const Inteiro kEscala;
+Inteiro escalado(double valor);
 
 // The cents of a text in which the comma separates decimals; 0 for a text that is no number.
 Inteiro leTexto(const std::string& texto);

@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <exception>
 #include <fstream>
@@ -12,6 +11,7 @@
 #include <string>
 
 #include "Geracao.h"
+#include "Hospedeiro.h"
 #include "Piso.h"
 #include "referencia/Referencia.h"
 
@@ -57,21 +57,10 @@ struct Medida {
   Tempo total;
 };
 
-// The application around the generator: knows nothing of the printer, stops the time of each register.
-class Cronometro final : public cotepe::Hospedeiro {
+// Stops the time of each register.
+class Cronometro final : public bench::HospedeiroParado {
  public:
   explicit Cronometro(Medida& medida) : medida_(medida) {}
-
-  void registraLog(const char* mensagem) override { throw std::runtime_error(mensagem); }
-  const char* serial() override { return ""; }
-  const char* modelo() override { return ""; }
-  const char* tipo() override { return ""; }
-  void dataHoraAtual(char* saida) override { std::strcpy(saida, "20240131 235959"); }
-  void preenche(char* texto, char* destino, int largura) override {
-    const std::size_t tamanho = std::strlen(texto);
-    std::memcpy(destino, texto, tamanho);
-    for (auto i = tamanho; i < static_cast<std::size_t>(largura); ++i) destino[i] = ' ';
-  }
 
   void inicia(const cotepe::Registro& /*registro*/) override { inicio_ = agora(); }
   void conclui(const cotepe::Registro& registro, long linhas, bool /*completo*/) override {
@@ -112,7 +101,7 @@ void referencia(sqlite3* banco, const Pedido& pedido) {
   entrada.inicial = pedido.inicial;
   entrada.final = pedido.final;
   entrada.comando = pedido.comando;
-  entrada.dataHoraDoSistema = "20240131 235959";
+  entrada.dataHoraDoSistema = bench::HospedeiroParado::kDataHora;
   const referencia::Saida saida = referencia::gera(banco, entrada);
   if (saida.codigo != 0 || !saida.log.empty()) throw std::runtime_error("the second reading failed");
   std::ofstream arquivo(pedido.arquivo, std::ios::binary);

@@ -18,7 +18,10 @@ class HospedeiroDeTeste : public cotepe::Hospedeiro {
   const char* serial() override { return "SERIE"; }
   const char* modelo() override { return "MODELO"; }
   const char* tipo() override { return "TIPO"; }
-  void dataHoraAtual(char* saida) override { std::memcpy(saida, "20240229 010203", 16); }
+  void dataHoraAtual(char* saida) override {
+    std::memcpy(saida, "20240229 010203", 16);
+    consultaAbertaNoRelogio.push_back(sqlite3_next_stmt(banco, nullptr) != nullptr);
+  }
   void preenche(char* texto, char* destino, int largura) override {
     std::memcpy(destino, ie.data(), ie.size());
     recebido = std::string(texto) + "/" + std::to_string(largura);
@@ -31,10 +34,13 @@ class HospedeiroDeTeste : public cotepe::Hospedeiro {
   std::string ie = "IE EM CATORZE.";  // what the padding routine puts
   std::string recebido, roteiro;
   std::vector<std::string> mensagens;
+  sqlite3* banco = nullptr;
+  std::vector<bool> consultaAbertaNoRelogio;  // at each look at the clock
 };
 
 class GeracaoPorObjeto : public testing::Test {
  protected:
+  void SetUp() override { hospedeiro.banco = bancada.banco(); }
   void TearDown() override { unlink(nome.c_str()); }
 
   std::vector<std::string> gera(const char* comando) {
@@ -65,6 +71,17 @@ TEST_F(GeracaoPorObjeto, IdentityTypeAndClockAreTheObjects) {
             " "
             "MODELO              ");
   EXPECT_EQ(posicoes(e11, 123, 136), "20240229010203");
+}
+
+TEST_F(GeracaoPorObjeto, ClockIsReadOnceAfterTheQueryOfE11HasEnded) {
+  bancada.sql("INSERT INTO posicao_totalizadores_contadores(cont_crz) VALUES(1),(2),(3)");
+  gera("TDM");
+  EXPECT_EQ(hospedeiro.consultaAbertaNoRelogio, std::vector<bool>{false});
+}
+
+TEST_F(GeracaoPorObjeto, ClockIsNotReadWhereNoRegisterNeedsIt) {
+  gera("MFD");
+  EXPECT_TRUE(hospedeiro.consultaAbertaNoRelogio.empty());
 }
 
 TEST_F(GeracaoPorObjeto, PaddingIsAskedForWithTheCleanedText) {

@@ -204,6 +204,13 @@ TEST_F(Resultado, FiveAlsoWhereNothingCanBeWritten) {
   EXPECT_EQ(gera("/dev/full"), 5);
 }
 
+TEST_F(Resultado, FiveWithoutADatabase) {
+  CotepeManager semBanco(nullptr);
+  EXPECT_EQ(semBanco.GeraRegistrosTipoE(kRelatorio, "01012024", "31012024", "TDM"), 5);
+  EXPECT_EQ(conteudo(kRelatorio), "");
+  EXPECT_EQ(g_mensagens, std::vector<std::string>{"Erro no select - GeraRegistrosTipoE"});
+}
+
 TEST_F(Resultado, EveryQueryMayFailAndTheRunIsStillDone) {
   bancada.comIdentidade();
   std::string estrago;

@@ -12,7 +12,7 @@ namespace cotepe::programa {
 namespace {
 
 Descritor abre(const std::string& caminho) {
-  if (caminho == "-") return Descritor();
+  if (caminho == "-") return {};
   Descritor arquivo(open(caminho.c_str(), O_RDONLY | O_CLOEXEC));
   if (arquivo.aberto()) return arquivo;
   throw Falha(kUsoErrado, "cannot open the report", caminho, motivoDoSistema(errno),

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 
 #include "LeitorDeLinhas.h"
 
@@ -78,7 +77,7 @@ TEST(LeitorDeLinhas, PiecesMakeNoDifference) {
     std::size_t lidos = 0;
     LeitorDeLinhas leitor([&](char* destino, std::size_t tamanho) {
       const std::size_t n = std::min({pedaco, tamanho, texto.size() - lidos});
-      std::memcpy(destino, texto.data() + lidos, n);
+      std::copy_n(texto.data() + lidos, n, destino);
       lidos += n;
       return static_cast<long>(n);
     });
@@ -110,7 +109,7 @@ TEST(LeitorDeLinhas, SaysWhyReadingFailed) {
   int vez = 0;
   LeitorDeLinhas leitor([&](char* destino, std::size_t) -> long {
     if (vez++ == 0) {
-      std::memcpy(destino, "a\nb", 3);
+      std::copy_n("a\nb", 3, destino);
       return 3;
     }
     errno = EIO;

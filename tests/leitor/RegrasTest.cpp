@@ -74,7 +74,7 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.troca(36, 68, "0000000000500", "9999999999999"); }},
       {"field-width",
        [](Relatorio& r) { r.troca(32, 65, "0007", "00007"); },
-       {":32:65-69: error field-width E16.9 \"CDC\": found \"00007\", expected 4 digits" + kGere},
+       {R"(:32:65-69: error field-width E16.9 "CDC": found "00007", expected 4 digits)" + kGere},
        [](Relatorio& r) { r.troca(32, 65, "0007", "10007"); }},
       {"field-letter",
        [](Relatorio& r) { r.troca(23, 265, "A", "X"); },
@@ -84,7 +84,7 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.troca(23, 265, "A", "T"); }},
       {"field-constant",
        [](Relatorio& r) { r.troca(21, 94, "V", "P"); },
-       {":21:94-94: error field-constant E14.11 \"Tipo do desconto\": found \"P\", expected \"V\"" + kGere},
+       {R"(:21:94-94: error field-constant E14.11 "Tipo do desconto": found "P", expected "V")" + kGere},
        [](Relatorio& r) { r.troca(39, 94, "V", "P"); }},
       {"field-control",
        [](Relatorio& r) { r.troca(2, 77, " ", "\t"); },
@@ -238,8 +238,7 @@ const std::vector<Caso>& casos() {
        }},
       {"orphan-record",
        [](Relatorio& r) { r.troca(38, 47, "000011", "000012"); },
-       {":38:47-52: error orphan-record E18.6 \"CRZ\": found \"000012\", expected a CRZ of E12" +
-        kDocumentos},
+       {R"(:38:47-52: error orphan-record E18.6 "CRZ": found "000012", expected a CRZ of E12)" + kDocumentos},
        [](Relatorio& r) { r.remove(38); }},
       {"reduction-totals",
        [](Relatorio& r) { r.troca(12, 60, "0000000003400", "0000000003401"); },
@@ -258,7 +257,7 @@ const std::vector<Caso>& casos() {
        }},
       {"reduction-range",
        [](Relatorio& r) { r.troca(1, 122, "000011", "000012"); },
-       {":1: error reduction-range E01.14 \"CRZ final\": found \"000012\", expected \"000011\" as E12 has "
+       {R"(:1: error reduction-range E01.14 "CRZ final": found "000012", expected "000011" as E12 has )"
         "it" +
         kBanco},
        [](Relatorio& r) {
@@ -274,8 +273,7 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.troca(2, 253, "000000000000104500", "000000000000004500"); }},
       {"position",
        [](Relatorio& r) { r.troca(9, 63, "000054", "000053"); },
-       {":9: error position E11.8 \"GNF\": found \"000053\", expected no less than \"000054\" of E16" +
-        kBanco},
+       {R"(:9: error position E11.8 "GNF": found "000053", expected no less than "000054" of E16)" + kBanco},
        [](Relatorio& r) { r.troca(9, 63, "000054", "000055"); }},
   };
   return todos;

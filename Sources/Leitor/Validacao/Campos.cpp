@@ -46,13 +46,12 @@ bool dataObrigatoria(const Registro& registro, const Campo& campo) {
 
 std::string constanteDe(const Campo& campo) {
   const auto largura = static_cast<std::size_t>(std::max(0, campo.largura));
-  if (campo.origem.tipo == Origem::Tipo::Nenhuma)
-    return std::string(largura, numerica(campo.especie) ? '0' : ' ');
+  std::string texto(largura, numerica(campo.especie) ? '0' : ' ');
+  if (campo.origem.tipo == Origem::Tipo::Nenhuma) return texto;
   if (campo.origem.tipo != Origem::Tipo::Constante) return "";
-  const std::string texto = campo.origem.constante;
-  const std::string enchimento(largura > texto.size() ? largura - texto.size() : 0,
-                               numerica(campo.especie) ? '0' : ' ');
-  return numerica(campo.especie) ? enchimento + texto : texto + enchimento;
+  const std::string_view constante = campo.origem.constante;
+  texto.replace(numerica(campo.especie) ? largura - constante.size() : 0, constante.size(), constante);
+  return texto;
 }
 
 Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
@@ -153,7 +152,7 @@ class CamposDaLinha final : public Familia {
     const std::string_view bytes = lido.bytes(i);
     if (bytes != "AC1704 01.00.00" && bytes != "AC1704 02.00.00")
       relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes),
-                       "\"AC1704 01.00.00\" or \"AC1704 02.00.00\"");
+                       R"("AC1704 01.00.00" or "AC1704 02.00.00")");
   }
 
   Relator& relator_;

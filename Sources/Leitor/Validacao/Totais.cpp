@@ -35,8 +35,8 @@ class TotalDoItem {
     if (cancelado_.bytes(lido) != "N" || !quantidade_.le(lido, quantidade) || !valor_.le(lido, valor) ||
         !desconto_.le(lido, desconto) || !acrescimo_.le(lido, acrescimo) || !liquido_.le(lido, liquido))
       return;
-    const std::int64_t divisor =
-        100 * (casasQuantidade_.bytes(lido) == "3" ? 10 : 1) * (casasValor_.bytes(lido) == "3" ? 10 : 1);
+    const std::int64_t divisor = std::int64_t{100} * (casasQuantidade_.bytes(lido) == "3" ? 10 : 1) *
+                                 (casasValor_.bytes(lido) == "3" ? 10 : 1);
     const std::int64_t metade = arredondamento_.bytes(lido) == "A" ? divisor / 2 : 0;
     const std::int64_t esperado = (quantidade * valor + metade) / divisor - desconto + acrescimo;
     if (liquido != esperado)

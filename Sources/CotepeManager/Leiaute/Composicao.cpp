@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "Financial.h"
+#include "Leiaute/Releitura.h"
 #include "Leiaute/Texto.h"
 
 namespace cotepe {
@@ -103,20 +104,6 @@ std::size_t escreve(Linha& linha, const Campo& campo, std::size_t largura, const
       return escreveData(linha, campo.especie, texto);
   }
   return 0;
-}
-
-bool numerica(Especie especie) {
-  switch (especie) {
-    case Especie::Numero:
-    case Especie::Contador:
-    case Especie::Identificador:
-    case Especie::Dinheiro:
-    case Especie::DinheiroDuplo:
-    case Especie::Decimal:
-      return true;
-    default:
-      return false;
-  }
 }
 
 std::size_t larguraEm(const Campo& campo, const Execucao& execucao) {

@@ -69,9 +69,9 @@ AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas) {
   if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(presentes);
   for (std::size_t i = 0; i < std::size(kAjustesPossiveis); ++i)
     if ((registros.ajustes() >> i & 1) != 0) ajustes.leiautes.push_back(kAjustesPossiveis[i]);
-  const bool cat52 = faltaVazio(presentes, ajustes.comando, ajustes.leiautes.front().versao);
-  std::stable_partition(ajustes.leiautes.begin(), ajustes.leiautes.end(),
-                        [cat52](const AjusteDoLeiaute& a) { return a.cat52 == cat52; });
+  if (faltaVazio(presentes, ajustes.comando, ajustes.leiautes.front().versao))
+    std::stable_partition(ajustes.leiautes.begin(), ajustes.leiautes.end(),
+                          [](const AjusteDoLeiaute& a) { return a.cat52; });
   return ajustes;
 }
 

@@ -15,5 +15,7 @@ Execucao declaraSchema(CLI::App& comando);
 Execucao declaraLayout(CLI::App& comando);
 Execucao declaraValidate(CLI::App& comando);
 Execucao declaraShow(CLI::App& comando);
+Execucao declaraDiff(CLI::App& comando);
+Execucao declaraVerify(CLI::App& comando);
 
 }  // namespace cotepe::programa

@@ -24,6 +24,8 @@ constexpr struct {
     {"layout", "Print the field tables of the registers", declaraLayout},
     {"validate", "Check a report against the rules", declaraValidate},
     {"show", "Print the records of a report by label and value", declaraShow},
+    {"diff", "Compare two reports, record by record", declaraDiff},
+    {"verify", "Prove that a report is what the database says", declaraVerify},
 };
 
 constexpr char kRodape[] =

@@ -1,0 +1,51 @@
+// cotepe diff: two reports compared.
+#include <memory>
+
+#include "Comandos.h"
+#include "Diferenca.h"
+#include "Falha.h"
+#include "FluxoDeSaida.h"
+#include "RelatorioLido.h"
+#include "SaidaDoDiff.h"
+
+namespace cotepe::programa {
+namespace {
+
+struct OpcoesDoDiff {
+  std::string a, b;
+  bool comCarimbo = false;
+  OpcoesDeDiferencas saida;
+};
+
+void executa(const OpcoesDoDiff& opcoes) {
+  if (opcoes.a == "-" && opcoes.b == "-")
+    throw Falha(kUsoErrado, "wrong usage", "A and B", "stdin twice", "two reports", "name one of them");
+  RelatorioLido a(opcoes.a), b(opcoes.b);
+  FluxoDeSaida fluxo;
+  SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
+  Diferenca diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo});
+  diferenca.compara(a.linhas(), b.linhas());
+  saida.termina();
+  fluxo.flush();
+  a.confereLeitura();
+  b.confereLeitura();
+  if (saida.total() > 0) throw Falha(kIncompleto, a.nome() + " and " + b.nome() + " differ");
+}
+
+}  // namespace
+
+Execucao declaraDiff(CLI::App& comando) {
+  const auto o = std::make_shared<OpcoesDoDiff>();
+  comando.add_option("A", o->a, "The report to go by; - for stdin")->required();
+  comando.add_option("B", o->b, "The report to look at; - for stdin")->required();
+  comando.add_flag("--with-stamp", o->comCarimbo, "Compare the time of generation in E11, too");
+  declaraDiferencas(comando, o->saida);
+  comando.footer(
+      "Records are aligned by register and key, such as COO and item. What is printed is about B: what was\n"
+      "found there, and what A has instead.\n"
+      "Exit status: 0 equal, 1 they differ, 2 could not run.\n"
+      "Memory: the records of one register that have no partner yet; next to nothing for equal reports.");
+  return [o] { executa(*o); };
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,25 @@
+#include "SaidaDoDiff.h"
+
+#include <unistd.h>
+
+namespace cotepe::programa {
+
+SaidaDeAchados::Opcoes OpcoesDeDiferencas::paraStdout() const {
+  SaidaDeAchados::Opcoes opcoes = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
+  formatoDeAchados(formato, opcoes.formato);
+  opcoes.maximo = maximo;
+  return opcoes;
+}
+
+void declaraDiferencas(CLI::App& comando, OpcoesDeDiferencas& opcoes) {
+  comando.add_option("--format", opcoes.formato, "text, json (an object a line) or sarif (text)")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json", "sarif"}));
+  comando
+      .add_option("--max-findings", opcoes.maximo,
+                  "Print no more than this many differences; the counts stay whole")
+      ->type_name("COUNT")
+      ->check(CLI::NonNegativeNumber);
+}
+
+}  // namespace cotepe::programa

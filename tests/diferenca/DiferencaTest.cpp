@@ -1,0 +1,198 @@
+// Two reports compared in memory: what is said, word for word.
+#include "Diferenca.h"
+
+#include <gtest/gtest.h>
+
+#include "ChaveNatural.h"
+#include "Relatorio.h"
+#include "SaidaDeAchados.h"
+
+namespace cotepe {
+namespace {
+
+using Textos = std::vector<std::string>;
+
+struct Coletor : RecebeAchados {
+  Textos textos;
+  void recebe(const Achado& achado) override { textos.push_back(textoDoAchado(achado)); }
+};
+
+Textos diferencas(const std::string& a, const std::string& b, bool comCarimbo = false) {
+  Coletor coletor;
+  LeitorDeLinhas linhasA{std::string_view(a)}, linhasB{std::string_view(b)};
+  Diferenca(coletor, {"a.txt", "b.txt", comCarimbo}).compara(linhasA, linhasB);
+  return coletor.textos;
+}
+
+Textos contraBom(Relatorio mudado, int leiaute = 1) {
+  return diferencas(Relatorio::bom(leiaute).texto(), mudado.texto());
+}
+
+constexpr int kE11 = 9, kPrimeiroE14 = 20;  // lines of the report
+
+TEST(Diferenca, EqualReportsHaveNone) {
+  EXPECT_EQ(contraBom(Relatorio::bom()), Textos());
+  EXPECT_EQ(contraBom(Relatorio::bom(2), 2), Textos());
+  EXPECT_EQ(diferencas("", ""), Textos());
+}
+
+TEST(Diferenca, AFieldIsNamedWithBothValuesAndItsKey) {
+  Relatorio r = Relatorio::bom();
+  r.troca(kPrimeiroE14, 67, "00000000003000", "00000000123456");
+  EXPECT_EQ(
+      contraBom(r),
+      Textos{
+          "b.txt:20:67-80: error field E14.9 \"Subtotal\": found 1.234,56, expected 30,00 (CCF 31; line 20 "
+          "of a.txt)"});
+}
+
+TEST(Diferenca, DatesAreShownAsDatesAndTextsInQuotes) {
+  Relatorio r = Relatorio::bom();
+  r.troca(kPrimeiroE14, 59, "20240102", "20240105");
+  r.troca(2, 73, "LOJA DE EXEMPLO", "LOJA DE EXEMPLA");
+  EXPECT_EQ(
+      contraBom(r),
+      (Textos{"b.txt:2:73-112: error field E02.7 \"Razão social\": found \"LOJA DE EXEMPLA LTDA              "
+              "      \", expected \"LOJA DE EXEMPLO LTDA                    \" (line 2 of a.txt)",
+              "b.txt:20:59-66: error field E14.8 \"Data de emissão\": found 05/01/2024, expected 02/01/2024 "
+              "(CCF 31; line 20 of a.txt)"}));
+}
+
+TEST(Diferenca, BytesThatLookTheSameAreTold) {
+  Relatorio a = Relatorio::bom(), b = Relatorio::bom();
+  a.troca(2, 73, "L", "\x80");
+  b.troca(2, 73, "L", "\x81");
+  EXPECT_EQ(
+      diferencas(a.texto(), b.texto()),
+      Textos{
+          "b.txt:2:73-112: error field E02.7 \"Razão social\": found byte 1 0x81, expected byte 1 0x80 (line "
+          "2 of a.txt)"});
+}
+
+TEST(Diferenca, RecordsThatAreMissingOrAddedAreNamedByTheirKey) {
+  Relatorio semItem = Relatorio::bom();
+  semItem.remove(24);  // E15, COO 102, item 2
+  EXPECT_EQ(
+      contraBom(semItem),
+      Textos{"b.txt: error missing E15: found none, expected a record: COO 102, Nº do item 2 (line 24 of "
+             "a.txt)"});
+  EXPECT_EQ(diferencas(semItem.texto(), Relatorio::bom().texto()),
+            Textos{"b.txt:24: error added E15: found a record: COO 102, Nº do item 2, expected none"});
+}
+
+TEST(Diferenca, TheOrderOfRecordsInARegisterIsNoDifference) {
+  Relatorio r = Relatorio::bom();
+  r.permuta(20, 22);
+  EXPECT_EQ(contraBom(r), Textos());
+}
+
+TEST(Diferenca, RecordsOfOneKeyAreTakenInOrder) {
+  Relatorio a = Relatorio::bom(), b = Relatorio::bom();
+  a.insere(21, a[20]);
+  EXPECT_EQ(diferencas(a.texto(), b.texto()),
+            Textos{"b.txt: error missing E14: found none, expected a record: CCF 31 (line 21 of a.txt)"});
+}
+
+TEST(Diferenca, TheStampCountsOnlyWhenAsked) {
+  Relatorio r = Relatorio::bom();
+  r.troca(kE11, 123, "20240103", "20240204");
+  r.troca(kE11, 131, "200000", "200001");
+  EXPECT_EQ(contraBom(r), Textos());
+  EXPECT_EQ(
+      diferencas(Relatorio::bom().texto(), r.texto(), true),
+      (Textos{
+          "b.txt:9:123-130: error field E11.16 \"Data de geração\": found 04/02/2024, expected 03/01/2024 "
+          "(line 9 of a.txt)",
+          "b.txt:9:131-136: error field E11.17 \"Hora de geração\": found 20:00:01, expected 20:00:00 (line "
+          "9 of a.txt)"}));
+}
+
+TEST(Diferenca, AStampOfOtherLengthAlwaysCounts) {
+  Relatorio r = Relatorio::bom();
+  r[kE11].pop_back();
+  EXPECT_EQ(contraBom(r),
+            Textos{"b.txt:9:131-136: error field E11.17 \"Hora de geração\": found \"20000\", expected "
+                   "20:00:00 (line 9 of a.txt)"});
+}
+
+TEST(Diferenca, WhatStandsBehindTheLastFieldIsADifference) {
+  Relatorio r = Relatorio::bom();
+  r[7] += "xyz";
+  EXPECT_EQ(contraBom(r),
+            Textos{"b.txt:7: error line E09: found 3 bytes \"xyz\" behind the last field, expected "
+                   "nothing (CRO 1; line 7 of a.txt)"});
+}
+
+TEST(Diferenca, LineEndsAreCompared) {
+  Relatorio r = Relatorio::bom();
+  r[7] += '\r';
+  EXPECT_EQ(contraBom(r),
+            Textos{"b.txt:7: error line-end E09: found CR and LF, expected LF (CRO 1; line 7 of a.txt)"});
+  std::string semFim = Relatorio::bom().texto();
+  semFim.pop_back();
+  const Textos textos = diferencas(Relatorio::bom().texto(), semFim);
+  ASSERT_EQ(textos.size(), 1U);
+  EXPECT_NE(textos[0].find("error line-end E21: found the end of the file, expected LF"), std::string::npos)
+      << textos[0];
+}
+
+TEST(Diferenca, ALineOfNoRegisterIsAddedAndItsRecordMissing) {
+  Relatorio r = Relatorio::bom();
+  r.troca(kPrimeiroE14, 1, "E14", "X14");
+  EXPECT_EQ(
+      contraBom(r),
+      (Textos{
+          "b.txt:20: error added: found a line of no register, \"X14SERIAL               MODELO              "
+          "0100003100010220...\", expected none",
+          "b.txt: error missing E14: found none, expected a record: CCF 31 (line 20 of a.txt)"}));
+}
+
+// A lone record out of its register's place does not make the others go astray.
+TEST(Diferenca, ARecordOfAnotherRegisterIsNoEndOfTheOneAround) {
+  Relatorio r = Relatorio::bom();
+  r.troca(kPrimeiroE14, 1, "E14", "E20");
+  EXPECT_EQ(contraBom(r).size(), 2U);
+}
+
+TEST(Diferenca, AWholeRegisterMayBeMissing) {
+  Relatorio r = Relatorio::bom();
+  for (int i = 0; i < 3; ++i) r.remove(kPrimeiroE14);
+  EXPECT_EQ(contraBom(r),
+            (Textos{"b.txt: error missing E14: found none, expected a record: CCF 31 (line 20 of a.txt)",
+                    "b.txt: error missing E14: found none, expected a record: CCF 32 (line 21 of a.txt)",
+                    "b.txt: error missing E14: found none, expected a record: CCF 33 (line 22 of a.txt)"}));
+}
+
+TEST(Diferenca, AnEmptyReportLacksEverything) {
+  EXPECT_EQ(diferencas(Relatorio::bom().texto(), "").size(),
+            static_cast<std::size_t>(Relatorio::bom().quantas()));
+  EXPECT_EQ(diferencas("", Relatorio::bom().texto()).size(),
+            static_cast<std::size_t>(Relatorio::bom().quantas()));
+}
+
+// Records of the same values in counters of six and of nine digits.
+TEST(Diferenca, OtherWidthsAreToldOnce) {
+  const std::string cabecalho = "E12SERIAL               MODELO              01000010";
+  const std::string resto =
+      "0000012024010220240102200100"
+      "00000000003800"
+      "S\n";
+  EXPECT_EQ(
+      diferencas(cabecalho + "000105" + resto, cabecalho + "000000105" + resto),
+      Textos{
+          "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
+          "values are the same)"});
+}
+
+TEST(ChaveNatural, FollowsTheCatalogueAndNamesFieldsThatAreThere) {
+  for (std::size_t i = 0; i < kCatalogo.size(); ++i) {
+    ASSERT_EQ(kChavesNaturais[i].registro, kCatalogo[i]) << kCatalogo[i]->codigo;
+    for (const char* rotulo : kChavesNaturais[i].campos) {
+      if (rotulo == nullptr) continue;
+      EXPECT_GT(indiceDoCampo(*kCatalogo[i], rotulo), 2) << kCatalogo[i]->codigo;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace cotepe

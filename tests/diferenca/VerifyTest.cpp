@@ -1,0 +1,251 @@
+// cotepe verify: reports held to the databases that they came from.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <map>
+
+#include "Amostra.h"
+#include "Cena.h"
+#include "Comandos.h"
+#include "Falha.h"
+
+namespace {
+
+class Verify : public Cena {
+ protected:
+  Fim verifica(const std::vector<std::string>& mais = {}) const {
+    std::vector<std::string> todos = {"verify", "--db", "base.db", "r.txt"};
+    todos.insert(todos.end(), mais.begin(), mais.end());
+    return roda(todos, pasta());
+  }
+
+  void geraComo(const std::vector<std::string>& mais, const std::string& de = "01012024",
+                const std::string& ate = "31012024") {
+    std::vector<std::string> todos = {"generate", "--db",    "base.db", "--from",   de,     "--to",
+                                      ate,        "--quiet", "--force", "--output", "r.txt"};
+    todos.insert(todos.end(), mais.begin(), mais.end());
+    ASSERT_EQ(roda(todos, pasta()).situacao, 0);
+  }
+
+  void troca(const std::string& de, const std::string& para) {
+    std::string texto = leArquivo(em("r.txt"));
+    const std::size_t i = texto.find(de);
+    ASSERT_NE(i, std::string::npos);
+    escreveArquivo(em("r.txt"), texto.replace(i, de.size(), para));
+  }
+};
+
+TEST_F(Verify, AReportOfTheDatabaseEndsWith0AndSaysWhatWasDerived) {
+  criaBanco();
+  geraComo({});
+  const Fim fim = verifica();
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(fim.saida, "");
+  EXPECT_EQ(fim.erros,
+            "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from 2024-01-10 "
+            "(derived) "
+            "to 2024-01-11 (derived)\n");
+}
+
+TEST_F(Verify, GivenSettingsAreTaken) {
+  criaBanco();
+  geraComo({});
+  const Fim fim = verifica(
+      {"--layout", "1", "--no-cat52", "--command", "TDM", "--from", "01012024", "--to", "2024-01-31"});
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: r.txt: layout 1 (given), CAT52 off (given), command TDM (given), from 2024-01-01 (given) to "
+      "2024-01-31 (given)\n");
+}
+
+TEST_F(Verify, AChangedAmountEndsWith1) {
+  criaBanco();
+  geraComo({});
+  troca("00000000000125S", "00000000000124S");
+  const Fim fim = verifica({"--quiet"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(fim.saida,
+            "r.txt:10:87-100: error field E12.12 \"Venda bruta diária\": found 1,24, expected 1,25 (CRZ 11; "
+            "line 10 of "
+            "the report of base.db)\n1 error, 0 warnings\n");
+  EXPECT_EQ(fim.erros, "cotepe: r.txt: not what the database says\n");
+}
+
+TEST_F(Verify, ARecordTakenOutIsMissing) {
+  criaBanco();
+  geraComo({});
+  std::string texto = leArquivo(em("r.txt"));
+  const std::size_t i = texto.find("E12");
+  escreveArquivo(em("r.txt"), texto.erase(i, texto.find('\n', i) + 1 - i));
+  const Fim fim = verifica({"--quiet"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.saida,
+      "r.txt: error missing E12: found none, expected a record: CRZ 11 (line 10 of the report of base.db)\n1 "
+      "error, 0 warnings\n");
+}
+
+TEST_F(Verify, TheStampIsNotCompared) {
+  criaBanco();
+  geraComo({});
+  std::string texto = leArquivo(em("r.txt"));
+  const std::size_t i = texto.find("\nE11") + 1;
+  escreveArquivo(em("r.txt"), texto.replace(i + 122, 14, "19991231235959"));
+  EXPECT_EQ(verifica().situacao, 0);
+}
+
+// Every command and setting of the sample, its period longer than what it holds.
+TEST_F(Verify, ReportsOfEverySettingAreProved) {
+  cotepe::OpcoesDaAmostra amostra;
+  amostra.dias = 3;
+  amostra.cuponsPorDia = 3;
+  amostra.inicio = "2024-01-05";
+  cotepe::criaBancoDeAmostra(em("base.db"), amostra);
+  for (const char* comando : {"TDM", "MFD", "MF", "RZ"})
+    for (const char* leiaute : {"1", "2"})
+      for (const char* cat52 : {"", "--cat52"}) {
+        std::vector<std::string> mais = {"--command", comando, "--layout", leiaute};
+        if (*cat52 != '\0') mais.emplace_back(cat52);
+        geraComo(mais);
+        const Fim fim = verifica();
+        EXPECT_EQ(fim.situacao, 0) << comando << ' ' << leiaute << ' ' << cat52 << '\n'
+                                   << fim.erros << fim.saida;
+      }
+}
+
+// Without a reduction nothing tells the period, and nothing depends on it.
+TEST_F(Verify, AReportWithoutReductionsIsProved) {
+  criaBanco();
+  geraComo({}, "01022024", "29022024");
+  const Fim fim = verifica();
+  EXPECT_EQ(fim.situacao, 0) << fim.saida;
+  EXPECT_EQ(fim.erros,
+            "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from 0001-01-01 "
+            "(derived) "
+            "to 0001-01-01 (derived)\n");
+}
+
+// Of MFD no record has the movement, and E01 has the day of issue alone, which here is another reduction's
+// day.
+TEST_F(Verify, AReductionIssuedAfterMidnightDoesNotMoveThePeriod) {
+  criaBanco(
+      "UPDATE reducao_z SET data_hora_emissao = '2024-01-11 00:30:00' WHERE cont_crz = 11;"
+      "INSERT INTO outros_documentos (cont_coo, cont_gnf, cont_grg, cont_cdc, cont_crz, id_tipo_documento, "
+      "data_hora_fim_emissao) VALUES (101, 0, 0, 0, 11, 'RZ', '2024-01-11 00:30:00');"
+      "INSERT INTO outros_documentos (cont_coo, cont_gnf, cont_grg, cont_cdc, cont_crz, id_tipo_documento, "
+      "data_hora_fim_emissao) VALUES (102, 0, 0, 0, 12, 'RZ', '2024-01-11 22:00:00');");
+  geraComo({"--command", "MFD"}, "01012024", "10012024");
+  const Fim fim = verifica();
+  EXPECT_EQ(fim.situacao, 0) << fim.saida;
+  EXPECT_EQ(fim.erros,
+            "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command MFD (derived), from 2024-01-10 "
+            "(derived) "
+            "to 2024-01-10 (derived)\n");
+}
+
+TEST_F(Verify, WithoutE01TheRegistersTellTheCommand) {
+  criaBanco();
+  geraComo({"--command", "MF"});
+  const std::string texto = leArquivo(em("r.txt"));
+  escreveArquivo(em("r.txt"), texto.substr(texto.find('\n') + 1));
+  const Fim fim = verifica();
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.saida,
+      "r.txt: error missing E01: found none, expected a record (line 1 of the report of base.db)\n1 error, 0 "
+      "warnings\n");
+}
+
+TEST_F(Verify, WhatCannotRunEndsWith2AndADatabaseThatCannotBeOpenedWith3) {
+  criaBanco();
+  geraComo({});
+  EXPECT_EQ(roda({"verify", "--db", "base.db", "none.txt"}, pasta()).situacao, 2);
+  EXPECT_EQ(roda({"verify", "--db", "base.db", "-"}, pasta()).situacao, 2);
+  EXPECT_EQ(roda({"verify", "--db", "none.db", "r.txt"}, pasta()).situacao, 3);
+  Banco(em("base.db")).sql("DROP TABLE moeda");
+  const Fim fim = verifica({"--quiet"});
+  EXPECT_EQ(fim.situacao, 2);
+  EXPECT_NE(fim.erros.find(
+                "cotepe: cannot verify: the database gives no whole report: E06 (no such table: moeda)\n"),
+            std::string::npos)
+      << fim.erros;
+  Banco(em("base.db")).sql("DROP TABLE dados_ecf");
+  EXPECT_EQ(verifica({"--quiet"}).situacao, 5);
+}
+
+TEST_F(Verify, TheDatabaseIsNotWrittenAndNoFileIsLeft) {
+  criaBanco();
+  geraComo({});
+  const std::string antes = leArquivo(em("base.db"));
+  verifica();
+  EXPECT_EQ(leArquivo(em("base.db")), antes);
+  EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt"}));
+}
+
+/// The command in this process, its output thrown away; its exit status.
+int verificaAqui(const std::string& banco, const std::string& relatorio) {
+  CLI::App app;
+  const cotepe::programa::Execucao executa = cotepe::programa::declaraVerify(app);
+  app.parse("--quiet --max-findings 0 --db " + banco + ' ' + relatorio);
+  try {
+    executa();
+    return 0;
+  } catch (const cotepe::programa::Falha& falha) {
+    return falha.situacao();
+  }
+}
+
+class SemSaida {
+ public:
+  SemSaida() : guardada_(dup(STDOUT_FILENO)) {
+    const int nada = open("/dev/null", O_WRONLY);
+    dup2(nada, STDOUT_FILENO);
+    close(nada);
+  }
+  ~SemSaida() {
+    dup2(guardada_, STDOUT_FILENO);
+    close(guardada_);
+  }
+  SemSaida(const SemSaida&) = delete;
+  SemSaida& operator=(const SemSaida&) = delete;
+
+ private:
+  int guardada_;
+};
+
+// One byte changed, at every position of a report of the sample: found everywhere but in the stamp of E11.
+void mudaCadaByte(const std::string& banco, const std::string& arquivo) {
+  const std::string bom = leArquivo(arquivo);
+  const std::size_t carimbo = bom.find("\nE11") + 1 + 122;
+  std::size_t achados = 0, noCarimbo = 0;
+  std::map<std::size_t, int> perdidos;
+  {
+    const SemSaida calado;
+    for (std::size_t i = 0; i < bom.size(); ++i) {
+      std::string mudado = bom;
+      mudado[i] = mudado[i] == '1' ? '2' : '1';
+      escreveArquivo(arquivo, mudado);
+      const int situacao = verificaAqui(banco, arquivo);
+      const bool doCarimbo = i >= carimbo && i < carimbo + 14;
+      achados += situacao == 1 ? 1 : 0;
+      noCarimbo += doCarimbo && situacao == 0 ? 1 : 0;
+      if (situacao != (doCarimbo ? 0 : 1)) perdidos[i] = situacao;
+    }
+  }
+  for (const auto& [i, situacao] : perdidos) ADD_FAILURE() << "position " << i << " ends with " << situacao;
+  EXPECT_EQ(noCarimbo, 14U);
+  EXPECT_EQ(achados, bom.size() - 14);
+  std::cout << achados << " of " << bom.size() << " positions found\n";
+}
+
+TEST_F(Verify, AChangedByteIsFoundAtEveryPosition) {
+  cotepe::OpcoesDaAmostra amostra;
+  amostra.dias = 1;
+  amostra.cuponsPorDia = 1;
+  cotepe::criaBancoDeAmostra(em("base.db"), amostra);
+  geraComo({});
+  mudaCadaByte(em("base.db"), em("r.txt"));
+}
+
+}  // namespace

@@ -28,7 +28,7 @@ void gravaUsuario(sqlite3* banco, Aleatorio& aleatorio, int instalacao) {
   Insercao(
       banco,
       "dados_usuario(seq_usuario, cnpj, ie, razao_social, endereco, data_hora_gravacao, cont_cro, valor_gt)")
-      .grava(1, cnpj, "110.042.490-114", "MERCADO E POSTO SERRA AZUL LTDA",
+      .grava(1, cnpj, "110.042.490-11", "MERCADO E POSTO SERRA AZUL LTDA",
              "RUA DAS PALMEIRAS, 1200 - CENTRO - SERRA AZUL", texto(dataHora(instalacao, kManha + 600)), 1,
              dinheiro(0));
 }

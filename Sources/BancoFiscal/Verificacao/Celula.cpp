@@ -1,0 +1,200 @@
+#include "Verificacao/Celula.h"
+
+#include <algorithm>
+
+#include "Leiaute/Texto.h"
+#include "Verificacao/Citacao.h"
+
+namespace cotepe {
+namespace {
+
+bool controla(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
+bool qualquer(const Campo& /*campo*/) { return true; }
+
+std::size_t caracteres(std::string_view utf8) {
+  return static_cast<std::size_t>(std::count_if(
+      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+// Bytes that the field gets: those of the characters that the query leaves, without what the field removes.
+std::size_t bytesNoCampo(const Destino& destino, std::string_view texto) {
+  std::size_t bytes = 0;
+  int contados = 0;
+  for (const char c : texto) {
+    if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++contados > destino.usados &&
+        destino.usados != 0)
+      break;
+    const bool removido =
+        (c == '.' && destino.campo->removePontos) || (c == '-' && destino.campo->removeHifens);
+    if (!removido) ++bytes;
+  }
+  return bytes;
+}
+
+std::string quantos(std::size_t n, const char* nome) {
+  return std::to_string(n) + ' ' + nome + (n == 1 ? "" : "s");
+}
+
+const char* doVazio(Especie especie) {
+  switch (especie) {
+    case Especie::Texto:
+    case Especie::Preenchido:
+      return "which is written as blanks";
+    case Especie::ComoEsta:
+    case Especie::Data:
+    case Especie::Hora:
+    case Especie::DataPronta:
+    case Especie::HoraPronta:
+      return "which ends the line there";
+    default:
+      return "which is written as zeros";
+  }
+}
+
+}  // namespace
+
+void Conferencia::porForma() {
+  if (coluna_.forma.forma == Forma::NaoImpressa) return;
+  if (celula_.nulo) return nulo();
+  switch (coluna_.forma.forma) {
+    case Forma::Texto:
+    case Forma::TextoUsado:
+      controle();
+      for (const Destino& destino : coluna_.destinos)
+        if (vale(destino)) texto(destino);
+      return;
+    case Forma::Casas:
+      return codigo({"2", "3"}, "2 or 3");
+    case Forma::Inteiro:
+      return paraCada(&Conferencia::inteiro);
+    case Forma::Dinheiro:
+    case Forma::Decimal:
+      return paraCada(&Conferencia::dinheiro);
+    case Forma::Cnpj:
+    case Forma::CpfOuCnpj:
+      paraCada(&Conferencia::numeroFiscal);
+      return digitosVerificadores();
+    case Forma::Letra:
+    case Forma::SimNao:
+      if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
+      if (coluna_.forma.forma == Forma::SimNao) codigo({"S", "N"}, "S or N");
+      return;
+    case Forma::TipoDeDocumento:
+      return codigo({"CN", "RG", "CC", "NC", "RZ"}, "CN, RG, CC, NC or RZ");
+    case Forma::DataHora:
+      return data();
+    case Forma::NaoImpressa:
+      return;
+  }
+}
+
+bool Conferencia::vale(const Destino& destino) const {
+  return celula_.foraDe == nullptr || std::string_view(destino.registro->codigo) != celula_.foraDe;
+}
+
+void Conferencia::paraCada(void (Conferencia::*parte)(const Destino*)) {
+  if (coluna_.destinos.empty()) return (this->*parte)(nullptr);
+  for (const Destino& destino : coluna_.destinos)
+    if (vale(destino)) (this->*parte)(&destino);
+}
+
+const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
+  for (const Destino& destino : coluna_.destinos)
+    if (vale(destino) && serve(*destino.campo)) return &destino;
+  return nullptr;
+}
+
+// The first field that breaks a rule makes the problem, the others are told with it.
+void Conferencia::acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia,
+                       std::string esperado) {
+  for (Problema& problema : problemas_) {
+    if (problema.regra != regra) continue;
+    if (destino != nullptr) problema.outros.push_back(destino);
+    return;
+  }
+  const std::string valor = celula_.nulo ? "NULL" : citado(celula_.texto);
+  problemas_.push_back(
+      {regra, valor + (consequencia.empty() ? "" : ", ") + consequencia, std::move(esperado), destino, {}});
+}
+
+void Conferencia::nulo() {
+  if (coluna_.forma.aceitaNulo) return;
+  const Destino* destino = primeiro(qualquer);
+  acha(RegraDoBanco::Nulo, destino,
+       destino == nullptr ? "which no query finds" : doVazio(destino->campo->especie), "a value");
+}
+
+void Conferencia::controle() {
+  const auto c = std::find_if(celula_.texto.begin(), celula_.texto.end(), controla);
+  const Destino* destino = primeiro([](const Campo& campo) { return !campo.trocaNaoAscii; });
+  if (c == celula_.texto.end() || destino == nullptr) return;
+  acha(RegraDoBanco::Controle, destino,
+       *c == '\n'   ? "whose line end breaks the line in two"
+       : *c == '\0' ? "whose zero byte ends the text"
+                    : "whose control character goes into the line",
+       "characters that can be seen");
+}
+
+bool Conferencia::ultimoDaLinha(const Destino& destino) const {
+  const Campos campos = destino.registro->campos;
+  const auto depois = campos.trecho(static_cast<std::size_t>(destino.numero));
+  return std::none_of(depois.begin(), depois.end(),
+                      [&](const Campo& campo) { return meta_.alcance.existe(campo); });
+}
+
+void Conferencia::texto(const Destino& destino) {
+  const auto largura = static_cast<std::size_t>(destino.campo->largura);
+  const std::size_t bytes = bytesNoCampo(destino, celula_.texto);
+  const bool usado = coluna_.forma.forma == Forma::TextoUsado;
+  const auto deixados = static_cast<std::size_t>(destino.usados);
+  if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > deixados)
+    return acha(RegraDoBanco::TextoCortado, &destino,
+                "of which the first " + quantos(deixados, "character") + " are written",
+                "at most " + std::to_string(deixados));
+  if (bytes > largura)
+    return acha(usado ? RegraDoBanco::TextoCortado : RegraDoBanco::TextoLongo, &destino,
+                ultimoDaLinha(destino)
+                    ? "which makes the line " + quantos(bytes - largura, "byte") + " longer"
+                    : "of which the first " + quantos(largura, "byte") + " are written",
+                "at most " + quantos(largura, "byte"));
+  if (destino.campo->especie == Especie::ComoEsta && bytes < largura)
+    acha(RegraDoBanco::TextoCurto, &destino,
+         "which makes the line " + quantos(largura - bytes, "byte") + " shorter", quantos(largura, "byte"));
+}
+
+void Conferencia::letra(const Destino* destino) {
+  acha(RegraDoBanco::TamanhoDaLetra, destino,
+       destino == nullptr      ? "which leaves the row out"
+       : celula_.texto.empty() ? "which ends the line there"
+                               : "of which the first character is written",
+       "one character");
+}
+
+void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
+  if (std::find(codigos.begin(), codigos.end(), celula_.texto) != codigos.end()) return;
+  const Forma forma = coluna_.forma.forma;
+  const Destino* destino = primeiro(qualquer);
+  acha(RegraDoBanco::Codigo, destino,
+       forma == Forma::Casas             ? "which scales the value as 2 does"
+       : forma == Forma::TipoDeDocumento ? "whose counters are written as zeros"
+       : destino == nullptr              ? "which leaves the row out"
+                                         : "which is written as it stands",
+       esperado);
+}
+
+void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
+                   std::vector<Problema>& problemas) {
+  Conferencia(coluna, celula, meta, problemas).porForma();
+}
+
+std::string enumera(const std::vector<const Destino*>& destinos) {
+  std::string texto;
+  for (std::size_t i = 0; i < destinos.size(); ++i) {
+    if (i != 0) texto += i + 1 == destinos.size() ? " and " : ", ";
+    texto += std::string(destinos[i]->registro->codigo) + '.' + std::to_string(destinos[i]->numero);
+  }
+  return texto;
+}
+
+}  // namespace cotepe

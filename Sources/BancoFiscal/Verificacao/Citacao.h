@@ -1,0 +1,16 @@
+// Values of the database as a message shows them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cotepe {
+
+/// The value between quotation marks: control characters, quotation marks and bytes that are not UTF-8
+/// escaped, at most 40 bytes of it; "..." stands where it goes on, and its length follows.
+std::string citado(std::string_view valor);
+
+/// The same without quotation marks, for keys.
+std::string legivel(std::string_view valor);
+
+}  // namespace cotepe

@@ -1,0 +1,122 @@
+// What must match between tables, and what must be there once.
+#include <algorithm>
+
+#include "Verificacao/Citacao.h"
+#include "Verificacao/Partes.h"
+
+namespace cotepe {
+namespace {
+
+RegraDoBanco regraDaLigacao(const std::string& alvo) {
+  if (alvo == "reducao_z") return RegraDoBanco::SemReducao;
+  if (alvo == "totalizador_nao_fiscal") return RegraDoBanco::SemTotalizador;
+  if (alvo == "meio_pagamento") return RegraDoBanco::SemMeio;
+  return RegraDoBanco::SemDocumento;
+}
+
+const char* chaveDa(const std::string& tabela) {
+  const auto forma =
+      std::find_if(kFormas.begin(), kFormas.end(), [&](const FormaDaTabela& f) { return tabela == f.nome; });
+  return forma->chave;
+}
+
+std::string ausenteDe(const std::string& coluna, const std::string& alvo, const std::string& colunaDoAlvo) {
+  return coluna + " NOT IN (SELECT " + colunaDoAlvo + " FROM " + alvo + " WHERE " + colunaDoAlvo +
+         " IS NOT NULL)";
+}
+
+// The columns of the row's key that are there; null texts where it has none.
+std::vector<std::string> chavePresente(const Contexto& contexto, const std::string& tabela) {
+  std::vector<std::string> nomes;
+  for (const std::string& nome : separa(chaveDa(tabela)))
+    if (contexto.tem(tabela, nome)) nomes.push_back(nome);
+  return nomes;
+}
+
+std::string sqlDaLigacao(const Ligacao& ligacao, const std::vector<std::string>& chave) {
+  std::string sql = std::string("SELECT ") + ligacao.coluna;
+  for (const std::string& nome : chave) sql += ", " + nome;
+  sql += std::string(" FROM ") + ligacao.tabela + " WHERE " +
+         ausenteDe(ligacao.coluna, ligacao.alvo, ligacao.colunaDoAlvo);
+  if (ligacao.outroAlvo != nullptr)
+    sql += " AND " + ausenteDe(ligacao.coluna, ligacao.outroAlvo, ligacao.colunaDoAlvo);
+  // The open day's documents stand before their reduction.
+  if (std::string_view(ligacao.alvo) == "reducao_z")
+    sql += std::string(" AND CAST(") + ligacao.coluna +
+           " AS INTEGER) <> (SELECT ifnull(max(CAST(cont_crz AS INTEGER)), 0) + 1 FROM reducao_z)";
+  return sql;
+}
+
+std::string chaveDaLinha(const Pergunta& pergunta, const std::vector<std::string>& chave) {
+  std::string texto;
+  for (std::size_t i = 0; i < chave.size(); ++i)
+    texto += (i == 0 ? "" : ",") + chave[i] + '=' + legivel(pergunta.texto(static_cast<int>(i) + 1));
+  return texto;
+}
+
+bool possivel(const Contexto& contexto, const Ligacao& ligacao) {
+  return contexto.lida(ligacao.tabela) && contexto.tem(ligacao.tabela, ligacao.coluna) &&
+         contexto.tem(ligacao.alvo, ligacao.colunaDoAlvo) &&
+         (ligacao.outroAlvo == nullptr || contexto.tem(ligacao.outroAlvo, ligacao.colunaDoAlvo));
+}
+
+void confereLigacao(const Contexto& contexto, const Ligacao& ligacao) {
+  const RegraDoBanco regra = regraDaLigacao(ligacao.alvo);
+  if (!contexto.ligada(regra) || !possivel(contexto, ligacao)) return;
+  const std::string leitores = contexto.leitores(ligacao.tabela, ligacao.coluna);
+  const std::vector<std::string> chave = chavePresente(contexto, ligacao.tabela);
+  const std::string alvos = std::string(ligacao.alvo) +
+                            (ligacao.outroAlvo == nullptr ? "" : std::string(" or ") + ligacao.outroAlvo);
+  Pergunta pergunta(contexto.banco(), sqlDaLigacao(ligacao, chave));
+  while (pergunta.avanca())
+    contexto.relata(regra, {ligacao.tabela, chaveDaLinha(pergunta, chave), ligacao.coluna}, leitores, nullptr,
+                    citado(pergunta.texto(0)) + ", with which the row is left out without a word",
+                    std::string("one of ") + alvos);
+}
+
+void confereUnico(const Contexto& contexto, const Unicidade& unicidade) {
+  const std::vector<std::string> colunas = separa(unicidade.colunas);
+  if (!contexto.lida(unicidade.tabela) ||
+      !std::all_of(colunas.begin(), colunas.end(),
+                   [&](const std::string& coluna) { return contexto.tem(unicidade.tabela, coluna); }))
+    return;
+  std::string lista;
+  for (const std::string& coluna : colunas) lista += ", " + coluna;
+  Pergunta pergunta(contexto.banco(), "SELECT count(*)" + lista + " FROM " + unicidade.tabela + " WHERE " +
+                                          colunas[0] + " IS NOT NULL GROUP BY " + unicidade.colunas +
+                                          " HAVING count(*) > 1");
+  while (pergunta.avanca())
+    contexto.relata(RegraDoBanco::Repetido,
+                    {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
+                    contexto.leitores(unicidade.tabela, colunas[0]), nullptr,
+                    std::to_string(pergunta.inteiro(0)) + " rows: " + unicidade.consequencia, "one");
+}
+
+// Payments join the coupons of both kinds by the same counter.
+void confereDoisCupons(const Contexto& contexto) {
+  if (!contexto.ligada(RegraDoBanco::DoisCupons) || !contexto.lida("pagamento_cupom") ||
+      !contexto.tem("cupom_fiscal", "cont_coo") || !contexto.tem("cupom_nf", "cont_coo"))
+    return;
+  Pergunta pergunta(contexto.banco(),
+                    "SELECT cont_coo FROM cupom_nf WHERE cont_coo IN (SELECT cont_coo FROM cupom_fiscal)");
+  while (pergunta.avanca())
+    contexto.relata(RegraDoBanco::DoisCupons,
+                    {"cupom_nf", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
+                    contexto.leitores("pagamento_cupom", "cont_coo"), nullptr,
+                    "a row of cupom_fiscal with the same counter: every payment of it is written for both",
+                    "a counter of its own");
+}
+
+}  // namespace
+
+void confereLigacoes(const Contexto& contexto) {
+  for (const Ligacao& ligacao : kLigacoes) confereLigacao(contexto, ligacao);
+}
+
+void confereUnicidade(const Contexto& contexto) {
+  if (contexto.ligada(RegraDoBanco::Repetido))
+    for (const Unicidade& unicidade : kUnicidades) confereUnico(contexto, unicidade);
+  confereDoisCupons(contexto);
+}
+
+}  // namespace cotepe

@@ -1,0 +1,135 @@
+// A small database in memory that is clean, and what the checker says of it when something is changed.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "SaidaDeAchados.h"
+#include "Verificacao/Verificador.h"
+
+namespace cotepe::testes {
+
+// Columns keep any value as it is given.
+inline constexpr char kTabelas[] = R"(
+CREATE TABLE dados_ecf(num_serie, modelo, tipo, marca, num_caixa);
+CREATE TABLE dados_usuario(seq_usuario, cnpj, ie, razao_social, endereco, data_hora_gravacao, cont_cro, valor_gt);
+CREATE TABLE versao_sb(versao, data_hora_gravacao, num_sequencia);
+CREATE TABLE tentativas_sb(numero, versao, data_hora, resultado);
+CREATE TABLE codificacao_gt(data_hora_gravacao, codificacao);
+CREATE TABLE moeda(data_hora_gravacao, simbolo_moeda);
+CREATE TABLE intervencao(cont_cro, data_hora_intervencao, id_perda_dados_mt, id_tipo_intervencao, cont_crz, cont_coo);
+CREATE TABLE fita_detalhe(cont_cfd, data_hora_emissao, coo_inicial, coo_final);
+CREATE TABLE posicao_totalizadores_contadores(cont_crz, cont_cro, cont_coo, cont_gnf, cont_ccf, cont_grg, cont_cfd,
+  valor_gt);
+CREATE TABLE reducao_z(cont_crz, cont_coo, cont_cro, data_movimento, data_hora_emissao, valor_vb, valor_gt);
+CREATE TABLE totalizador_reducao(cont_crz, totalizador, valor_base_calculo, id_fiscal);
+CREATE TABLE meio_pagamento_reducao(cont_crz, descricao_meio_pagamento, valor_acumulado);
+CREATE TABLE cupom_fiscal(cont_ccf, cont_coo, cont_crz, data_hora_emissao, valor_subtotal, valor_desconto,
+  valor_acrescimo, valor_total, id_cancelado, valor_canc_acrescimo, nome_consumidor, cpf_cnpj_consumidor,
+  tipo_acrescimo, tipo_desconto, perc_desconto, perc_acrescimo, texto_suplementar, texto_complementar,
+  assinatura_documento);
+CREATE TABLE item_cupom_fiscal(cont_coo, seq_item, cod_item, descricao, quantidade, un_medida, valor_unitario,
+  valor_desconto, valor_acrescimo, valor_total, aliquota, id_cancelado, valor_canc_acrescimo, id_arred_trunc_valor,
+  casas_decimais_quantidade, casas_decimais_valor, perc_acrescimo, perc_desconto);
+CREATE TABLE outros_documentos(cont_coo, cont_gnf, cont_grg, cont_cdc, cont_crz, id_tipo_documento,
+  data_hora_fim_emissao);
+CREATE TABLE cupom_nf(cont_coo, cont_gnf, cont_crz, data_hora_emissao, valor_subtotal, valor_desconto, tipo_desconto,
+  valor_acrescimo, tipo_acrescimo, valor_total_cupom, id_cancelado, valor_canc_acrescimo, nome_consumidor,
+  cpf_cnpj_consumidor);
+CREATE TABLE item_cupom_nf(cont_coo, seq_item, indice_totalizador_nf, valor_total, valor_desconto, valor_acrescimo,
+  valor_total_liquido, id_cancelado, valor_canc_acrescimo);
+CREATE TABLE totalizador_nao_fiscal(num_indice, descricao);
+CREATE TABLE pagamento_cupom(cont_coo, indice_meio_pagamento, valor_pagamento, id_estornado, valor_estornado);
+CREATE TABLE meio_pagamento(num_indice, descricao);
+CREATE INDEX i01 ON reducao_z(data_movimento);
+CREATE INDEX i02 ON reducao_z(cont_crz);
+CREATE INDEX i03 ON totalizador_reducao(cont_crz);
+CREATE INDEX i04 ON meio_pagamento_reducao(cont_crz);
+CREATE INDEX i05 ON cupom_fiscal(cont_crz);
+CREATE INDEX i06 ON cupom_fiscal(cont_coo);
+CREATE INDEX i07 ON item_cupom_fiscal(cont_coo);
+CREATE INDEX i08 ON outros_documentos(cont_crz);
+CREATE INDEX i09 ON cupom_nf(cont_crz);
+CREATE INDEX i10 ON cupom_nf(cont_coo);
+CREATE INDEX i11 ON item_cupom_nf(cont_coo);
+CREATE INDEX i12 ON pagamento_cupom(cont_coo);
+CREATE INDEX i13 ON meio_pagamento(num_indice);
+)";
+
+// Reductions 4 and 5; coupons 11 (fiscal) and 12 (non-fiscal) of the latter.
+inline constexpr char kLinhas[] = R"(
+INSERT INTO dados_ecf VALUES('SERIAL', 'MODELO', 'ECF-IF', 'MARCA', 1);
+INSERT INTO dados_usuario VALUES(1, '11222333000181', '1104249', 'LOJA', 'RUA 1', NULL, 1, 10.5);
+INSERT INTO versao_sb VALUES('01.00.00', NULL, 1);
+INSERT INTO tentativas_sb VALUES(1, 'x', '2024-01-01 00:00:00', 'N');
+INSERT INTO codificacao_gt VALUES(NULL, 'ABCDEFGHIJ');
+INSERT INTO moeda VALUES('                   ', 'R$');
+INSERT INTO intervencao VALUES(1, '2023-12-01 10:00:00', 'N', 'T', 1, 2);
+INSERT INTO fita_detalhe VALUES(1, '2024-01-06 10:00:00', 1, 12);
+INSERT INTO posicao_totalizadores_contadores VALUES(5, 1, 13, 2, 1, 1, 1, 300);
+INSERT INTO reducao_z VALUES(4, 10, 1, '2024-01-04 00:00:00', NULL, 100, 200);
+INSERT INTO reducao_z VALUES(5, 13, 1, '2024-01-05 00:00:00', '2024-01-05 23:00:00', 100, 300);
+INSERT INTO totalizador_reducao VALUES(5, '01T18.00', 100, 'S');
+INSERT INTO totalizador_reducao VALUES(5, 'SANGRIA 567890', 20, 'N');
+INSERT INTO meio_pagamento_reducao VALUES(5, 'DINHEIRO', 100);
+INSERT INTO cupom_fiscal VALUES(1, 11, 5, '2024-01-05 10:00:00', 100, 0, 0, 100, 'N', 0, 'ANA', '52998224725',
+  NULL, NULL, NULL, NULL, '', '', '');
+INSERT INTO item_cupom_fiscal VALUES(11, 1, '789', 'CAFE', 1.5, 'KG', 66.67, 0, 0, 100, '01T18.00', 'N', 0, 'T', 3, 2,
+  NULL, NULL);
+INSERT INTO outros_documentos VALUES(10, 1, 0, 0, 4, 'RZ', '2024-01-04 23:00:00');
+INSERT INTO cupom_nf VALUES(12, 2, 5, '2024-01-05 11:00:00', 20, 0, 'V', 0, 'V', 20, 'N', 0, '', '');
+INSERT INTO item_cupom_nf VALUES(12, 1, 1, 20, 0, 0, 20, 'N', 0);
+INSERT INTO totalizador_nao_fiscal VALUES(1, 'SANGRIA');
+INSERT INTO pagamento_cupom VALUES(11, 1, 100, 'N', 0);
+INSERT INTO pagamento_cupom VALUES(12, 1, 20, 'N', 0);
+INSERT INTO meio_pagamento VALUES(1, 'DINHEIRO');
+)";
+
+class Junta final : public RecebeAchados {
+ public:
+  void recebe(const Achado& achado) override { textos.push_back(textoDoAchado(achado)); }
+  std::vector<std::string> textos;
+};
+
+class BancoLimpo {
+ public:
+  BancoLimpo() {
+    sqlite3* aberto = nullptr;
+    sqlite3_open(":memory:", &aberto);
+    banco_.reset(aberto);
+    executa(kTabelas);
+    executa(kLinhas);
+  }
+
+  void executa(const std::string& sql) {
+    const int resultado = sqlite3_exec(banco_.get(), sql.c_str(), nullptr, nullptr, nullptr);
+    EXPECT_EQ(resultado, SQLITE_OK) << sqlite3_errmsg(banco_.get()) << " in " << sql;
+  }
+
+  // The findings as texts, without a file.
+  std::vector<std::string> achados(const OpcoesDaVerificacao& opcoes = {}) {
+    Junta junta;
+    verificaBanco(banco_.get(), opcoes, junta);
+    return junta.textos;
+  }
+
+ private:
+  struct Fecha {
+    void operator()(sqlite3* banco) const { sqlite3_close(banco); }
+  };
+  std::unique_ptr<sqlite3, Fecha> banco_;
+};
+
+inline std::vector<std::string> depoisDe(const std::string& sql, const OpcoesDaVerificacao& opcoes = {}) {
+  BancoLimpo banco;
+  banco.executa(sql);
+  return banco.achados(opcoes);
+}
+
+using Linhas = std::vector<std::string>;
+
+}  // namespace cotepe::testes

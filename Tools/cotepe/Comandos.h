@@ -13,6 +13,7 @@ Execucao declaraGenerate(CLI::App& comando);
 Execucao declaraSample(CLI::App& comando);
 Execucao declaraSchema(CLI::App& comando);
 Execucao declaraLayout(CLI::App& comando);
+Execucao declaraCheck(CLI::App& comando);
 Execucao declaraValidate(CLI::App& comando);
 Execucao declaraShow(CLI::App& comando);
 Execucao declaraDiff(CLI::App& comando);

@@ -22,6 +22,7 @@ constexpr struct {
     {"sample", "Make a fiscal database to try with", declaraSample},
     {"schema", "Print the SQL of a fiscal database", declaraSchema},
     {"layout", "Print the field tables of the registers", declaraLayout},
+    {"check", "Check a fiscal database against what the registers need", declaraCheck},
     {"validate", "Check a report against the rules", declaraValidate},
     {"show", "Print the records of a report by label and value", declaraShow},
     {"diff", "Compare two reports, record by record", declaraDiff},

@@ -1,0 +1,141 @@
+// cotepe check: a fiscal database held to what the registers need of it.
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <iomanip>
+#include <memory>
+#include <sstream>
+#include <vector>
+
+#include "BancoSomenteLeitura.h"
+#include "Comandos.h"
+#include "Descritor.h"
+#include "Dia.h"
+#include "ErroDoBanco.h"
+#include "Falha.h"
+#include "FluxoDeSaida.h"
+#include "SaidaDeAchados.h"
+#include "Sinais.h"
+#include "Verificacao/Verificador.h"
+
+namespace cotepe::programa {
+namespace {
+
+constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
+
+struct OpcoesDoCheck {
+  std::string banco, de, ate, comando, formato = "text";
+  int leiaute = 0, espera = 5;
+  bool cat52 = false, regras = false;
+  long maximo = -1;
+  std::vector<std::string> desligadas;
+};
+
+void listaRegras() {
+  std::ostringstream lista;
+  for (std::size_t i = 0; i < kQuantasRegrasDoBanco; ++i) {
+    const DescricaoDaRegraDoBanco& regra = descricao(static_cast<RegraDoBanco>(i));
+    lista << std::left << std::setw(19) << regra.nome << std::setw(9)
+          << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
+  }
+  escreveTudo(STDOUT_FILENO, lista.str(), "stdout");
+}
+
+RegrasDoBanco desliga(const std::vector<std::string>& nomes) {
+  RegrasDoBanco desligadas;
+  for (const std::string& nome : nomes) {
+    RegraDoBanco regra{};
+    if (!regraDe(nome, regra))
+      throw Falha(kUsoErrado, "wrong usage", "--disable", nome, "the name of a rule",
+                  "see cotepe check --rules");
+    desligadas.set(static_cast<std::size_t>(regra));
+  }
+  return desligadas;
+}
+
+OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
+  if (opcoes.banco.empty())
+    throw Falha(kUsoErrado, "wrong usage", "--db", "nothing", "a fiscal database", "name it");
+  OpcoesDaVerificacao verificacao{
+      opcoes.banco, {opcoes.comando, opcoes.leiaute, opcoes.cat52}, "", "", desliga(opcoes.desligadas)};
+  if (opcoes.de.empty() && opcoes.ate.empty()) return verificacao;
+  if (opcoes.de.empty() || opcoes.ate.empty())
+    throw Falha(kUsoErrado, "wrong usage", opcoes.de.empty() ? "--from" : "--to", "nothing",
+                "both days of the period or none", "give the other one too");
+  const Dia de = exigeDia("--from", opcoes.de), ate = exigeDia("--to", opcoes.ate);
+  if (ate < de)
+    throw Falha(kUsoErrado, "wrong usage", "--to " + opcoes.ate, "a day before --from " + opcoes.de,
+                "that day or a later one", "correct one of them");
+  verificacao.de = de.iso();
+  verificacao.ate = ate.iso();
+  return verificacao;
+}
+
+int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
+
+void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificacao, SaidaDeAchados& saida) {
+  const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::seconds(opcoes.espera));
+  sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
+  try {
+    verificaBanco(aberto.banco(), verificacao, saida);
+  } catch (const ErroDoBanco& erro) {
+    paraSeInterrompido();
+    const ErroDoBanco::Partes& partes = erro.partes();
+    throw Falha(kUsoErrado, partes.oQue, opcoes.banco, partes.encontrado, partes.esperado, partes.oQueFazer);
+  }
+}
+
+void executa(const OpcoesDoCheck& opcoes) {
+  if (opcoes.regras) return listaRegras();
+  const OpcoesDaVerificacao verificacao = confere(opcoes);
+  FluxoDeSaida fluxo;
+  SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
+  formatoDeAchados(opcoes.formato, comoSai.formato);
+  comoSai.maximo = opcoes.maximo;
+  SaidaDeAchados saida(fluxo, comoSai);
+  verifica(opcoes, verificacao, saida);
+  saida.termina();
+  fluxo.flush();
+  if (saida.total() > 0)
+    throw Falha(kIncompleto, opcoes.banco + ": not clean; cotepe check --rules says what the rules are");
+}
+
+}  // namespace
+
+Execucao declaraCheck(CLI::App& comando) {
+  const auto o = std::make_shared<OpcoesDoCheck>();
+  comando.add_option("--db", o->banco, "Fiscal database; it is only read")->type_name("FILE");
+  comando.add_option("--from", o->de, "First day, DDMMYYYY or YYYY-MM-DD (all that is stored)")
+      ->type_name("DAY");
+  comando.add_option("--to", o->ate, "Last day, the same forms")->type_name("DAY");
+  comando.add_option("--command", o->comando, "MF, MFD, TDM or RZ: what only others write is left out (all)")
+      ->type_name("COMMAND")
+      ->check(CLI::IsMember({"MF", "MFD", "TDM", "RZ"}));
+  comando.add_option("--layout", o->leiaute, "Layout version, 1 or 2 (both: fields of 2, counters of 1)")
+      ->type_name("VERSION")
+      ->check(CLI::IsMember({1, 2}));
+  comando.add_flag("--cat52", o->cat52, "CAT52 mode: no texts in E14");
+  comando.add_option("--busy-timeout", o->espera, "How long to wait for a locked database (5)")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0, 86400));
+  comando.add_option("--format", o->formato, "text, json (an object a line) or sarif (text)")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json", "sarif"}));
+  comando.add_option("--max-findings", o->maximo, "Print no more than this many; the counts stay whole")
+      ->type_name("COUNT")
+      ->check(CLI::NonNegativeNumber);
+  comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
+      ->type_name("RULE")
+      ->delimiter(',')
+      ->expected(1)
+      ->take_all();
+  comando.add_flag("--rules", o->regras, "List the rules and exit");
+  comando.footer(
+      "Exit status: 0 nothing found, 1 findings, 2 could not run, 3 the database cannot be opened.\n"
+      "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "
+      "tables\n"
+      "and what does not match between tables always whole.");
+  return [o] { executa(*o); };
+}
+
+}  // namespace cotepe::programa

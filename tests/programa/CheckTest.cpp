@@ -1,0 +1,91 @@
+// cotepe check: exit statuses, formats and what is refused.
+#include "Cena.h"
+
+namespace {
+
+class Check : public Cena {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(roda({"sample", "--quiet", "--days", "2", "loja.db"}, pasta()).situacao, 0);
+  }
+  Fim checa(const std::vector<std::string>& mais) const {
+    std::vector<std::string> argumentos = {"check", "--db", "loja.db"};
+    argumentos.insert(argumentos.end(), mais.begin(), mais.end());
+    return roda(argumentos, pasta());
+  }
+  void estraga() const { Banco(em("loja.db")).sql("DROP TABLE moeda; DROP TABLE codificacao_gt"); }
+};
+
+constexpr char kCodificacao[] =
+    "loja.db: codificacao_gt: error table-missing E05: found no such table, without which the query fails, "
+    "expected "
+    "the table (create it; cotepe schema shows how)\n";
+
+TEST_F(Check, ACleanDatabaseIsSilent) {
+  const Fim fim = checa({});
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(fim.saida, "");
+  EXPECT_EQ(fim.erros, "");
+  EXPECT_EQ(checa({"--from", "01012024", "--to", "2024-01-01", "--layout", "2", "--cat52"}).situacao, 0);
+}
+
+TEST_F(Check, FindingsArePrintedAndCounted) {
+  estraga();
+  const Fim fim = checa({"--max-findings", "1"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(fim.saida, std::string(kCodificacao) + "2 errors, 0 warnings (1 shown)\n");
+  EXPECT_EQ(fim.erros, "cotepe: loja.db: not clean; cotepe check --rules says what the rules are\n");
+}
+
+TEST_F(Check, FindingsAreJsonToo) {
+  estraga();
+  EXPECT_EQ(
+      checa({"--format", "json", "--max-findings", "1"}).saida,
+      R"({"severity":"error","rule":"table-missing","file":"loja.db","table":"codificacao_gt",)"
+      R"("register":"E05","found":"no such table, without which the query fails","expected":"the table",)"
+      R"("fix":"create it; cotepe schema shows how"})"
+      "\n"
+      R"({"summary":{"errors":2,"warnings":0,"shown":1}})"
+      "\n");
+}
+
+TEST_F(Check, WhatOtherReportsReadIsLeftOut) {
+  estraga();
+  EXPECT_EQ(checa({"--command", "RZ"}).situacao, 0);
+  EXPECT_EQ(checa({"--disable", "table-missing"}).situacao, 0);
+}
+
+TEST_F(Check, WrongUsageIsRefused) {
+  struct {
+    std::vector<std::string> argumentos;
+    const char* mensagem;
+  } const kRecusas[] = {
+      {{"check"}, "--db: found nothing, expected a fiscal database; name it"},
+      {{"check", "--db", "loja.db", "--from", "01012024"},
+       "--to: found nothing, expected both days of the period or none; give the other one too"},
+      {{"check", "--db", "loja.db", "--from", "02012024", "--to", "01012024"},
+       "--to 01012024: found a day before --from 02012024, expected that day or a later one; correct one of "
+       "them"},
+      {{"check", "--db", "loja.db", "--disable", "x"},
+       "--disable: found x, expected the name of a rule; see cotepe check --rules"},
+  };
+  for (const auto& recusa : kRecusas) {
+    const Fim fim = roda(recusa.argumentos, pasta());
+    EXPECT_EQ(fim.situacao, 2);
+    EXPECT_EQ(fim.erros, std::string("cotepe: wrong usage: ") + recusa.mensagem + "\n");
+    EXPECT_EQ(fim.saida, "");
+  }
+}
+
+TEST_F(Check, ADatabaseThatCannotBeOpenedIsStatus3) {
+  EXPECT_EQ(roda({"check", "--db", "nenhum.db"}, pasta()).situacao, 3);
+}
+
+TEST_F(Check, RulesAreListed) {
+  const Fim fim = roda({"check", "--rules"}, pasta());
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(fim.saida.rfind("table-missing      error    Every table that the registers read is there.\n", 0),
+            0U);
+}
+
+}  // namespace

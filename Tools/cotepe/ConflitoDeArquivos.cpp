@@ -1,6 +1,8 @@
 #include "ConflitoDeArquivos.h"
 
 #include <sys/stat.h>
+#include <algorithm>
+#include <array>
 
 #include <filesystem>
 #include <initializer_list>
@@ -34,9 +36,9 @@ bool mesmoArquivo(const std::string& a, const std::string& b) {
 
 bool pertenceAoBanco(const std::string& caminho, const std::string& banco) {
   const std::string base = resolvido(banco).string();  // SQLite follows links before it names those files
-  for (const char* sufixo : {"", "-wal", "-shm", "-journal"})
-    if (mesmoArquivo(caminho, base + sufixo)) return true;
-  return false;
+  constexpr std::array<const char*, 4> kSufixos = {"", "-wal", "-shm", "-journal"};
+  return std::any_of(kSufixos.begin(), kSufixos.end(),
+                     [&](const char* sufixo) { return mesmoArquivo(caminho, base + sufixo); });
 }
 
 bool abertoComo(int descritor, const std::string& caminho) {

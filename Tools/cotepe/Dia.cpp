@@ -37,7 +37,7 @@ std::string digitosEmOrdem(std::string_view texto) {
 
 std::string comFormato(const char* formato, int a, int b, int c) {
   char texto[40];
-  std::snprintf(texto, sizeof texto, formato, a, b, c);
+  static_cast<void>(std::snprintf(texto, sizeof texto, formato, a, b, c));
   return texto;
 }
 

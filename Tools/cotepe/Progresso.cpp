@@ -23,13 +23,13 @@ void Progresso::etapa(std::string texto) {
 
 void Progresso::pulsa() noexcept {
   if (!ligado_ || Relogio::now() - ultima_ < kIntervalo) return;
-  std::fprintf(stderr, "%scotepe: %s, %.1f s", kApagaLinha, etapa_.c_str(), segundos());
+  static_cast<void>(std::fprintf(stderr, "%scotepe: %s, %.1f s", kApagaLinha, etapa_.c_str(), segundos()));
   ultima_ = Relogio::now();
   aparece_ = true;
 }
 
 void Progresso::limpa() noexcept {
-  if (std::exchange(aparece_, false)) std::fputs(kApagaLinha, stderr);
+  if (std::exchange(aparece_, false)) static_cast<void>(std::fputs(kApagaLinha, stderr));
 }
 
 double Progresso::segundos() const noexcept {

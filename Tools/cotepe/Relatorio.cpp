@@ -104,8 +104,8 @@ void geraRelatorio(const OpcoesDoGenerate& opcoes) {
   });
   progresso.limpa();
   if (opcoes.calado) return;
-  std::fputs(resumo(hospedeiro.etapas(), saida->nome(), saida->tamanho(), progresso.segundos()).c_str(),
-             stderr);
+  static_cast<void>(std::fputs(
+      resumo(hospedeiro.etapas(), saida->nome(), saida->tamanho(), progresso.segundos()).c_str(), stderr));
 }
 
 }  // namespace cotepe::programa

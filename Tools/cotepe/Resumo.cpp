@@ -12,12 +12,12 @@ std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatori
   std::string texto;
   long total = 0;
   for (const Etapa& etapa : etapas) {
-    std::snprintf(linha, sizeof linha, "%s %11ld\n", etapa.registro->codigo, etapa.linhas);
+    static_cast<void>(std::snprintf(linha, sizeof linha, "%s %11ld\n", etapa.registro->codigo, etapa.linhas));
     texto += linha;
     total += etapa.linhas;
   }
-  std::snprintf(linha, sizeof linha, ": %ld lines, %lld bytes, %.1f s\n", total,
-                static_cast<long long>(bytes), segundos);
+  static_cast<void>(std::snprintf(linha, sizeof linha, ": %ld lines, %lld bytes, %.1f s\n", total,
+                                  static_cast<long long>(bytes), segundos));
   return texto + relatorio + linha;
 }
 

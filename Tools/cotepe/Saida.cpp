@@ -28,7 +28,7 @@ class SaidaEmArquivo final : public Saida {
   void entrega() override { arquivo_.publica(destino_, substitui_); }
 
   std::string guardaParcial() override {
-    const std::string parcial = nomeDoParcial(destino_);
+    std::string parcial = nomeDoParcial(destino_);
     arquivo_.publica(parcial, substitui_);
     return parcial;
   }

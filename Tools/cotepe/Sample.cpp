@@ -19,10 +19,11 @@ struct OpcoesDoSample {
 };
 
 void conta(const std::string& arquivo, const ResumoDaAmostra& r) {
-  std::fprintf(stderr, "%s: %s to %s, %lld coupons, %lld items, %lld payments, %lld other documents\n",
-               arquivo.c_str(), r.primeiroDia.c_str(), r.ultimoDia.c_str(), static_cast<long long>(r.cupons),
-               static_cast<long long>(r.itens), static_cast<long long>(r.pagamentos),
-               static_cast<long long>(r.outrosDocumentos));
+  static_cast<void>(
+      std::fprintf(stderr, "%s: %s to %s, %lld coupons, %lld items, %lld payments, %lld other documents\n",
+                   arquivo.c_str(), r.primeiroDia.c_str(), r.ultimoDia.c_str(),
+                   static_cast<long long>(r.cupons), static_cast<long long>(r.itens),
+                   static_cast<long long>(r.pagamentos), static_cast<long long>(r.outrosDocumentos)));
 }
 
 // A failure before the first day is done is one of opening the file, a later one of writing it.

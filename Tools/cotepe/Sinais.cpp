@@ -39,7 +39,7 @@ Interrupcao::Interrupcao(int sinal) : Falha(128 + sinal, "interrupted by " + nom
 
 void instalaSinais() {
   for (const int sinal : {SIGINT, SIGTERM, SIGHUP}) recebe(sinal);
-  for (const int sinal : {SIGPIPE, SIGXFSZ}) std::signal(sinal, SIG_IGN);
+  for (const int sinal : {SIGPIPE, SIGXFSZ}) static_cast<void>(std::signal(sinal, SIG_IGN));
 }
 
 int sinalRecebido() noexcept { return g_sinal; }

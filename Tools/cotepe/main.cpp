@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
     avisa(falha.what());
     return falha.situacao();
   } catch (const std::bad_alloc&) {
-    std::fputs("cotepe: out of memory\n", stderr);
+    static_cast<void>(std::fputs("cotepe: out of memory\n", stderr));
     return kNaoEscreve;
   } catch (const std::exception& erro) {
     avisa(erro.what());

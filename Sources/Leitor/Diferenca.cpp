@@ -120,7 +120,7 @@ void Diferenca::Lado::avanca() {
   ha = registros.proximo(lido);
   if (!ha) return;
   if (lido.indice >= 0) bloco = static_cast<std::size_t>(lido.indice) + 1;
-  ordem = ++ordens[static_cast<std::size_t>(lido.indice + 1)];
+  ordem = ++ordens[static_cast<std::size_t>(lido.indice) + 1];
 }
 
 void Diferenca::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
@@ -155,7 +155,7 @@ void Diferenca::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
 }
 
 void Diferenca::chega(Lado& lado, Lado& outro, bool esperado) {
-  const auto tipo = static_cast<std::size_t>(lado.lido.indice + 1);
+  const auto tipo = static_cast<std::size_t>(lado.lido.indice) + 1;
   const std::string chave = chaveDe(lado.lido, lado.ordem);
   const auto par = outro.pendentes[tipo].find(chave);
   if (par != outro.pendentes[tipo].end()) {

@@ -126,7 +126,7 @@ void Conferencia::nulo() {
 }
 
 void Conferencia::controle() {
-  const auto c = std::find_if(celula_.texto.begin(), celula_.texto.end(), controla);
+  const auto* const c = std::find_if(celula_.texto.begin(), celula_.texto.end(), controla);
   const Destino* destino = primeiro([](const Campo& campo) { return !campo.trocaNaoAscii; });
   if (c == celula_.texto.end() || destino == nullptr) return;
   acha(RegraDoBanco::Controle, destino,

@@ -42,7 +42,7 @@ Numero leNumero(std::string_view texto, bool comPonto) {
 template <class... Valores>
 std::string formatado(const char* formato, Valores... valores) {
   char texto[400];
-  std::snprintf(texto, sizeof texto, formato, valores...);
+  static_cast<void>(std::snprintf(texto, sizeof texto, formato, valores...));
   return texto;
 }
 

@@ -26,7 +26,8 @@ std::string escapado(char c) {
   if (c == '\r') return "\\r";
   if (c == '\t') return "\\t";
   char hexadecimal[8];
-  std::snprintf(hexadecimal, sizeof hexadecimal, "\\x%02X", static_cast<unsigned>(c) & 0xFFU);
+  static_cast<void>(
+      std::snprintf(hexadecimal, sizeof hexadecimal, "\\x%02X", static_cast<unsigned>(c) & 0xFFU));
   return hexadecimal;
 }
 

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstdlib>
+#include <cstdint>
 #include <map>
 
 #include "Leiaute/Catalogo.h"
+#include "Leiaute/Texto.h"
 
 namespace cotepe {
 namespace {
@@ -61,7 +62,7 @@ ColunaLida colunaLida(const std::vector<std::string_view>& sql, std::size_t de, 
     lida.tabela = nomes.at(qualificada ? sql[i].substr(0, ponto) : "");
     lida.coluna = sql[i].substr(qualificada ? ponto + 1 : 0);
   }
-  if (sql[de] == "SUBSTR") lida.usados = std::atoi(std::string(sql[ate - 2]).c_str()) - 1;
+  if (sql[de] == "SUBSTR") lida.usados = static_cast<int>(leInteiro(std::string(sql[ate - 2]).c_str())) - 1;
   return lida;
 }
 
@@ -113,7 +114,7 @@ bool desviado(const Registro& registro, const Campo& campo, std::string_view tab
 const ColunaLida* lidaPelo(const std::vector<std::vector<ColunaLida>>& selects, const Campo& campo,
                            std::string_view tabela, std::string_view coluna) {
   if (campo.origem.coluna < 0) return nullptr;
-  const auto posicao = static_cast<std::size_t>(campo.origem.coluna);
+  const auto posicao = static_cast<std::uint8_t>(campo.origem.coluna);
   for (const auto& colunas : selects) {
     if (posicao >= colunas.size()) continue;
     if (colunas[posicao].tabela == tabela && colunas[posicao].coluna == coluna) return &colunas[posicao];
@@ -129,7 +130,7 @@ void junta(const Registro& registro, std::string_view tabela, std::string_view c
   for (std::size_t i = 0; i < registro.campos.size(); ++i) {
     const Campo& campo = registro.campos[i];
     if (!alcance.existe(campo)) continue;
-    const auto& daConsulta = consultas[static_cast<std::size_t>(campo.origem.consulta)];
+    const auto& daConsulta = consultas[static_cast<std::uint8_t>(campo.origem.consulta)];
     const ColunaLida* lida = lidaPelo(daConsulta, campo, tabela, coluna);
     if (lida == nullptr && !desviado(registro, campo, tabela, coluna)) continue;
     Destino destino{&registro, &campo, static_cast<int>(i) + 1, lida == nullptr ? 0 : lida->usados, {}};
@@ -181,11 +182,10 @@ std::vector<std::vector<ColunaLida>> colunasDaConsulta(std::string_view sql) {
 }
 
 bool Alcance::escreve(const Registro& registro) const {
-  for (const char* nome : {"MF", "MFD", "TDM", "RZ"}) {
-    if (!comando.empty() && comando != nome) continue;
-    if (registro.despachado(nome, leiaute == 0 ? 2 : leiaute)) return true;
-  }
-  return false;
+  constexpr std::array<const char*, 4> kComandos = {"MF", "MFD", "TDM", "RZ"};
+  return std::any_of(kComandos.begin(), kComandos.end(), [&](const char* nome) {
+    return (comando.empty() || comando == nome) && registro.despachado(nome, leiaute == 0 ? 2 : leiaute);
+  });
 }
 
 bool Alcance::existe(const Campo& campo) const {

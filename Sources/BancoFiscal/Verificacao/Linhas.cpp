@@ -38,7 +38,7 @@ struct ColunaLigada {
 };
 
 const UsoDaColuna* usoDe(const std::string& tabela, const std::string& coluna) {
-  const auto uso = std::find_if(kUsos.begin(), kUsos.end(), [&](const UsoDaColuna& u) {
+  const auto* const uso = std::find_if(kUsos.begin(), kUsos.end(), [&](const UsoDaColuna& u) {
     return tabela == u.tabela && coluna == u.coluna;
   });
   return uso == kUsos.end() ? nullptr : &*uso;

@@ -15,7 +15,7 @@ RegraDoBanco regraDaLigacao(const std::string& alvo) {
 }
 
 const char* chaveDa(const std::string& tabela) {
-  const auto forma =
+  const auto* const forma =
       std::find_if(kFormas.begin(), kFormas.end(), [&](const FormaDaTabela& f) { return tabela == f.nome; });
   return forma->chave;
 }

@@ -17,8 +17,8 @@ void confereColunas(const Contexto& contexto, const FormaDaTabela& forma) {
 }
 
 void confereQuantasColunas(const Contexto& contexto, const FormaDaTabela& forma, std::size_t quantas) {
-  const auto fim = std::find_if(forma.colunas.begin(), forma.colunas.end(),
-                                [](const FormaDaColuna& coluna) { return coluna.nome == nullptr; });
+  const auto* const fim = std::find_if(forma.colunas.begin(), forma.colunas.end(),
+                                       [](const FormaDaColuna& coluna) { return coluna.nome == nullptr; });
   const auto precisas = static_cast<std::size_t>(fim - forma.colunas.begin());
   if (quantas >= precisas) return;
   contexto.relata(RegraDoBanco::ColunaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),

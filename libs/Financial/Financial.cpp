@@ -43,7 +43,7 @@ struct Numero {
   const char* digitos = nullptr;  // the first that is not zero; the separator may stand among them
   const char* fim = nullptr;
   INT64 quantos = 0;        // how many digits
-  INT64 ordem = -1;         // how many would make whole cents
+  INT64 ordem = 0;          // how many would make whole cents
   std::uint64_t valor = 0;  // the digits as one integer, when 64 bits hold it
   bool negativo = false;
 };

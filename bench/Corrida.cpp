@@ -1,6 +1,7 @@
 // One run of one engine in a process of its own, and what it took, as one line of JSON.
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -9,6 +10,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "Geracao.h"
 #include "Hospedeiro.h"
@@ -50,6 +52,7 @@ struct Pedido {
   const char* inicial;  // DDMMYYYY
   const char* final;
   const char* arquivo;
+  std::vector<std::string> preparo;  // of the handle, each one alone a case to measure
 };
 
 struct Medida {
@@ -131,10 +134,28 @@ void imprime(const Medida& medida) {
   std::printf("}}\n");
 }
 
-void corre(const Pedido& pedido) {
+// Opens the database and does to the handle what was asked: "nomutex", "lookaside SIZE COUNT", or any SQL.
+sqlite3* abre(const Pedido& pedido) {
+  const auto pede = [&](const char* nome) {
+    return std::find(pedido.preparo.begin(), pedido.preparo.end(), nome) != pedido.preparo.end();
+  };
   sqlite3* banco = nullptr;
-  if (sqlite3_open_v2(pedido.banco, &banco, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+  const int modo = SQLITE_OPEN_READONLY | (pede("nomutex") ? SQLITE_OPEN_NOMUTEX : 0);
+  if (sqlite3_open_v2(pedido.banco, &banco, modo, nullptr) != SQLITE_OK)
     throw std::runtime_error("the database cannot be opened");
+  for (const std::string& preparo : pedido.preparo) {
+    int bytes = 0, quantos = 0, resultado = SQLITE_OK;
+    if (std::sscanf(preparo.c_str(), "lookaside %d %d", &bytes, &quantos) == 2)
+      resultado = sqlite3_db_config(banco, SQLITE_DBCONFIG_LOOKASIDE, nullptr, bytes, quantos);
+    else if (preparo != "nomutex")
+      resultado = sqlite3_exec(banco, preparo.c_str(), nullptr, nullptr, nullptr);
+    if (resultado != SQLITE_OK) throw std::runtime_error(preparo + ": " + sqlite3_errmsg(banco));
+  }
+  return banco;
+}
+
+void corre(const Pedido& pedido) {
+  sqlite3* banco = abre(pedido);
   Medida medida;
   const std::string motor = pedido.motor;
   const Tempo inicio = agora();
@@ -154,13 +175,16 @@ void corre(const Pedido& pedido) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 8) {
-    std::fprintf(stderr, "usage: %s piso|gerador|referencia DATABASE VERSION COMMAND FROM TO REPORT\n",
-                 argv[0]);
+  if (argc < 8) {
+    std::fprintf(
+        stderr,
+        "usage: %s piso|gerador|referencia DATABASE VERSION COMMAND FROM TO REPORT [PREPARATION...]\n",
+        argv[0]);
     return 2;
   }
   try {
-    corre({argv[1], argv[2], std::atoi(argv[3]), argv[4], argv[5], argv[6], argv[7]});
+    corre(
+        {argv[1], argv[2], std::atoi(argv[3]), argv[4], argv[5], argv[6], argv[7], {argv + 8, argv + argc}});
     return 0;
   } catch (const std::exception& erro) {
     std::fprintf(stderr, "%s: %s\n", argv[1], erro.what());

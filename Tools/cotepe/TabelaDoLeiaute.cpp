@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "Leiaute/Catalogo.h"
+#include "Leiaute/Releitura.h"
 
 namespace cotepe::programa {
 namespace {
@@ -33,11 +34,6 @@ std::string nomeDaEspecie(const Campo& campo) {
       return "hour HHMMSS";
   }
   return {};
-}
-
-bool numerica(Especie especie) {
-  return especie == Especie::Numero || especie == Especie::Contador || especie == Especie::Identificador ||
-         especie == Especie::Dinheiro || especie == Especie::DinheiroDuplo || especie == Especie::Decimal;
 }
 
 // The fields before the first one of a row stand in a placeholder record as in any other, and so do a date

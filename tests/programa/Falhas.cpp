@@ -3,7 +3,6 @@
 #include <dlfcn.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -11,11 +10,12 @@ namespace {
 
 bool falha(const char* funcao, int& chamadas) {
   const char* pedido = std::getenv("COTEPE_FALHA");
-  char nome[32];
-  int vez = 0, erro = 0;
-  if (pedido == nullptr || std::sscanf(pedido, "%31s %d %d", nome, &vez, &erro) != 3) return false;
-  if (std::strcmp(nome, funcao) != 0 || (++chamadas != vez && vez != 0)) return false;
-  errno = erro;
+  const std::size_t tamanho = std::strlen(funcao);
+  if (pedido == nullptr || std::strncmp(pedido, funcao, tamanho) != 0 || pedido[tamanho] != ' ') return false;
+  char* resto = nullptr;
+  const long vez = std::strtol(pedido + tamanho, &resto, 10);
+  if (++chamadas != vez && vez != 0) return false;
+  errno = static_cast<int>(std::strtol(resto, nullptr, 10));
   return true;
 }
 
@@ -39,6 +39,7 @@ int flock(int arquivo, int modo) {
   return chama<int (*)(int, int)>("flock", chamadas, arquivo, modo);
 }
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 int renameat2(int pastaDe, const char* de, int pastaPara, const char* para, unsigned opcoes) {
   static int chamadas = 0;
   return chama<int (*)(int, const char*, int, const char*, unsigned)>("renameat2", chamadas, pastaDe, de,

@@ -5,7 +5,11 @@
 
 namespace {
 
-std::string brancos(std::size_t quantos) { return std::string(quantos, ' '); }
+std::string brancos(std::size_t quantos) {
+  std::string texto;
+  texto.resize(quantos, ' ');
+  return texto;
+}
 
 std::vector<std::string> linhasDe(const std::string& texto, const std::string& codigo) {
   std::vector<std::string> linhas;

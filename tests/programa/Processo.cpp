@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -24,6 +25,7 @@ constexpr uid_t kNinguem = 65534;
 
 std::vector<char*> ponteiros(std::vector<std::string>& textos) {
   std::vector<char*> lista;
+  lista.reserve(textos.size() + 1);
   for (std::string& texto : textos) lista.push_back(texto.data());
   lista.push_back(nullptr);
   return lista;
@@ -74,11 +76,13 @@ Processo& Processo::semLeitorDaSaida() { return semLeitor_ = true, *this; }
 Processo& Processo::comErrosNoTerminal() { return terminal_ = true, *this; }
 Processo& Processo::ignorando(int sinal) { return ignorado_ = sinal, *this; }
 
-// The last of several settings of a name would not be the one that counts.
 Processo& Processo::comAmbiente(const std::string& nome, const std::string& valor) {
-  for (std::string& variavel : ambiente_)
-    if (variavel.compare(0, nome.size() + 1, nome + '=') == 0) return variavel = nome + '=' + valor, *this;
-  ambiente_.push_back(nome + '=' + valor);
+  const std::string inicio = nome + '=';
+  const auto deNome = [&](const std::string& variavel) {
+    return variavel.compare(0, inicio.size(), inicio) == 0;
+  };
+  ambiente_.erase(std::remove_if(ambiente_.begin(), ambiente_.end(), deNome), ambiente_.end());
+  ambiente_.push_back(inicio + valor);
   return *this;
 }
 
@@ -121,7 +125,7 @@ void Processo::torna() {
   dup2(erros_[1], STDERR_FILENO);
   for (const int descritor : {saida_[0], saida_[1], erros_[0], erros_[1]}) close(descritor);
   if (semSaida_) close(STDOUT_FILENO);
-  if (ignorado_ != 0) std::signal(ignorado_, SIG_IGN);
+  if (ignorado_ != 0) static_cast<void>(std::signal(ignorado_, SIG_IGN));
   const rlimit limite{limite_, limite_};
   if (limite_ != 0) setrlimit(RLIMIT_FSIZE, &limite);
   if (!pasta_.empty() && chdir(pasta_.c_str()) != 0) _exit(127);
@@ -130,7 +134,7 @@ void Processo::torna() {
   _exit(127);
 }
 
-void Processo::envia(int sinal) { EXPECT_EQ(kill(filho_, sinal), 0) << "signal " << sinal; }
+void Processo::envia(int sinal) const { EXPECT_EQ(kill(filho_, sinal), 0) << "signal " << sinal; }
 
 void Processo::espereParado() {
   ASSERT_EQ(waitpid(filho_, &estado_, WUNTRACED), filho_);

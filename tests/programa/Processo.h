@@ -34,7 +34,7 @@ class Processo {
   Processo& semPrivilegios();  // not as root, where the tests run as root
 
   Processo& inicia();
-  void envia(int sinal);
+  void envia(int sinal) const;
   void espereParado();                // until a SIGSTOP has taken effect
   bool termineEm(int milissegundos);  // whether it ended by then; reads nothing of its output
   Fim espera();

@@ -94,7 +94,7 @@ class Sobras : public Sinais {
   std::string mata(const std::vector<std::string>& opcoes, const std::string& inicio) {
     Processo processo(generate(opcoes));
     processo.naPasta(pasta()).inicia();
-    const std::string sobra = esperaNome(inicio);
+    std::string sobra = esperaNome(inicio);
     processo.envia(SIGKILL);
     EXPECT_EQ(processo.espera().sinal, SIGKILL);
     EXPECT_TRUE(std::filesystem::exists(em(sobra)));

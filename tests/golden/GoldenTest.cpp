@@ -5,9 +5,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <locale>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -70,6 +72,14 @@ void fixa(char (&global)[N], const std::string& texto) {
   std::memset(global, 0, N);
   std::memcpy(global, texto.data(), texto.size());
 }
+
+// The locale of the process, where COTEPE_LOCALIDADE names one: the bytes must not depend on it.
+class Localidade : public testing::Environment {
+  void SetUp() override {
+    if (const char* nome = std::getenv("COTEPE_LOCALIDADE")) std::locale::global(std::locale(nome));
+  }
+};
+const auto* const kLocalidade = testing::AddGlobalTestEnvironment(new Localidade);
 
 class Golden : public testing::TestWithParam<fs::path> {
  protected:

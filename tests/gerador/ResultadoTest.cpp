@@ -143,7 +143,7 @@ TEST_F(Resultado, FourWhereverTheFileStopsGrowing) {
   comVersoes(40000);
   ASSERT_EQ(gera(), 0);
   const auto inteiro = conteudo(kRelatorio);
-  for (const rlim_t limite : {rlim_t{0}, rlim_t{1}, rlim_t{1000}, rlim_t{1} << 20, inteiro.size() - 1}) {
+  for (const rlim_t limite : {rlim_t{0}, rlim_t{1}, rlim_t{1000}, rlim_t{1} << 20, rlim_t{inteiro.size() - 1}}) {
     int resultado = 0;
     {
       const LimiteDeArquivo cheio(limite);

@@ -307,7 +307,7 @@ TEST(Decimal, WithTwoOrThreePlacesIsReadAsStrtodDoes) {
   std::mt19937_64 sorteio(20240131);
   for (int i = 0; i < 200000; ++i) {
     std::string texto = std::to_string(sorteio() >> (sorteio() % 64));
-    const std::size_t casas = sorteio() % 5;
+    const auto casas = static_cast<std::size_t>(sorteio() % 5);
     if (casas < texto.size()) texto.insert(texto.size() - casas, ".");
     leComoStrtod(texto);
   }

@@ -40,7 +40,7 @@ std::size_t digitosDe(std::uint64_t valor) noexcept {
 void escreveDigitos(char* fim, std::uint64_t valor) noexcept {
   while (valor >= 10) {
     fim -= 2;
-    std::memcpy(fim, &kPares[2 * (valor % 100)], 2);
+    std::memcpy(fim, &kPares[2 * static_cast<std::size_t>(valor % 100)], 2);
     valor /= 100;
   }
   if (valor != 0) *--fim = static_cast<char>('0' + valor);

@@ -7,7 +7,7 @@ namespace cotepe {
 // Where the COO stands in the index, or where it would.
 std::size_t TabelaDeDocumentos::lugar(std::uint32_t coo) const {
   const std::size_t mascara = indice_.size() - 1;
-  std::size_t i = (coo * std::uint64_t{0x9E3779B97F4A7C15U} >> 32) & mascara;
+  std::size_t i = static_cast<std::size_t>(coo * std::uint64_t{0x9E3779B97F4A7C15U} >> 32) & mascara;
   while (indice_[i] != 0 && documentos_[indice_[i] - 1].coo != coo) i = (i + 1) & mascara;
   return i;
 }

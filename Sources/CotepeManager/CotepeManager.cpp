@@ -5,7 +5,6 @@
 #include <new>
 
 #include "ExecucaoSqlite.h"
-#include "HospedeiroLigado.h"
 #include "Leiaute/Catalogo.h"
 #include "Leiaute/Texto.h"
 
@@ -42,12 +41,6 @@ void CotepeManager::setVersaoAtoCotepe(int versao) { m_iVersaoAtoCotepe = versao
 int CotepeManager::getVersaoAtoCotepe() const { return m_iVersaoAtoCotepe; }
 void CotepeManager::setCAT52(bool cat52) { m_bCAT52 = cat52; }
 bool CotepeManager::isCAT52() const { return m_bCAT52; }
-
-int CotepeManager::GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial,
-                                      const char* szDataFinal, const char* szCmd) {
-  cotepe::HospedeiroLigado hospedeiro;
-  return gera(szReportFileName, szDataInicial, szDataFinal, szCmd, hospedeiro);
-}
 
 int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char* dataFinal,
                         const char* comandoDado, cotepe::Hospedeiro& hospedeiro) {
@@ -125,34 +118,6 @@ void CotepeManager::escreve(const cotepe::Registro& registro, cotepe::Hospedeiro
   registro.escreve(execucao, registro);
   hospedeiro.conclui(registro, execucao.linhas(), execucao.completa());
 }
-
-void CotepeManager::escreve(const cotepe::Registro& registro) {
-  cotepe::HospedeiroLigado hospedeiro;
-  escreve(registro, hospedeiro);
-}
-
-void CotepeManager::TipoE01() { escreve(cotepe::kE01); }
-void CotepeManager::TipoE02() { escreve(cotepe::kE02); }
-void CotepeManager::TipoE03() { escreve(cotepe::kE03); }
-void CotepeManager::TipoE04() { escreve(cotepe::kE04); }
-void CotepeManager::TipoE05() { escreve(cotepe::kE05); }
-void CotepeManager::TipoE06() { escreve(cotepe::kE06); }
-void CotepeManager::TipoE07() { escreve(cotepe::kE07); }
-void CotepeManager::TipoE08() { escreve(cotepe::kE08); }
-void CotepeManager::TipoE09() { escreve(cotepe::kE09); }
-void CotepeManager::TipoE10() { escreve(cotepe::kE10); }
-void CotepeManager::TipoE11() { escreve(cotepe::kE11); }
-void CotepeManager::TipoE12() { escreve(cotepe::kE12); }
-void CotepeManager::TipoE13() { escreve(cotepe::kE13); }
-void CotepeManager::TipoE14() { escreve(cotepe::kE14); }
-void CotepeManager::TipoE15() { escreve(cotepe::kE15); }
-void CotepeManager::TipoE16() { escreve(cotepe::kE16); }
-void CotepeManager::TipoE17() { escreve(cotepe::kE17); }
-void CotepeManager::TipoE18() { escreve(cotepe::kE18); }
-void CotepeManager::TipoE19() { escreve(cotepe::kE19); }
-void CotepeManager::TipoE20() { escreve(cotepe::kE20); }
-void CotepeManager::TipoE21() { escreve(cotepe::kE21); }
-void CotepeManager::TipoE22() { escreve(cotepe::kE22); }
 
 void CotepeManager::formataData(char* src, char* dst) { cotepe::formataData(src, dst); }
 void CotepeManager::formataHora(char* src, char* dst) { cotepe::formataHora(src, dst); }

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <type_traits>
 
+// The names that this type's users write. An application that has such names for other types, INT64 for long
+// long say, defines COTEPE_SEM_INTEIROS before it includes this: nothing below needs them.
+#ifndef COTEPE_SEM_INTEIROS
 using UINT8 = std::uint8_t;
 using UINT16 = std::uint16_t;
 using UINT32 = std::uint32_t;
@@ -11,6 +14,7 @@ using INT8 = std::int8_t;
 using INT16 = std::int16_t;
 using INT32 = std::int32_t;
 using INT64 = std::int64_t;
+#endif
 
 // A signed integer of 96 bits, two's complement, -2^95 to 2^95 - 1.
 // Arithmetic saturates at Minimo() and Maximo(); the bitwise operators and the shifts take the bits as
@@ -19,15 +23,17 @@ using INT64 = std::int64_t;
 // Nothing allocates, throws or looks at the locale.
 class BigInt {
  public:
-  UINT32 number[3] = {0, 0, 0};  // least significant word first; every content is a value
+  std::uint32_t number[3] = {0, 0, 0};  // least significant word first; every content is a value
 
   constexpr BigInt() noexcept = default;
 
   // From an integer of any type up to 64 bits, by value.
   template <typename T, typename = std::enable_if_t<std::is_integral_v<T> && sizeof(T) <= 8>>
   constexpr BigInt(T valor) noexcept
-      : number{static_cast<UINT32>(valor), static_cast<UINT32>(static_cast<std::uint64_t>(valor) >> 32U),
-               static_cast<INT64>(valor) < 0 && std::is_signed_v<T> ? ~UINT32{0} : UINT32{0}} {}
+      : number{static_cast<std::uint32_t>(valor),
+               static_cast<std::uint32_t>(static_cast<std::uint64_t>(valor) >> 32U),
+               static_cast<std::int64_t>(valor) < 0 && std::is_signed_v<T> ? ~std::uint32_t{0}
+                                                                           : std::uint32_t{0}} {}
 
   static constexpr BigInt Minimo() noexcept { return BigInt().Load(0, 0, 0x80000000U); }
   static constexpr BigInt Maximo() noexcept { return ~Minimo(); }
@@ -37,7 +43,7 @@ class BigInt {
   BigInt& operator=(const char* texto) noexcept;
 
   // Sets the three words, least significant first.
-  constexpr BigInt& Load(UINT32 baixa, UINT32 media, UINT32 alta) noexcept {
+  constexpr BigInt& Load(std::uint32_t baixa, std::uint32_t media, std::uint32_t alta) noexcept {
     number[0] = baixa;
     number[1] = media;
     number[2] = alta;
@@ -47,8 +53,8 @@ class BigInt {
   // Sets or clears one bit, position 0 (least significant) to 95 (the sign); others are left alone.
   constexpr BigInt& SetBit(unsigned posicao, bool ligado = true) noexcept {
     if (posicao >= 96) return *this;
-    const UINT32 mascara = UINT32{1} << posicao % 32;
-    UINT32& palavra = number[posicao / 32];
+    const std::uint32_t mascara = std::uint32_t{1} << posicao % 32;
+    std::uint32_t& palavra = number[posicao / 32];
     palavra = ligado ? palavra | mascara : palavra & ~mascara;
     return *this;
   }
@@ -112,7 +118,7 @@ class BigInt {
     return a.number[0] == b.number[0] && a.number[1] == b.number[1] && a.number[2] == b.number[2];
   }
   friend constexpr bool operator<(const BigInt& a, const BigInt& b) noexcept {
-    constexpr UINT32 kSinal = 0x80000000U;  // flipped, the signed order is that of unsigned words
+    constexpr std::uint32_t kSinal = 0x80000000U;  // flipped, the signed order is that of unsigned words
     if (a.number[2] != b.number[2]) return (a.number[2] ^ kSinal) < (b.number[2] ^ kSinal);
     if (a.number[1] != b.number[1]) return a.number[1] < b.number[1];
     return a.number[0] < b.number[0];

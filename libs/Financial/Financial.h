@@ -43,14 +43,14 @@ class Financial {
 
   // The cents of a text in which a point stands for the comma too, saturated to 64 bits: what assigning it,
   // writing it with ToString, leaving out its separator and reading that as an integer would give.
-  static INT64 CentavosDoBanco(const char* texto) noexcept;
+  static std::int64_t CentavosDoBanco(const char* texto) noexcept;
 
   // The cents of a number as "%11.2f" shows it: the exact binary value rounded half to even, saturated
   // to 64 bits. Not-a-number and the infinities give 0.
-  static INT64 CentavosDoDecimal(double valor) noexcept;
+  static std::int64_t CentavosDoDecimal(double valor) noexcept;
 
   // The cents, saturated to 64 bits.
-  INT64 Centavos() const noexcept;
+  std::int64_t Centavos() const noexcept;
 
   // Currency units as the nearest double.
   double ToDouble() const noexcept;
@@ -60,10 +60,11 @@ class Financial {
   // `decimals`: 0 writes the two of the type, 1 or more that many (one is rounded, beyond two are zeros),
   // below 0 none (rounded to units). `flag`: other than 0 marks amounts above zero with '+'.
   // The sign stands before all else (-R$ 1,00); a layout outside the enumeration is the default one.
-  char* ToString(char* out, int capacity, FINANCIAL_STR_TIPO layout, int decimals, INT16 flag) const noexcept;
+  char* ToString(char* out, int capacity, FINANCIAL_STR_TIPO layout, int decimals,
+                 std::int16_t flag) const noexcept;
 
   // ToString in the default layout with two decimals.
-  char* ToStr(char* out, UINT8 capacity, INT16 flag) const noexcept;
+  char* ToStr(char* out, std::uint8_t capacity, std::int16_t flag) const noexcept;
 
   // Rounds half away from zero, or truncates toward zero, to a number of decimal places (2 or more changes
   // nothing). Changes the object and returns it.

@@ -26,6 +26,7 @@ class HospedeiroDeTeste : public cotepe::Hospedeiro {
     std::memcpy(destino, ie.data(), ie.size());
     recebido = std::string(texto) + "/" + std::to_string(largura);
   }
+  void falhaSemMensagem() override { roteiro += "?"; }
   void inicia(const cotepe::Registro& registro) override { roteiro += std::string("<") + registro.codigo; }
   void conclui(const cotepe::Registro& /*registro*/, long linhas, bool completo) override {
     roteiro += " " + std::to_string(linhas) + (completo ? "> " : "!> ");
@@ -106,6 +107,13 @@ TEST_F(GeracaoPorObjeto, EachRegisterIsToldItsStartItsLinesAndWhetherItIsComplet
   EXPECT_EQ(hospedeiro.mensagens,
             (std::vector<std::string>{"Erro no select - TipoE14", "Erro no select - TipoE15"}));
   EXPECT_TRUE(g_mensagens.empty()) << "the linked log was called";
+}
+
+TEST_F(GeracaoPorObjeto, FailedSearchForTheGrandTotalIsToldThoughNotLogged) {
+  bancada.sql("INSERT INTO dados_usuario(ie) VALUES('1'),('2'); ALTER TABLE reducao_z DROP COLUMN valor_gt");
+  gera("MF");
+  EXPECT_EQ(hospedeiro.roteiro.substr(0, 16), "<E01 1> <E02? 2!");
+  EXPECT_TRUE(hospedeiro.mensagens.empty());
 }
 
 TEST_F(GeracaoPorObjeto, VersionAndCat52ModeAreItsOwn) {

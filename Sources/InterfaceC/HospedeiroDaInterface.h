@@ -1,0 +1,56 @@
+// The application around the generator as it describes itself through the C interface.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "Leiaute/Execucao.h"
+#include "cotepe.h"
+
+namespace cotepe {
+
+/// Thrown out of the run where the clock gives no time of the calendar.
+struct RelogioInvalido {};
+
+/// Its callbacks may throw what they like.
+class HospedeiroDaInterface final : public Hospedeiro {
+ public:
+  void fixaIdentidade(const char* serial, const char* modelo, const char* tipo);  // null: unknown
+  void fixaLog(cotepe_log_callback log, void* usuario) { log_ = {log, usuario}; }
+  void fixaRegistros(cotepe_register_callback aviso, void* usuario) { aviso_ = {aviso, usuario}; }
+
+  /// The last one called counts; throws RelogioInvalido, and changes nothing.
+  void fixaRelogio(cotepe_clock_callback relogio, void* usuario);
+  void fixaMomento(const cotepe_time* momento);
+
+  /// Whether each query of each register since `comeca` ended normally.
+  void comeca() { completa_ = true; }
+  bool completa() const { return completa_; }
+
+  void registraLog(const char* mensagem) override;
+  const char* serial() override { return serial_.c_str(); }
+  const char* modelo() override { return modelo_.c_str(); }
+  const char* tipo() override { return tipo_.c_str(); }
+  void dataHoraAtual(char* saida) override;
+  void preenche(char* texto, char* destino, int largura) override;
+  void conclui(const Registro& registro, long linhas, bool completo) override;
+
+ private:
+  template <class Funcao>
+  struct Chamada {
+    Funcao funcao = nullptr;
+    void* usuario = nullptr;
+  };
+  using Carimbo = std::array<char, 16>;  // AAAAMMDD, a blank, HHMMSS, a terminator
+
+  static Carimbo carimbo(const cotepe_time& momento);
+
+  std::string serial_, modelo_, tipo_;
+  Chamada<cotepe_log_callback> log_;
+  Chamada<cotepe_register_callback> aviso_;
+  Chamada<cotepe_clock_callback> relogio_;
+  Carimbo fixo_{};  // empty: the clock is asked
+  bool completa_ = true;
+};
+
+}  // namespace cotepe

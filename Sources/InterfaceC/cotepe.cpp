@@ -1,0 +1,143 @@
+#include "cotepe.h"
+
+#include <atomic>
+#include <new>
+
+#include "Geracao.h"
+#include "HospedeiroDaInterface.h"
+
+// A run's results are passed on as they are.
+static_assert(int{COTEPE_DONE} == cotepe::kGerado);
+static_assert(int{COTEPE_BAD_ARGUMENT} == cotepe::kArgumentoInvalido);
+static_assert(int{COTEPE_CANNOT_OPEN} == cotepe::kRelatorioNaoAberto);
+static_assert(int{COTEPE_CANNOT_WRITE} == cotepe::kEscritaFalhou);
+static_assert(int{COTEPE_NO_IDENTITY} == cotepe::kIdentidadeFalhou);
+
+struct cotepe_generator {
+  explicit cotepe_generator(sqlite3* banco) : geracao(banco, hospedeiro) {}
+
+  cotepe::HospedeiroDaInterface hospedeiro;
+  cotepe::Geracao geracao;
+  std::atomic_flag ocupado = ATOMIC_FLAG_INIT;
+};
+
+namespace {
+
+// The result of `funcao`, or the one that stands for what it throws.
+template <class Funcao>
+int semExcecao(Funcao funcao) noexcept {
+  try {
+    return funcao();
+  } catch (const std::bad_alloc&) {
+    return COTEPE_NO_MEMORY;
+  } catch (const cotepe::RelogioInvalido&) {
+    return COTEPE_BAD_TIME;
+  } catch (...) {
+    return COTEPE_CALLBACK_FAILED;
+  }
+}
+
+// The same with the generator to itself.
+template <class Funcao>
+int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
+  if (gerador == nullptr) return COTEPE_BAD_ARGUMENT;
+  if (gerador->ocupado.test_and_set()) return COTEPE_BUSY;
+  const int resultado = semExcecao([&] { return funcao(*gerador); });
+  gerador->ocupado.clear();
+  return resultado;
+}
+
+// The same for what has no result of its own.
+template <class Funcao>
+int ajusta(cotepe_generator* gerador, Funcao funcao) noexcept {
+  return comGerador(gerador, [&](cotepe_generator& g) {
+    funcao(g);
+    return COTEPE_DONE;
+  });
+}
+
+}  // namespace
+
+int cotepe_create(sqlite3* database, cotepe_generator** generator) noexcept {
+  if (generator == nullptr) return COTEPE_BAD_ARGUMENT;
+  *generator = nullptr;
+  if (database == nullptr) return COTEPE_BAD_ARGUMENT;
+  return semExcecao([&] {
+    *generator = new cotepe_generator(database);
+    return COTEPE_DONE;
+  });
+}
+
+int cotepe_destroy(cotepe_generator* generator) noexcept {
+  if (generator != nullptr && generator->ocupado.test_and_set()) return COTEPE_BUSY;
+  delete generator;
+  return COTEPE_DONE;
+}
+
+int cotepe_set_layout(cotepe_generator* generator, int version) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.geracao.setVersaoAtoCotepe(version); });
+}
+
+int cotepe_set_cat52(cotepe_generator* generator, int on) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.geracao.setCAT52(on != 0); });
+}
+
+int cotepe_set_identity(cotepe_generator* generator, const char* serial, const char* model,
+                        const char* type) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.hospedeiro.fixaIdentidade(serial, model, type); });
+}
+
+int cotepe_set_log(cotepe_generator* generator, cotepe_log_callback callback, void* user) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.hospedeiro.fixaLog(callback, user); });
+}
+
+int cotepe_set_register_callback(cotepe_generator* generator, cotepe_register_callback callback,
+                                 void* user) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.hospedeiro.fixaRegistros(callback, user); });
+}
+
+int cotepe_set_clock(cotepe_generator* generator, cotepe_clock_callback callback, void* user) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.hospedeiro.fixaRelogio(callback, user); });
+}
+
+int cotepe_set_time(cotepe_generator* generator, const cotepe_time* time) noexcept {
+  return ajusta(generator, [&](cotepe_generator& g) { g.hospedeiro.fixaMomento(time); });
+}
+
+int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
+                    const char* last_day, const char* command) noexcept {
+  return comGerador(generator, [&](cotepe_generator& g) {
+    g.hospedeiro.comeca();
+    const int resultado = g.geracao.gera(report, first_day, last_day, command);
+    return resultado == COTEPE_DONE && !g.hospedeiro.completa() ? int{COTEPE_INCOMPLETE} : resultado;
+  });
+}
+
+const char* cotepe_result_text(int result) noexcept {
+  switch (result) {
+    case COTEPE_DONE:
+      return "done";
+    case COTEPE_INCOMPLETE:
+      return "a query failed: the report may lack lines";
+    case COTEPE_BAD_ARGUMENT:
+      return "an argument is null, or a day has fewer than 8 characters";
+    case COTEPE_CANNOT_OPEN:
+      return "the report cannot be opened";
+    case COTEPE_CANNOT_WRITE:
+      return "the report cannot be written";
+    case COTEPE_NO_IDENTITY:
+      return "the printer's identity cannot be read";
+    case COTEPE_NO_MEMORY:
+      return "out of memory";
+    case COTEPE_BUSY:
+      return "the generator is running";
+    case COTEPE_BAD_TIME:
+      return "the clock gave no time of the calendar";
+    case COTEPE_CALLBACK_FAILED:
+      return "an exception left a callback";
+    default:
+      return "unknown result";
+  }
+}
+
+const char* cotepe_version() noexcept { return COTEPE_VERSAO; }

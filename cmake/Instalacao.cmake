@@ -1,0 +1,40 @@
+# What cmake --install lays down: headers, both libraries, the package for find_package and for pkg-config, and
+# the program where it is built.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(cotepe_cabecalhos ${CMAKE_INSTALL_INCLUDEDIR}/cotepe)
+set(cotepe_pacote ${CMAKE_INSTALL_LIBDIR}/cmake/cotepe)
+
+install(FILES Sources/InterfaceC/cotepe.h Sources/CotepeManager/CotepeManager.h Sources/CotepeManager/Geracao.h
+  libs/BigInt/BigInt.h libs/Financial/Financial.h
+  Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/PreencheComChar.h Host/RtcClasses.h
+  DESTINATION ${cotepe_cabecalhos} COMPONENT desenvolvimento)
+install(FILES Sources/CotepeManager/Leiaute/Campo.h Sources/CotepeManager/Leiaute/Execucao.h
+  Sources/CotepeManager/Leiaute/Registro.h
+  DESTINATION ${cotepe_cabecalhos}/Leiaute COMPONENT desenvolvimento)
+
+set_target_properties(Host PROPERTIES OUTPUT_NAME cotepe_host)
+install(TARGETS cotepe_compartilhada cotepe_estatica Host EXPORT cotepe
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT biblioteca NAMELINK_COMPONENT desenvolvimento
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desenvolvimento
+  INCLUDES DESTINATION ${cotepe_cabecalhos})
+install(EXPORT cotepe FILE cotepeTargets.cmake NAMESPACE cotepe:: DESTINATION ${cotepe_pacote}
+  COMPONENT desenvolvimento)
+
+configure_package_config_file(cmake/cotepeConfig.cmake.in cotepeConfig.cmake INSTALL_DESTINATION ${cotepe_pacote})
+write_basic_package_version_file(cotepeConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/cotepeConfig.cmake ${PROJECT_BINARY_DIR}/cotepeConfigVersion.cmake
+  DESTINATION ${cotepe_pacote} COMPONENT desenvolvimento)
+
+# The package may be moved: its files find the prefix from their own place.
+file(RELATIVE_PATH cotepe_da_pasta_pc /prefixo/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefixo)
+string(REGEX REPLACE "/$" "" cotepe_da_pasta_pc ${cotepe_da_pasta_pc})
+foreach(pc cotepe.pc cotepe-static.pc)
+  configure_file(cmake/${pc}.in ${pc} @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${pc} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT desenvolvimento)
+endforeach()
+
+if(COTEPE_TOOLS)
+  install(TARGETS cotepe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programa)
+endif()

@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/prctl.h>
+#include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -91,6 +92,12 @@ Processo& Processo::comFalha(const std::string& funcao, int vez, int erro) {
   return comAmbiente("COTEPE_FALHA", funcao + ' ' + std::to_string(vez) + ' ' + std::to_string(erro));
 }
 
+// Where the address sanitizer is there, its look for leaks cannot work in a process that is traced already.
+Processo& Processo::comRegra(Regra regra) {
+  regra_ = std::move(regra);
+  return comAmbiente("ASAN_OPTIONS", "detect_leaks=0");
+}
+
 Processo& Processo::semPrivilegios() {
   semPrivilegios_ = geteuid() == 0;
   if (semPrivilegios_) argumentos_[0] = copiaParaTodos(COTEPE_PROGRAMA);
@@ -115,7 +122,13 @@ Processo& Processo::inicia() {
   if (filho_ == 0) torna();
   fecha(saida_[1]);
   fecha(erros_[1]);
+  if (regra_) recolhe(rastreia(filho_, regra_));
   return *this;
+}
+
+void Processo::recolhe(std::optional<int> estado) {
+  recolhido_ = estado.has_value();
+  estado_ = estado.value_or(0);
 }
 
 // In the child: becomes the program, or ends with 127.
@@ -126,10 +139,11 @@ void Processo::torna() {
   for (const int descritor : {saida_[0], saida_[1], erros_[0], erros_[1]}) close(descritor);
   if (semSaida_) close(STDOUT_FILENO);
   if (ignorado_ != 0) static_cast<void>(std::signal(ignorado_, SIG_IGN));
-  const rlimit limite{limite_, limite_};
-  if (limite_ != 0) setrlimit(RLIMIT_FSIZE, &limite);
+  const rlimit limite{limite_.value_or(0), limite_.value_or(0)};
+  if (limite_) setrlimit(RLIMIT_FSIZE, &limite);
   if (!pasta_.empty() && chdir(pasta_.c_str()) != 0) _exit(127);
   if (semPrivilegios_ && (setgid(kNinguem) != 0 || setuid(kNinguem) != 0)) _exit(127);
+  if (regra_) ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
   execve(argumentos_[0].c_str(), ponteiros(argumentos_).data(), ponteiros(ambiente_).data());
   _exit(127);
 }

@@ -3,8 +3,11 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "Rastreio.h"
 
 /// How a process ended: its exit status, or -1 and the signal that killed it.
 struct Fim {
@@ -31,7 +34,8 @@ class Processo {
   Processo& comErrosNoTerminal();                     // stderr is a terminal
   Processo& ignorando(int sinal);                     // as nohup does
   Processo& comFalha(const std::string& funcao, int vez, int erro);  // the call with that number fails so
-  Processo& semPrivilegios();  // not as root, where the tests run as root
+  Processo& comRegra(Regra regra);  // over each of its system calls; it has ended when `inicia` returns
+  Processo& semPrivilegios();       // not as root, where the tests run as root
 
   Processo& inicia();
   void envia(int sinal) const;
@@ -41,12 +45,14 @@ class Processo {
 
  private:
   [[noreturn]] void torna();
+  void recolhe(std::optional<int> estado);
   void abreTubos();
   void le(int tubo, std::string& texto);
 
   std::vector<std::string> argumentos_, ambiente_;
   std::string pasta_, arquivoDaSaida_;
-  unsigned long limite_ = 0;
+  std::optional<unsigned long> limite_;
+  Regra regra_;
   int ignorado_ = 0;
   bool semSaida_ = false, semLeitor_ = false, terminal_ = false, semPrivilegios_ = false, recolhido_ = false;
   int saida_[2] = {-1, -1}, erros_[2] = {-1, -1};

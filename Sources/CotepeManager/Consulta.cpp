@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <new>
+
 namespace cotepe {
 
 Consulta::Consulta(sqlite3* banco, std::string_view sql) {
@@ -23,10 +25,13 @@ void Consulta::finaliza() {
   declaracao_ = nullptr;
 }
 
-// Without memory for a text SQLite gives none here and fails the next step.
+// Without memory for a text SQLite gives none, as for NULL, and fails the next step: a step too late for the
+// record at hand.
 const char* Consulta::texto(int coluna) const {
   const unsigned char* texto = sqlite3_column_text(declaracao_, coluna);
-  return texto != nullptr ? reinterpret_cast<const char*>(texto) : "";
+  if (texto != nullptr) return reinterpret_cast<const char*>(texto);
+  if (sqlite3_errcode(sqlite3_db_handle(declaracao_)) == SQLITE_NOMEM) throw std::bad_alloc();
+  return "";
 }
 
 int Consulta::bytes(int coluna) const { return sqlite3_column_bytes(declaracao_, coluna); }

@@ -1,5 +1,8 @@
 #include "ExecucaoSqlite.h"
 
+#include <sqlite3.h>
+
+#include <new>
 #include <string>
 
 #include "Leiaute/Linha.h"
@@ -34,7 +37,10 @@ void ExecucaoSqlite::grava(Linha& linha) {
 
 void ExecucaoSqlite::falha(const char* mensagem) {
   completa_ = false;
-  hospedeiro().registraLog(mensagem);
+  if (mensagem != nullptr) return hospedeiro().registraLog(mensagem);
+  // Nothing else tells the caller of the generator: without memory the report must not pass for done.
+  if (sqlite3_errcode(banco_) == SQLITE_NOMEM) throw std::bad_alloc();
+  hospedeiro().falhaSemMensagem();
 }
 
 }  // namespace cotepe

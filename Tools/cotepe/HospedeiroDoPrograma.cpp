@@ -30,6 +30,8 @@ void HospedeiroDoPrograma::preenche(char* texto, char* destino, int largura) {
   PreencheComChar(texto, destino, largura, ' ', 1);
 }
 
+void HospedeiroDoPrograma::falhaSemMensagem() { motivo_ = sqlite3_errmsg(banco_); }
+
 void HospedeiroDoPrograma::inicia(const Registro& registro) {
   paraSeInterrompido();
   motivo_.clear();

@@ -42,6 +42,7 @@ class HospedeiroDoPrograma final : public Hospedeiro {
   const char* tipo() override { return identidade_.tipo.c_str(); }
   void dataHoraAtual(char* saida) override;
   void preenche(char* texto, char* destino, int largura) override;
+  void falhaSemMensagem() override;
   void inicia(const Registro& registro) override;
   void conclui(const Registro& registro, long linhas, bool completo) override;
 

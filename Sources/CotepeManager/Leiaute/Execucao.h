@@ -42,6 +42,9 @@ class Hospedeiro {
   /// Places `texto` left-aligned and blank-filled into the `largura` bytes at `destino`.
   virtual void preenche(char* texto, char* destino, int largura) = 0;
 
+  /// A query failed whose register logs nothing then.
+  virtual void falhaSemMensagem() {}
+
   /// Follow a run register by register: its start, and its end with the number of lines that it wrote and
   /// whether each of its queries ended normally.
   virtual void inicia(const Registro& /*registro*/) {}
@@ -89,7 +92,7 @@ class Execucao {
   /// closes.
   virtual void grava(Linha& linha) = 0;
 
-  /// Logs the message of a failed query; the run is then incomplete.
+  /// Logs the message of a failed query, where it has one (null: none); the register is then incomplete.
   virtual void falha(const char* mensagem) = 0;
 
  protected:

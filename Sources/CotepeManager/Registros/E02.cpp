@@ -31,12 +31,15 @@ static_assert(comprimento(kCampos, 2, false) == 272);
 using TotalGeral = char[18];
 
 // Deliberate: a maximum of 18 characters loses its last one, a longer one is not used, and a failed query
-// only leaves the text empty: it is not logged.
+// only leaves the text empty: it is not logged, though the register then is not complete.
 void buscaTotalGeral(Execucao& execucao, const Registro& registro, TotalGeral& total) {
   const bool daMemoriaFiscal = std::strcmp(execucao.ajustes().comando, "MF") == 0;
-  const auto maximo =
-      execucao.consulta(registro.consultas[daMemoriaFiscal ? kTotalDasReducoes : kTotalDaPosicao].sql);
-  if (!maximo->avanca()) return;
+  const int qual = daMemoriaFiscal ? kTotalDasReducoes : kTotalDaPosicao;
+  const auto maximo = execucao.consulta(registro.consultas[qual].sql);
+  if (!maximo->avanca()) {
+    completou(execucao, registro, *maximo, qual);
+    return;
+  }
   const char* texto = maximo->texto(0);
   if (std::strlen(texto) <= 18) copiaLimitada(total, texto);
 }

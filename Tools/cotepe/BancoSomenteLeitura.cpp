@@ -40,7 +40,7 @@ struct Explicacao {
   std::string encontrado, esperado, oQueFazer;
 };
 
-Explicacao explica(sqlite3* banco, std::chrono::seconds espera) {
+Explicacao explica(sqlite3* banco, std::chrono::milliseconds espera) {
   const int completo = sqlite3_extended_errcode(banco);
   if (completo == SQLITE_READONLY_ROLLBACK || completo == SQLITE_READONLY_RECOVERY) {
     return {"a transaction that its writer left unfinished", "a database at rest",
@@ -48,7 +48,7 @@ Explicacao explica(sqlite3* banco, std::chrono::seconds espera) {
   }
   switch (completo & 0xff) {
     case SQLITE_BUSY:
-      return {"it locked by another process, for more than " + std::to_string(espera.count()) + " s",
+      return {"it locked by another process, for more than " + std::to_string(espera.count()) + " ms",
               "to read it within --busy-timeout", "try again when the writer is done, or wait longer"};
     case SQLITE_NOTADB:
       return {"a file that is not an SQLite database", "a fiscal database", "check --db"};
@@ -68,7 +68,7 @@ Explicacao explica(sqlite3* banco, std::chrono::seconds espera) {
 
 }  // namespace
 
-BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono::seconds espera)
+BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera)
     : espera_{espera, std::chrono::steady_clock::now()} {
   exigeArquivo(caminho);
   const int resultado = sqlite3_open_v2(comPasta(caminho).c_str(), &banco_, SQLITE_OPEN_READONLY, nullptr);

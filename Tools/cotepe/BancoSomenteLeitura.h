@@ -13,7 +13,7 @@ class BancoSomenteLeitura {
   /// Opens an existing file read-only (query_only on, trusted_schema off, cell_size_check on) and begins the
   /// one read transaction that lasts as long as the object. Waits at most `espera` for a lock. Throws Falha
   /// (kNaoAbre), which says what is wrong with the file, and Interrupcao when a signal comes while it waits.
-  BancoSomenteLeitura(const std::string& caminho, std::chrono::seconds espera);
+  BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera);
   ~BancoSomenteLeitura();
   BancoSomenteLeitura(const BancoSomenteLeitura&) = delete;
   BancoSomenteLeitura& operator=(const BancoSomenteLeitura&) = delete;
@@ -22,7 +22,7 @@ class BancoSomenteLeitura {
 
  private:
   struct Espera {
-    std::chrono::seconds maximo;
+    std::chrono::milliseconds maximo;
     std::chrono::steady_clock::time_point desde;
   };
 

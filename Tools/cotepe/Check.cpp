@@ -25,7 +25,8 @@ constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
 
 struct OpcoesDoCheck {
   std::string banco, de, ate, comando, formato = "text";
-  int leiaute = 0, espera = 5;
+  int leiaute = 0;
+  int espera = 5000;  // milliseconds
   bool cat52 = false, regras = false;
   long maximo = -1;
   std::vector<std::string> desligadas;
@@ -74,7 +75,7 @@ OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
 int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
 
 void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificacao, SaidaDeAchados& saida) {
-  const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::seconds(opcoes.espera));
+  const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
   sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
   try {
     verificaBanco(aberto.banco(), verificacao, saida);
@@ -115,9 +116,11 @@ Execucao declaraCheck(CLI::App& comando) {
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2}));
   comando.add_flag("--cat52", o->cat52, "CAT52 mode: no texts in E14");
-  comando.add_option("--busy-timeout", o->espera, "How long to wait for a locked database (5)")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(0, 86400));
+  comando
+      .add_option("--busy-timeout", o->espera,
+                  "How long to wait for a locked database, in milliseconds (5000)")
+      ->type_name("MS")
+      ->check(CLI::Range(0, 86400000));
   comando.add_option("--format", o->formato, "text, json (an object a line) or sarif (text)")
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "sarif"}));

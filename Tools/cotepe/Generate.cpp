@@ -18,9 +18,11 @@ void declaraEntrada(CLI::App& comando, OpcoesDoGenerate& o) {
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2}));
   comando.add_flag("--cat52", o.cat52, "CAT52 mode: no placeholder records, no texts in E14");
-  comando.add_option("--busy-timeout", o.espera, "How long to wait for a locked database (5)")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(0, 86400));
+  comando
+      .add_option("--busy-timeout", o.espera,
+                  "How long to wait for a locked database, in milliseconds (5000)")
+      ->type_name("MS")
+      ->check(CLI::Range(0, 86400000));
 }
 
 void declaraSaida(CLI::App& comando, OpcoesDoGenerate& o) {

@@ -14,7 +14,7 @@ struct OpcoesDoGenerate {
   std::string banco, de, ate, comando = "TDM", saida, log, versaoSb;
   Identidade identidade;
   int leiaute = 1;
-  int espera = 5;  // seconds
+  int espera = 5000;  // milliseconds
   bool cat52 = false, substitui = false, guardaParcial = false, calado = false;
 
   bool semNome() const { return saida.empty(); }

@@ -94,7 +94,7 @@ void geraRelatorio(const OpcoesDoGenerate& opcoes) {
   ArquivoDeLog log;
   abreLog(log, opcoes.log);
   Progresso progresso(opcoes.calado);
-  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::seconds(opcoes.espera));
+  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
   const std::string momento = momentoAtual();
   const auto saida = abreSaida(opcoes, banco.banco(), momento);
   HospedeiroDoPrograma hospedeiro(opcoes.identidade, momento, banco.banco(), log, progresso);

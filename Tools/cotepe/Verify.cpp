@@ -34,7 +34,7 @@ struct OpcoesDoVerify {
   std::optional<int> leiaute;
   std::optional<bool> cat52;
   Identidade identidade;
-  int espera = 5;  // seconds
+  int espera = 5000;  // milliseconds
   bool calado = false;
   OpcoesDeDiferencas saida;
 };
@@ -181,7 +181,7 @@ void executa(const OpcoesDoVerify& opcoes) {
   RelatorioLido relatorio(opcoes.relatorio);
   const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
   relatorio.confereLeitura();
-  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::seconds(opcoes.espera));
+  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
   const std::vector<Ajuste> ajustes = possiveis(banco.banco(), lidos, opcoes);
   Verificacao verificacao(opcoes, banco.banco());
   const Ajuste& ajuste = melhor(verificacao, ajustes);
@@ -219,9 +219,11 @@ Execucao declaraVerify(CLI::App& comando) {
   comando.add_option("--db", o->banco, "Fiscal database; it is only read")->type_name("FILE")->required();
   comando.add_option("REPORT", o->relatorio, "The report, a file")->required();
   declaraAjustes(comando, *o);
-  comando.add_option("--busy-timeout", o->espera, "How long to wait for a locked database (5)")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(0, 86400));
+  comando
+      .add_option("--busy-timeout", o->espera,
+                  "How long to wait for a locked database, in milliseconds (5000)")
+      ->type_name("MS")
+      ->check(CLI::Range(0, 86400000));
   comando.add_flag("--quiet", o->calado, "Do not say what was derived");
   declaraDiferencas(comando, o->saida);
   comando.footer(

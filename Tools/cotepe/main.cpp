@@ -1,70 +1,14 @@
-// cotepe, the program: a table of commands.
-#include <unistd.h>
-
+// cotepe, the program: a command line, and an exit status.
 #include <cstdio>
 #include <new>
 
-#include "Comandos.h"
 #include "Descritor.h"
 #include "Falha.h"
+#include "LinhaDeComando.h"
 #include "Sinais.h"
 
-namespace {
-
-using namespace cotepe::programa;
-
-constexpr struct {
-  const char* nome;
-  const char* descricao;
-  Execucao (*declara)(CLI::App&);
-} kComandos[] = {
-    {"generate", "Write the report of a period", declaraGenerate},
-    {"sample", "Make a fiscal database to try with", declaraSample},
-    {"schema", "Print the SQL of a fiscal database", declaraSchema},
-    {"layout", "Print the field tables of the registers", declaraLayout},
-    {"check", "Check a fiscal database against what the registers need", declaraCheck},
-    {"validate", "Check a report against the rules", declaraValidate},
-    {"show", "Print the records of a report by label and value", declaraShow},
-    {"diff", "Compare two reports, record by record", declaraDiff},
-    {"verify", "Prove that a report is what the database says", declaraVerify},
-};
-
-constexpr char kRodape[] =
-    "Exit status:\n"
-    "  0  done\n"
-    "  1  incomplete, the registers concerned are named; or findings\n"
-    "  2  wrong usage\n"
-    "  3  the database or the output cannot be opened\n"
-    "  4  writing failed\n"
-    "  5  the identity query failed\n"
-    "  128 and the signal's number: interrupted";
-
-void executa(int argc, char** argv) {
-  CLI::App app("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database.",
-               "cotepe");
-  app.footer(kRodape);
-  app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, "Print the version and exit");
-  app.require_subcommand(1);
-  Execucao escolhida;
-  for (const auto& comando : kComandos) {
-    CLI::App* sub = app.add_subcommand(comando.nome, comando.descricao);
-    sub->callback([&escolhida, execucao = comando.declara(*sub)] { escolhida = execucao; });
-  }
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return escreveTudo(STDOUT_FILENO, app.help(), "stdout");
-  } catch (const CLI::CallForVersion& versao) {
-    return escreveTudo(STDOUT_FILENO, versao.what() + std::string("\n"), "stdout");
-  } catch (const CLI::ParseError& erro) {
-    throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe --help");
-  }
-  escolhida();
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
+  using namespace cotepe::programa;
   ocupaDescritoresPadrao();
   instalaSinais();
   try {

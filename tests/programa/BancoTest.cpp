@@ -95,12 +95,12 @@ TEST_F(BancoEncontrado, LockedDatabaseIsWaitedForAndThenRefused) {
   Banco outro(em("base.db"));
   outro.sql("BEGIN EXCLUSIVE");
   const auto inicio = std::chrono::steady_clock::now();
-  const Fim fim = gera({"--busy-timeout", "1"});
+  const Fim fim = gera({"--busy-timeout", "1000"});
   EXPECT_GE(std::chrono::steady_clock::now() - inicio, std::chrono::seconds(1));
   EXPECT_EQ(fim.situacao, 3);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: cannot read the database: base.db: found it locked by another process, for more than 1 s, "
+      "cotepe: cannot read the database: base.db: found it locked by another process, for more than 1000 ms, "
       "expected to read it within --busy-timeout; try again when the writer is done, or wait longer\n");
 }
 
@@ -108,7 +108,7 @@ TEST_F(BancoEncontrado, LockThatEndsInTimeIsNoFailure) {
   criaBanco();
   Banco outro(em("base.db"));
   outro.sql("BEGIN EXCLUSIVE");
-  Processo processo(generate({"--output", "r.txt", "--busy-timeout", "60"}));
+  Processo processo(generate({"--output", "r.txt", "--busy-timeout", "60000"}));
   processo.naPasta(pasta()).inicia();
   EXPECT_FALSE(processo.termineEm(300));
   outro.sql("COMMIT");

@@ -42,7 +42,7 @@ TEST_F(Sinais, WaitForALockEndsAtOnce) {
   criaBanco();
   Banco outro(em("base.db"));
   outro.sql("BEGIN EXCLUSIVE");
-  Processo processo(generate({"--output", "r.txt", "--busy-timeout", "600"}));
+  Processo processo(generate({"--output", "r.txt", "--busy-timeout", "600000"}));
   processo.naPasta(pasta()).inicia();
   EXPECT_FALSE(processo.termineEm(500));
   processo.envia(SIGTERM);

@@ -50,7 +50,7 @@ TEST_F(Uso, HelpOfACommandNamesItsOptionsAndEveryExitStatus) {
   EXPECT_EQ(fim.situacao, 0);
   for (const char* opcao :
        {"--db", "--from", "--to", "--command", "--layout", "--cat52", "--output", "--serial", "--model",
-        "--type", "--sb-version", "--log", "--quiet", "--force", "--keep-partial", "--busy-timeout SECONDS"})
+        "--type", "--sb-version", "--log", "--quiet", "--force", "--keep-partial", "--busy-timeout MS"})
     EXPECT_TRUE(contem(fim.saida, std::string("\n  ") + opcao)) << opcao;
   EXPECT_TRUE(contem(fim.saida, kSituacoes));
   for (const char* comando : {"sample", "schema", "layout"})
@@ -76,7 +76,7 @@ TEST_F(Uso, CommandLinesThatCannotBeReadAreRefused) {
       {generate({"--layout", "3"}), "--layout: 3 not in {1,2}; see cotepe --help"},
       {generate({"--command", "mf"}), "--command: mf not in {MF,MFD,TDM,RZ}; see cotepe --help"},
       {generate({"--busy-timeout", "-1"}),
-       "--busy-timeout: Value -1 not in range 0 to 86400; see cotepe --help"},
+       "--busy-timeout: Value -1 not in range 0 to 86400000; see cotepe --help"},
       {generate({"--output", ""}), "--output: empty name; see cotepe --help"},
       {{"layout", "--format", "xml"}, "--format: xml not in {text,markdown,json}; see cotepe --help"},
       {{"sample"}, "FILE is required; see cotepe --help"},

@@ -96,7 +96,7 @@ const std::array<FormaDaTabela, 20> kFormas = {{
     {"meio_pagamento", "num_indice", 0, 0, nullptr, {{inteiro("num_indice"), usado("descricao")}}},
 }};
 
-const std::array<UsoDaColuna, 13> kUsos = {{
+const std::array<UsoDaColuna, 15> kUsos = {{
     {"versao_sb", "num_sequencia", Uso::Maximo},
     {"intervencao", "cont_cro", Uso::Ordena},
     {"fita_detalhe", "cont_cfd", Uso::Ordena},
@@ -106,9 +106,11 @@ const std::array<UsoDaColuna, 13> kUsos = {{
     {"totalizador_reducao", "cont_crz", Uso::Ordena},
     {"meio_pagamento_reducao", "cont_crz", Uso::Ordena},
     {"cupom_fiscal", "cont_ccf", Uso::Ordena},
+    {"cupom_fiscal", "cont_coo", Uso::Ordena},
     {"item_cupom_fiscal", "seq_item", Uso::Ordena},
     {"outros_documentos", "cont_coo", Uso::Ordena},
     {"cupom_nf", "cont_gnf", Uso::Ordena},
+    {"cupom_nf", "cont_coo", Uso::Ordena},
     {"item_cupom_nf", "seq_item", Uso::Ordena},
 }};
 
@@ -129,16 +131,22 @@ constexpr char kDobraDocumentos[] = "every total and document of it is written o
 constexpr char kDobraItens[] = "every item and payment of it is written once for each of them";
 constexpr char kDobraNome[] = "every record that names it is written once for each of them";
 constexpr char kRepete[] = "two records have the same counter";
+constexpr char kRepeteTotalizador[] =
+    "two records have the same totalizer, or one where their amounts are the same too";
+constexpr char kRepeteMeio[] = "two records have the same means of payment";
 
-const std::array<Unicidade, 13> kUnicidades = {{
+const std::array<Unicidade, 16> kUnicidades = {{
     {"versao_sb", "num_sequencia", "E01 takes each of them for the current version, and the line grows"},
     {"intervencao", "cont_cro", kRepete},
     {"fita_detalhe", "cont_cfd", kRepete},
     {"reducao_z", "cont_crz", kDobraDocumentos},
+    {"totalizador_reducao", "cont_crz,totalizador", kRepeteTotalizador},
+    {"meio_pagamento_reducao", "cont_crz,descricao_meio_pagamento", kRepeteMeio},
     {"cupom_fiscal", "cont_coo", kDobraItens},
     {"cupom_fiscal", "cont_ccf", kRepete},
     {"item_cupom_fiscal", "cont_coo,seq_item", kRepete},
     {"outros_documentos", "cont_coo", kRepete},
+    {"outros_documentos", "cont_gnf", kRepete, "CAST(cont_gnf AS INTEGER) <> 0"},
     {"cupom_nf", "cont_coo", kDobraItens},
     {"cupom_nf", "cont_gnf", kRepete},
     {"item_cupom_nf", "cont_coo,seq_item", kRepete},
@@ -146,7 +154,7 @@ const std::array<Unicidade, 13> kUnicidades = {{
     {"meio_pagamento", "num_indice", kDobraNome},
 }};
 
-const std::array<Busca, 13> kBuscas = {{
+const std::array<Busca, 14> kBuscas = {{
     {"reducao_z", "data_movimento"},
     {"reducao_z", "cont_crz"},
     {"totalizador_reducao", "cont_crz"},
@@ -159,6 +167,7 @@ const std::array<Busca, 13> kBuscas = {{
     {"cupom_nf", "cont_coo"},
     {"item_cupom_nf", "cont_coo"},
     {"pagamento_cupom", "cont_coo"},
+    {"totalizador_nao_fiscal", "num_indice"},
     {"meio_pagamento", "num_indice"},
 }};
 // clang-format on

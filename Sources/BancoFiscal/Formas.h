@@ -53,7 +53,7 @@ struct UsoDaColuna {
   const char *tabela, *coluna;
   Uso uso;
 };
-extern const std::array<UsoDaColuna, 13> kUsos;
+extern const std::array<UsoDaColuna, 15> kUsos;
 
 /// Rows of `tabela` whose `coluna` is not in `alvo`.`colunaDoAlvo` (nor in `outroAlvo`, of the same column)
 /// are left out of `registro`, and so are rows without it.
@@ -62,16 +62,18 @@ struct Ligacao {
 };
 extern const std::array<Ligacao, 10> kLigacoes;
 
-/// Columns that tell a row to the joins or to the law, joined by commas: two rows may not share them.
+/// Columns that tell a row to the joins or to the law, joined by commas: two rows of those meant may not
+/// share them.
 struct Unicidade {
   const char *tabela, *colunas, *consequencia;
+  const char* quais = nullptr;  // as a condition; null: all
 };
-extern const std::array<Unicidade, 13> kUnicidades;
+extern const std::array<Unicidade, 16> kUnicidades;
 
 /// Columns that the queries search by.
 struct Busca {
   const char *tabela, *coluna;
 };
-extern const std::array<Busca, 13> kBuscas;
+extern const std::array<Busca, 14> kBuscas;
 
 }  // namespace cotepe

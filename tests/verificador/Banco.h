@@ -58,6 +58,7 @@ CREATE INDEX i10 ON cupom_nf(cont_coo);
 CREATE INDEX i11 ON item_cupom_nf(cont_coo);
 CREATE INDEX i12 ON pagamento_cupom(cont_coo);
 CREATE INDEX i13 ON meio_pagamento(num_indice);
+CREATE INDEX i14 ON totalizador_nao_fiscal(num_indice);
 )";
 
 // Reductions 4 and 5; coupons 11 (fiscal) and 12 (non-fiscal) of the latter.
@@ -109,6 +110,8 @@ class BancoLimpo {
     const int resultado = sqlite3_exec(banco_.get(), sql.c_str(), nullptr, nullptr, nullptr);
     EXPECT_EQ(resultado, SQLITE_OK) << sqlite3_errmsg(banco_.get()) << " in " << sql;
   }
+
+  sqlite3* aberto() const { return banco_.get(); }
 
   // The findings as texts, without a file.
   std::vector<std::string> achados(const OpcoesDaVerificacao& opcoes = {}) {

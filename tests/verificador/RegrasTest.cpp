@@ -177,6 +177,24 @@ INSTANTIATE_TEST_SUITE_P(
           "control "
           "character goes into the line, expected characters that can be seen (remove it)"}},
         {"cupom_fiscal", "texto_suplementar", "'A' || char(10) || 'B'", {}},  // written as a blank
+        {"cupom_fiscal",
+         "texto_suplementar",
+         "'A' || char(127)",  // which stays
+         {"cupom_fiscal[cont_coo=11].texto_suplementar: error control-character E14.20 \"Texto "
+          "suplementar\": found \"A\\x7F\", whose control character goes into the line, expected characters "
+          "that can be seen (remove it)"}},
+        {"cupom_fiscal",
+         "texto_suplementar",
+         "'A' || char(0) || 'B'",
+         {"cupom_fiscal[cont_coo=11].texto_suplementar: error control-character E14.20 \"Texto "
+          "suplementar\": found \"A\\x00B\", whose zero byte ends the text, expected characters that can be "
+          "seen (remove it)"}},
+        {"cupom_nf",
+         "tipo_desconto",
+         "char(10)",
+         {"cupom_nf[cont_coo=12].tipo_desconto: error control-character E19.11 \"Tipo do desconto\": found "
+          "\"\\n\", whose line end breaks the line in two, expected characters that can be seen (remove "
+          "it)"}},
     }));
 
 INSTANTIATE_TEST_SUITE_P(

@@ -117,6 +117,73 @@ TEST(Verificador, IndexMissing) {
       1U);
 }
 
+TEST(Verificador, WhatIsStoredTwiceIsFound) {
+  EXPECT_EQ(
+      depoisDe("INSERT INTO totalizador_reducao SELECT * FROM totalizador_reducao WHERE id_fiscal = 'S'"),
+      Linhas{
+          "totalizador_reducao[cont_crz=5,totalizador=01T18.00].totalizador: error counter-repeat E13 and "
+          "E17: found 2 rows: two records have the same totalizer, or one where their amounts are the same "
+          "too, expected one (leave one of the rows, or correct the counter)"});
+  EXPECT_EQ(depoisDe("INSERT INTO meio_pagamento_reducao VALUES(5, 'DINHEIRO', 1)").size(), 1U);
+  EXPECT_EQ(depoisDe("INSERT INTO meio_pagamento_reducao VALUES(4, 'DINHEIRO', 1)"), Linhas());
+  const std::string outro = "INSERT INTO outros_documentos VALUES(14, ";
+  EXPECT_EQ(depoisDe(outro + "1, 0, 0, 5, 'RG', '2024-01-05 12:00:00')").size(), 1U);
+  EXPECT_EQ(depoisDe("UPDATE outros_documentos SET cont_gnf = 0;" + outro +
+                     "0, 0, 0, 5, 'RG', '2024-01-05 12:00:00')"),
+            Linhas());
+  EXPECT_EQ(
+      depoisDe("UPDATE outros_documentos SET cont_coo = 11"),
+      Linhas{"outros_documentos[cont_coo=11].cont_coo: error counter-repeat E16: found a row of cupom_fiscal "
+             "with the same counter: two records have the same counter, expected a counter of its own (leave "
+             "one of the rows, or correct the counter)"});
+}
+
+TEST(Verificador, TheSumOfWhatIsNotFiscalIsHeldToItsField) {
+  const std::string soma =
+      "UPDATE totalizador_reducao SET valor_base_calculo = 60000000000 WHERE id_fiscal = 'N';"
+      "INSERT INTO totalizador_reducao VALUES(5, 'OUTROS', ";
+  EXPECT_EQ(
+      depoisDe(soma + "40000000000, 'N')"),
+      Linhas{
+          "totalizador_reducao[cont_crz=5].valor_base_calculo: error number-wide E13.8 \"Valor "
+          "acumulado\": found \"100000000000\", the sum of what is not fiscal, expected a sum of at most 11 "
+          "digits before the point (correct it)"});
+  EXPECT_EQ(depoisDe(soma + "39999999999.99, 'N')"), Linhas());
+}
+
+TEST(Verificador, CountersStoredAsBytesSortAsTextDoes) {
+  EXPECT_EQ(depoisDe("UPDATE fita_detalhe SET cont_cfd = x'39';"
+                     "INSERT INTO fita_detalhe VALUES(x'3131', '2024-01-07 10:00:00', 13, 14)"),
+            Linhas{"fita_detalhe.cont_cfd: error text-order E10: found the texts \"9\" and \"11\", which are "
+                   "sorted letter by letter, expected numbers, or texts of as many digits (store it as an "
+                   "integer)"});
+}
+
+// E21 alone puts its records in the order of the COO.
+TEST(Verificador, TheCooOfCouponsIsSortedByToo) {
+  const char* const kTexto =
+      "UPDATE cupom_fiscal SET cont_coo = '9'; UPDATE item_cupom_fiscal SET cont_coo = '9';"
+      "UPDATE pagamento_cupom SET cont_coo = '9' WHERE cont_coo = 11;"
+      "INSERT INTO cupom_fiscal SELECT 2, '11', cont_crz, data_hora_emissao, 0, 0, 0, 0, 'N', 0, '', '', "
+      "NULL, "
+      "NULL, NULL, NULL, '', '', '' FROM cupom_fiscal";
+  EXPECT_EQ(
+      depoisDe(kTexto),
+      Linhas{"cupom_fiscal.cont_coo: error text-order E14, E15 and E21: found the texts \"9\" and \"11\", "
+             "which are sorted letter by letter, expected numbers, or texts of as many digits (store it "
+             "as an integer)"});
+}
+
+// SELECT * has generated columns too; a name may need quotation marks.
+TEST(Verificador, ColumnsOfAnyKindAndNameAreRead) {
+  EXPECT_EQ(depoisDe("DROP TABLE tentativas_sb; CREATE TABLE tentativas_sb(\"a\"\"b\", c, d);"
+                     "INSERT INTO tentativas_sb VALUES(1, 'x', '2024-01-01 00:00:00')"),
+            Linhas());
+  EXPECT_EQ(depoisDe("ALTER TABLE moeda RENAME COLUMN simbolo_moeda TO s;"
+                     "ALTER TABLE moeda ADD COLUMN simbolo_moeda AS (s)"),
+            Linhas());
+}
+
 // id_fiscal is printed nowhere, and decides where its row goes.
 TEST(Verificador, TheKindOfATotalizerDecidesWhichFieldItMustFit) {
   EXPECT_EQ(

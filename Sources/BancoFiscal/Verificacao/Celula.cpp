@@ -78,8 +78,7 @@ void Conferencia::porForma() {
     case Forma::Letra:
     case Forma::SimNao:
       if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
-      if (coluna_.forma.forma == Forma::SimNao) codigo({"S", "N"}, "S or N");
-      return;
+      return coluna_.forma.forma == Forma::SimNao ? codigo({"S", "N"}, "S or N") : controle();
     case Forma::TipoDeDocumento:
       return codigo({"CN", "RG", "CC", "NC", "RZ"}, "CN, RG, CC, NC or RZ");
     case Forma::DataHora:
@@ -125,14 +124,21 @@ void Conferencia::nulo() {
        destino == nullptr ? "which no query finds" : doVazio(destino->campo->especie), "a value");
 }
 
+// A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
+// anything.
 void Conferencia::controle() {
-  const auto* const c = std::find_if(celula_.texto.begin(), celula_.texto.end(), controla);
-  const Destino* destino = primeiro([](const Campo& campo) { return !campo.trocaNaoAscii; });
-  if (c == celula_.texto.end() || destino == nullptr) return;
+  const std::string_view texto = celula_.texto;
+  const auto* const c = std::find_if(texto.begin(), texto.end(), controla);
+  if (c == texto.end()) return;
+  const bool comZero = texto.find('\0') != std::string_view::npos;
+  const bool sempre = comZero || texto.find('\x7F') != std::string_view::npos;
+  const Destino* destino =
+      primeiro(sempre ? qualquer : [](const Campo& campo) { return !campo.trocaNaoAscii; });
+  if (destino == nullptr) return;
   acha(RegraDoBanco::Controle, destino,
-       *c == '\n'   ? "whose line end breaks the line in two"
-       : *c == '\0' ? "whose zero byte ends the text"
-                    : "whose control character goes into the line",
+       comZero                                        ? "whose zero byte ends the text"
+       : *c == '\n' && !destino->campo->trocaNaoAscii ? "whose line end breaks the line in two"
+                                                      : "whose control character goes into the line",
        "characters that can be seen");
 }
 

@@ -92,7 +92,8 @@ std::vector<ColunaLida> colunasDoSelect(const std::vector<std::string_view>& sql
 struct Desvio {
   const char *tabela, *coluna, *registro, *rotulo;
 };
-constexpr std::array<Desvio, 6> kDesvios = {{
+constexpr std::array<Desvio, 7> kDesvios = {{
+    {"dados_ecf", "num_serie", "E01", "Nº de fabricação"},
     {"dados_ecf", "num_serie", nullptr, "Nº de fabricação do ECF"},
     {"dados_ecf", "modelo", nullptr, "Modelo do ECF"},
     {"dados_usuario", "seq_usuario", nullptr, "Nº de ordem do usuário"},

@@ -20,7 +20,7 @@ struct Ordem {
 
   void ve(int tipo, std::string_view texto) {
     if (tipo == SQLITE_NULL) return;
-    if (tipo != SQLITE_TEXT) {
+    if (tipo != SQLITE_TEXT && tipo != SQLITE_BLOB) {
       ++outros;
       return;
     }
@@ -42,6 +42,12 @@ const UsoDaColuna* usoDe(const std::string& tabela, const std::string& coluna) {
     return tabela == u.tabela && coluna == u.coluna;
   });
   return uso == kUsos.end() ? nullptr : &*uso;
+}
+
+std::string entreAspasSql(const std::string& nome) {
+  std::string texto = "\"";
+  for (const char c : nome) texto += c == '"' ? "\"\"" : std::string(1, c);
+  return texto + '"';
 }
 
 bool dizOPeriodo(const std::string& tabela, const std::string& coluna) {
@@ -124,7 +130,7 @@ int Passada::indice(const std::string& nome) const {
 std::string Passada::sql() const {
   std::string texto = "SELECT ";
   for (std::size_t i = 0; i < colunas_.size(); ++i)
-    texto += (i == 0 ? "\"" : ", \"") + colunas_[i].verificada.nome + '"';
+    texto += (i == 0 ? "" : ", ") + entreAspasSql(colunas_[i].verificada.nome);
   texto += std::string(" FROM ") + forma_.nome;
   if (forma_.doPeriodo != nullptr && !contexto_.opcoes().de.empty())
     texto += std::string(" WHERE ") + forma_.doPeriodo;

@@ -41,8 +41,9 @@ void Pergunta::falha() const {
 
 std::vector<std::string> Contexto::colunas(const std::string& tabela) const {
   std::vector<std::string> nomes;
-  Pergunta pergunta(banco_, "PRAGMA table_info(" + tabela + ")");
-  while (pergunta.avanca()) nomes.emplace_back(pergunta.texto(1));
+  // With the generated columns, which SELECT * has too; without the hidden ones of virtual tables.
+  Pergunta pergunta(banco_, "SELECT name FROM pragma_table_xinfo('" + tabela + "') WHERE hidden <> 1");
+  while (pergunta.avanca()) nomes.emplace_back(pergunta.texto(0));
   return nomes;
 }
 

@@ -82,9 +82,11 @@ void confereUnico(const Contexto& contexto, const Unicidade& unicidade) {
     return;
   std::string lista;
   for (const std::string& coluna : colunas) lista += ", " + coluna;
-  Pergunta pergunta(contexto.banco(), "SELECT count(*)" + lista + " FROM " + unicidade.tabela + " WHERE " +
-                                          colunas[0] + " IS NOT NULL GROUP BY " + unicidade.colunas +
-                                          " HAVING count(*) > 1");
+  Pergunta pergunta(contexto.banco(),
+                    "SELECT count(*)" + lista + " FROM " + unicidade.tabela + " WHERE " + colunas[0] +
+                        " IS NOT NULL" +
+                        (unicidade.quais == nullptr ? "" : std::string(" AND ") + unicidade.quais) +
+                        " GROUP BY " + unicidade.colunas + " HAVING count(*) > 1");
   while (pergunta.avanca())
     contexto.relata(RegraDoBanco::Repetido,
                     {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
@@ -107,6 +109,44 @@ void confereDoisCupons(const Contexto& contexto) {
                     "a counter of its own");
 }
 
+// Fiscal coupons and other documents are numbered by the same counter.
+void confereCooUnico(const Contexto& contexto) {
+  if (!contexto.ligada(RegraDoBanco::Repetido) || !contexto.lida("outros_documentos") ||
+      !contexto.tem("cupom_fiscal", "cont_coo") || !contexto.tem("outros_documentos", "cont_coo"))
+    return;
+  Pergunta pergunta(
+      contexto.banco(),
+      "SELECT cont_coo FROM outros_documentos WHERE cont_coo IN (SELECT cont_coo FROM cupom_fiscal)");
+  while (pergunta.avanca())
+    contexto.relata(RegraDoBanco::Repetido,
+                    {"outros_documentos", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
+                    contexto.leitores("outros_documentos", "cont_coo"), nullptr,
+                    "a row of cupom_fiscal with the same counter: two records have the same counter",
+                    "a counter of its own");
+}
+
+// E13 writes the sum of what is not fiscal, which may be wider than its field though no part of it is.
+void confereSomaNaoFiscal(const Contexto& contexto) {
+  const std::vector<Destino> destinos =
+      destinosDe("totalizador_reducao", "valor_base_calculo", contexto.opcoes().alcance);
+  const auto e13 = std::find_if(destinos.begin(), destinos.end(), [](const Destino& destino) {
+    return std::string_view(destino.registro->codigo) == "E13";
+  });
+  if (!contexto.ligada(RegraDoBanco::NumeroLargo) || e13 == destinos.end()) return;
+  for (const char* coluna : {"cont_crz", "valor_base_calculo", "id_fiscal"})
+    if (!contexto.tem("totalizador_reducao", coluna)) return;
+  const int inteiros = e13->campo->largura - 2;
+  Pergunta pergunta(contexto.banco(),
+                    "SELECT cont_crz, sum(valor_base_calculo) AS soma FROM totalizador_reducao"
+                    " WHERE id_fiscal = 'N' GROUP BY cont_crz HAVING count(*) > 1 AND soma >= 1e" +
+                        std::to_string(inteiros));
+  while (pergunta.avanca())
+    contexto.relata(RegraDoBanco::NumeroLargo,
+                    {"totalizador_reducao", "cont_crz=" + legivel(pergunta.texto(0)), "valor_base_calculo"},
+                    "", &*e13, citado(pergunta.texto(1)) + ", the sum of what is not fiscal",
+                    "a sum of at most " + std::to_string(inteiros) + " digits before the point");
+}
+
 }  // namespace
 
 void confereLigacoes(const Contexto& contexto) {
@@ -117,6 +157,8 @@ void confereUnicidade(const Contexto& contexto) {
   if (contexto.ligada(RegraDoBanco::Repetido))
     for (const Unicidade& unicidade : kUnicidades) confereUnico(contexto, unicidade);
   confereDoisCupons(contexto);
+  confereCooUnico(contexto);
+  confereSomaNaoFiscal(contexto);
 }
 
 }  // namespace cotepe

@@ -1,0 +1,217 @@
+// What the C interface returns when something is wrong: every code, and no exception.
+#include <cerrno>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+#include "Gerador.h"
+
+namespace {
+
+// Allocations that are still granted; none fails while it is below zero.
+long g_concedidas = -1;
+
+void* aloca(std::size_t tamanho) noexcept {
+  if (g_concedidas == 0) return nullptr;
+  if (g_concedidas > 0) --g_concedidas;
+  return std::malloc(tamanho == 0 ? 1 : tamanho);
+}
+
+}  // namespace
+
+// They take the place of the shared library's too. Not inlined, for the compiler looks at the pairs.
+[[gnu::noinline]] void* operator new(std::size_t tamanho) {
+  if (void* memoria = aloca(tamanho)) return memoria;
+  throw std::bad_alloc();
+}
+[[gnu::noinline]] void* operator new[](std::size_t tamanho) { return operator new(tamanho); }
+[[gnu::noinline]] void* operator new(std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
+  return aloca(tamanho);
+}
+[[gnu::noinline]] void* operator new[](std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
+  return aloca(tamanho);
+}
+[[gnu::noinline]] void operator delete(void* memoria) noexcept { std::free(memoria); }
+[[gnu::noinline]] void operator delete[](void* memoria) noexcept { std::free(memoria); }
+[[gnu::noinline]] void operator delete(void* memoria, std::size_t /*bytes*/) noexcept { std::free(memoria); }
+[[gnu::noinline]] void operator delete[](void* memoria, std::size_t /*bytes*/) noexcept {
+  std::free(memoria);
+}
+
+namespace {
+
+class InterfaceCFalhas : public testing::Test {
+ protected:
+  InterfaceCFalhas() { bancada.comIdentidade(); }
+
+  Bancada bancada;
+  Gerador gerador{bancada.banco()};
+};
+
+TEST(InterfaceCResultado, EachHasItsText) {
+  const struct {
+    int resultado;
+    const char* texto;
+  } kTextos[] = {
+      {0, "done"},
+      {1, "a query failed: the report may lack lines"},
+      {2, "an argument is null, or a day has fewer than 8 characters"},
+      {3, "the report cannot be opened"},
+      {4, "the report cannot be written"},
+      {5, "the printer's identity cannot be read"},
+      {6, "out of memory"},
+      {7, "the generator is running"},
+      {8, "the clock gave no time of the calendar"},
+      {9, "an exception left a callback"},
+      {10, "unknown result"},
+      {-1, "unknown result"},
+  };
+  for (const auto& caso : kTextos) EXPECT_STREQ(cotepe_result_text(caso.resultado), caso.texto);
+}
+
+TEST_F(InterfaceCFalhas, NullIsABadArgument) {
+  const cotepe_time momento = {2024, 1, 31, 23, 59, 59};
+  auto* nenhum = reinterpret_cast<cotepe_generator*>(&bancada);
+  EXPECT_EQ(cotepe_create(nullptr, &nenhum), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(nenhum, nullptr);
+  EXPECT_EQ(cotepe_create(bancada.banco(), nullptr), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_destroy(nullptr), COTEPE_DONE);
+  EXPECT_EQ(cotepe_set_layout(nullptr, 2), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_cat52(nullptr, 1), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_identity(nullptr, "", "", ""), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_log(nullptr, nullptr, nullptr), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_register_callback(nullptr, nullptr, nullptr), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_clock(nullptr, nullptr, nullptr), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_set_time(nullptr, &momento), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(nullptr, "nao-ha", "01012024", "31012024", "TDM"), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(gerador, nullptr, "01012024", "31012024", "TDM"), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(gerador, "nao-ha", nullptr, "31012024", "TDM"), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(gerador, "nao-ha", "01012024", nullptr, "TDM"), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(gerador, "nao-ha", "01012024", "31012024", nullptr), COTEPE_BAD_ARGUMENT);
+  EXPECT_EQ(cotepe_generate(gerador, "nao-ha", "1012024", "31012024", "TDM"), COTEPE_BAD_ARGUMENT);
+  EXPECT_NE(access("nao-ha", F_OK), 0) << "a report was made";
+}
+
+TEST_F(InterfaceCFalhas, ReportThatCannotBeOpenedOrWritten) {
+  EXPECT_EQ(cotepe_generate(gerador, "nao-ha/relatorio", "01012024", "31012024", "TDM"), COTEPE_CANNOT_OPEN);
+  EXPECT_EQ(errno, ENOENT);
+  EXPECT_EQ(cotepe_generate(gerador, "/dev/full", "01012024", "31012024", "TDM"), COTEPE_CANNOT_WRITE);
+  EXPECT_EQ(gerador.gera("TDM"), COTEPE_DONE) << "after the failures";
+}
+
+TEST_F(InterfaceCFalhas, IdentityThatCannotBeRead) {
+  bancada.sql("DROP TABLE dados_ecf");
+  EXPECT_EQ(gerador.gera("TDM"), COTEPE_NO_IDENTITY);
+  EXPECT_EQ(gerador.relatorio(), "");
+}
+
+TEST_F(InterfaceCFalhas, TimeThatIsNoneOfTheCalendar) {
+  const cotepe_time nenhuns[] = {
+      {2023, 2, 29, 0, 0, 0},   {2024, 0, 1, 0, 0, 0},       {2024, 13, 1, 0, 0, 0},  {2024, 1, 0, 0, 0, 0},
+      {2024, 4, 31, 0, 0, 0},   {2024, 1, 1, 24, 0, 0},      {2024, 1, 1, 0, 60, 0},  {2024, 1, 1, 0, 0, 60},
+      {0, 1, 1, 0, 0, 0},       {10000, 1, 1, 0, 0, 0},      {-2024, 1, 1, 0, 0, 0},  {2024, -1, 1, 0, 0, 0},
+      {2024, 1, 101, 0, 0, 0},  {2024, 1, 1, -1, 0, 0},      {2024, 1, 1, 0, 100, 0}, {0, 0, 0, 0, 0, 0},
+      {2024, 1, 1, 0, 0, -100}, {2147483647, 1, 1, 0, 0, 0},
+  };
+  const cotepe_time bom = {2024, 2, 29, 1, 2, 3};
+  ASSERT_EQ(cotepe_set_time(gerador, &bom), COTEPE_DONE);
+  for (const cotepe_time& nenhum : nenhuns) {
+    EXPECT_EQ(cotepe_set_time(gerador, &nenhum), COTEPE_BAD_TIME) << &nenhum - nenhuns;
+    ASSERT_EQ(gerador.gera("MF"), COTEPE_DONE);
+    EXPECT_EQ(posicoes(linhaDo("E11", gerador.linhas()), 123, 136), "20240229010203");
+  }
+  ASSERT_EQ(cotepe_set_clock(
+                gerador, [](void*, cotepe_time*) {}, nullptr),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("MF"), COTEPE_BAD_TIME);
+  EXPECT_EQ(gerador.gera("MFD"), COTEPE_DONE) << "no register there asks the clock";
+}
+
+TEST_F(InterfaceCFalhas, GeneratorIsBusyWithinItsOwnCallbacksAndOthersAreNot) {
+  struct Contexto {
+    Gerador& mesmo;
+    Gerador& outro;
+    int chamadas = 0;
+  };
+  Gerador outro(bancada.banco());
+  Contexto contexto{gerador, outro};
+  ASSERT_EQ(cotepe_set_register_callback(
+                gerador,
+                [](void* usuario, const char*, long long, int) {
+                  auto& c = *static_cast<Contexto*>(usuario);
+                  EXPECT_EQ(c.mesmo.gera("TDM"), COTEPE_BUSY);
+                  EXPECT_EQ(cotepe_destroy(c.mesmo), COTEPE_BUSY);
+                  EXPECT_EQ(cotepe_set_layout(c.mesmo, 2), COTEPE_BUSY);
+                  EXPECT_EQ(cotepe_set_identity(c.mesmo, "X", "Y", "Z"), COTEPE_BUSY);
+                  EXPECT_EQ(cotepe_set_register_callback(c.mesmo, nullptr, nullptr), COTEPE_BUSY);
+                  EXPECT_EQ(c.outro.gera("outro"), COTEPE_DONE);
+                  ++c.chamadas;
+                },
+                &contexto),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("outro"), COTEPE_DONE);
+  EXPECT_EQ(contexto.chamadas, 2);
+  EXPECT_EQ(gerador.relatorio(), outro.relatorio());
+}
+
+TEST_F(InterfaceCFalhas, ExceptionOfACallbackGoesNoFurther) {
+  bancada.sql("DROP TABLE cupom_fiscal");
+  ASSERT_EQ(cotepe_set_log(
+                gerador, [](void*, const char*) { throw 7; }, nullptr),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("RZ"), COTEPE_CALLBACK_FAILED);
+  EXPECT_EQ(gerador.gera("MF"), COTEPE_DONE) << "no query fails there";
+  ASSERT_EQ(cotepe_set_clock(
+                gerador, [](void*, cotepe_time*) { throw std::exception(); }, nullptr),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("MF"), COTEPE_CALLBACK_FAILED);
+}
+
+TEST_F(InterfaceCFalhas, WithoutMemoryNothingIsMade) {
+  auto* nenhum = reinterpret_cast<cotepe_generator*>(&bancada);
+  g_concedidas = 0;
+  const int resultado = cotepe_create(bancada.banco(), &nenhum);
+  g_concedidas = -1;
+  EXPECT_EQ(resultado, COTEPE_NO_MEMORY);
+  EXPECT_EQ(nenhum, nullptr);
+}
+
+TEST_F(InterfaceCFalhas, WithoutMemoryTheIdentityStays) {
+  const std::string longo(100, 'X');
+  bancada.sql("UPDATE dados_ecf SET num_serie='', modelo='', tipo=''");
+  ASSERT_EQ(cotepe_set_identity(gerador, "SERIE", "MODELO", "TIPO"), COTEPE_DONE);
+  for (long concedidas = 0; concedidas < 3; ++concedidas) {
+    g_concedidas = concedidas;
+    const int resultado = cotepe_set_identity(gerador, longo.c_str(), longo.c_str(), longo.c_str());
+    g_concedidas = -1;
+    EXPECT_EQ(resultado, COTEPE_NO_MEMORY) << concedidas;
+  }
+  ASSERT_EQ(gerador.gera("outro"), COTEPE_DONE);
+  EXPECT_EQ(posicoes(gerador.linhas()[0], 1, 31),
+            "E01"
+            "SERIE               "
+            " "
+            "TIPO   ");
+}
+
+TEST_F(InterfaceCFalhas, WhicheverAllocationFailsTheReportIsWholeOrTheResultSaysNot) {
+  const cotepe_time momento = {2024, 1, 31, 23, 59, 59};
+  ASSERT_EQ(cotepe_set_time(gerador, &momento), COTEPE_DONE);
+  ASSERT_EQ(gerador.gera("TDM"), COTEPE_DONE);
+  const std::string inteiro = gerador.relatorio();
+  int falhas = 0;
+  for (long concedidas = 0, sobram = 0; sobram == 0; ++concedidas) {
+    g_concedidas = concedidas;
+    const int resultado = cotepe_generate(gerador, "sem-memoria.txt", "01012024", "31012024", "TDM");
+    sobram = std::exchange(g_concedidas, -1);
+    if (resultado == COTEPE_DONE) continue;
+    EXPECT_EQ(resultado, COTEPE_CANNOT_WRITE) << concedidas;
+    ++falhas;
+  }
+  EXPECT_GT(falhas, 20);
+  unlink("sem-memoria.txt");
+  EXPECT_EQ(gerador.gera("TDM"), COTEPE_DONE);
+  EXPECT_EQ(gerador.relatorio(), inteiro);
+}
+
+}  // namespace

@@ -1,0 +1,165 @@
+// What cotepe check and validate write: SARIF, values with a zero byte, counts, terminals, and what a signal
+// leaves.
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "Cena.h"
+
+namespace {
+
+class CheckSaida : public Cena {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(roda({"sample", "--quiet", "--days", "2", "loja.db"}, pasta()).situacao, 0);
+  }
+  std::vector<std::string> check(const std::vector<std::string>& mais = {}) const {
+    std::vector<std::string> argumentos = {"check", "--db", "loja.db"};
+    argumentos.insert(argumentos.end(), mais.begin(), mais.end());
+    return argumentos;
+  }
+  Fim checa(const std::vector<std::string>& mais = {}) const { return roda(check(mais), pasta()); }
+  void sql(const std::string& texto) const { Banco(em("loja.db")).sql(texto); }
+};
+
+// A terminal to write to; what is written there, its line ends as they were.
+class Terminal {
+ public:
+  Terminal() {
+    char nome[64] = "";
+    EXPECT_EQ(openpty(&mestre_, &escravo_, nome, nullptr, nullptr), 0);
+    nome_ = nome;
+  }
+  ~Terminal() {
+    close(mestre_);
+    close(escravo_);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  const std::string& nome() const { return nome_; }
+  std::string lido() {
+    std::string texto;
+    char bloco[4096];
+    for (pollfd pronto{mestre_, POLLIN, 0}; poll(&pronto, 1, 0) > 0 && (pronto.revents & POLLIN) != 0;) {
+      const ssize_t lidos = read(mestre_, bloco, sizeof bloco);
+      if (lidos <= 0) break;
+      texto.append(bloco, static_cast<std::size_t>(lidos));
+    }
+    for (std::size_t i = texto.find("\r\n"); i != std::string::npos; i = texto.find("\r\n", i))
+      texto.erase(i, 1);
+    return texto;
+  }
+
+ private:
+  int mestre_ = -1, escravo_ = -1;
+  std::string nome_;
+};
+
+constexpr char kMoeda[] =
+    "found no such table, without which the query fails, expected the table (create it; cotepe schema shows "
+    "how)";
+
+TEST_F(CheckSaida, IsSarifToo) {
+  sql("DROP TABLE moeda; DROP TABLE codificacao_gt");
+  const Fim fim = checa({"--format", "sarif", "--max-findings", "1"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.saida,
+      R"({"$schema":"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json",)"
+      R"("version":"2.1.0","runs":[{"results":[)"
+      "\n"
+      R"({"ruleId":"table-missing","level":"error","message":{"text":"E05: )" +
+          std::string(kMoeda) +
+          R"("},"locations":[{"physicalLocation":{"artifactLocation":{"uri":"loja.db"}},)"
+          R"("logicalLocations":[{"fullyQualifiedName":"codificacao_gt"}]}]})"
+          "\n"
+          R"(],"tool":{"driver":{"name":"cotepe","rules":[{"id":"table-missing"}]}},)"
+          R"("properties":{"errors":2,"warnings":0,"shown":1}}]})"
+          "\n");
+}
+
+TEST_F(CheckSaida, ACleanDatabaseIsAWholeSarifDocument) {
+  const Fim fim = checa({"--format", "sarif"});
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_EQ(
+      fim.saida,
+      R"({"$schema":"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json",)"
+      R"("version":"2.1.0","runs":[{"results":[)"
+      "\n"
+      R"(],"tool":{"driver":{"name":"cotepe","rules":[]}},)"
+      R"("properties":{"errors":0,"warnings":0,"shown":0}}]})"
+      "\n");
+}
+
+TEST_F(CheckSaida, AZeroByteInAValueIsShownInEveryFormat) {
+  sql("UPDATE dados_ecf SET marca = 'MAR' || char(0) || 'CA'");
+  const std::string achado =
+      "E01.5 \"Marca\": found \"MAR\\x00CA\", whose zero byte ends the text, expected characters that can be "
+      "seen (remove it)\n1 error, 0 warnings\n";
+  const std::string texto = checa().saida;
+  EXPECT_EQ(texto.substr(texto.find(".marca: ")), ".marca: error control-character " + achado);
+  EXPECT_NE(checa({"--format", "json"}).saida.find(R"("found":"\"MAR\\x00CA\", whose zero byte)"),
+            std::string::npos);
+  EXPECT_NE(checa({"--format", "sarif"}).saida.find(R"(found \"MAR\\x00CA\", whose zero byte)"),
+            std::string::npos);
+}
+
+TEST_F(CheckSaida, TheCountsStayWholeWhateverIsShown) {
+  sql("DROP TABLE moeda; DROP TABLE codificacao_gt; DROP INDEX pagamento_cupom_coo");
+  EXPECT_EQ(checa({"--max-findings", "0"}).saida, "2 errors, 1 warning (0 shown)\n");
+  const std::string todos = checa().saida;
+  EXPECT_EQ(todos.substr(todos.rfind('\n', todos.size() - 2) + 1), "2 errors, 1 warning\n");
+  EXPECT_EQ(checa({"--max-findings", "3"}).saida, todos);
+}
+
+TEST_F(CheckSaida, OnATerminalItHasColoursAndNeverWithNoColor) {
+  sql("DROP TABLE moeda");
+  const std::string inicio = "loja.db: moeda: ", fim = std::string(" table-missing E06: ") + kMoeda;
+  const auto noTerminal = [&](const char* semCores) {
+    Terminal terminal;
+    Processo processo(check());
+    processo.naPasta(pasta()).comAmbiente("NO_COLOR", semCores).comSaidaEm(terminal.nome());
+    EXPECT_EQ(processo.inicia().espera().situacao, 1);
+    return terminal.lido();
+  };
+  EXPECT_EQ(noTerminal(""), inicio + "\033[1;31merror\033[0m" + fim + "\n1 error, 0 warnings\n");
+  EXPECT_EQ(noTerminal("1"), inicio + "error" + fim + "\n1 error, 0 warnings\n");
+  EXPECT_EQ(checa().saida, inicio + "error" + fim + "\n1 error, 0 warnings\n");
+}
+
+TEST_F(CheckSaida, ValidateShowsLineAndCaretOnATerminalAlone) {
+  const std::string linha = "X10" + std::string(81, ' ');
+  escreveArquivo(em("r.txt"), linha + "\n");
+  const std::vector<std::string> validate = {"validate", "r.txt", "--max-findings", "1"};
+  const std::string fora = roda(validate, pasta()).saida;
+  const std::string achado = "r.txt:1: error unknown-register: ";
+  EXPECT_EQ(fora.substr(0, achado.size()), achado);
+  EXPECT_EQ(fora.find("\n  X10"), std::string::npos);
+  Terminal terminal;
+  Processo processo(validate);
+  processo.naPasta(pasta()).comAmbiente("NO_COLOR", "1").comSaidaEm(terminal.nome()).inicia().espera();
+  const std::string nele = terminal.lido();
+  EXPECT_NE(nele.find("\n  X10"), std::string::npos) << nele;
+  EXPECT_EQ(nele.find('\033'), std::string::npos);
+}
+
+TEST_F(CheckSaida, ASignalEndsALongCheckAtOnce) {
+  sql(kMoedaSemFim);
+  for (const auto& [sinal, nome] :
+       std::vector<std::pair<int, std::string>>{{SIGINT, "SIGINT"}, {SIGTERM, "SIGTERM"}}) {
+    Processo processo(check());
+    processo.naPasta(pasta()).inicia();
+    EXPECT_FALSE(processo.termineEm(1000));
+    processo.envia(sinal);
+    const Fim fim = processo.espera();
+    EXPECT_EQ(fim.situacao, 128 + sinal);
+    EXPECT_EQ(fim.erros, "cotepe: interrupted by " + nome + "\n");
+  }
+  EXPECT_EQ(nomes(), std::vector<std::string>{"loja.db"});
+}
+
+}  // namespace

@@ -33,10 +33,12 @@ inline std::ostream& operator<<(std::ostream& saida, const Modo& modo) {
   return saida << modo.comando << ", layout " << modo.versao << (modo.cat52 ? ", CAT52" : "");
 }
 
-/// The name of a report of this process alone, removed at the end.
+/// The name of a report of this process alone, in memory where there is such a place, removed at the end.
 class NomeDoRelatorio {
  public:
-  NomeDoRelatorio() : nome_("faults-" + std::to_string(getpid()) + ".txt") {}
+  NomeDoRelatorio()
+      : nome_((access("/dev/shm", W_OK) == 0 ? "/dev/shm/" : "") + ("faults-" + std::to_string(getpid())) +
+              ".txt") {}
   ~NomeDoRelatorio() { unlink(nome_.c_str()); }
   NomeDoRelatorio(const NomeDoRelatorio&) = delete;
   NomeDoRelatorio& operator=(const NomeDoRelatorio&) = delete;

@@ -1,0 +1,313 @@
+// Runs without memory: every allocation fails in its turn, once or for ever after, until a run needs no more.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "BancoCheio.h"
+#include "Corrida.h"
+#include "Plano.h"
+#include "Relato.h"
+
+namespace {
+
+// One kind of allocation of this process.
+class Memoria {
+ public:
+  // The allocation after `boas` good ones fails, alone or with all that follow it, until `concede`.
+  void falha(long boas, bool paraSempre) {
+    pedidos_ = 0;
+    falhas_ = 0;
+    boas_ = boas;
+    paraSempre_ = paraSempre;
+  }
+  // None fails from now on. Returns how many have failed.
+  long concede() {
+    boas_ = -1;
+    return falhas_;
+  }
+
+  // How many were asked for since `falha` was last called.
+  long pedidos() const { return pedidos_; }
+
+  // What is held now.
+  long pendentes() const { return pendentes_; }
+
+  // For the allocators alone: whether this one is to fail; a block more or less is held.
+  bool nega() {
+    const long este = pedidos_++;
+    const bool negada = boas_ >= 0 && (este == boas_ || (paraSempre_ && este > boas_));
+    if (negada) ++falhas_;
+    return negada;
+  }
+  void conta(int blocos) { pendentes_ += blocos; }
+
+ private:
+  long boas_ = -1;
+  long pedidos_ = 0, falhas_ = 0, pendentes_ = 0;
+  bool paraSempre_ = false;
+};
+
+// Allocations through operator new, and SQLite's, which are counted from before its first use.
+Memoria g_nossa;
+Memoria g_doSqlite;
+
+void* aloca(std::size_t tamanho) noexcept {
+  if (g_nossa.nega()) return nullptr;
+  g_nossa.conta(1);
+  return std::malloc(tamanho == 0 ? 1 : tamanho);
+}
+
+void libera(void* memoria) noexcept {
+  if (memoria != nullptr) g_nossa.conta(-1);
+  std::free(memoria);
+}
+
+}  // namespace
+
+// Every form, for the sanitizers look at the pairs; not inlined, for the compiler does too.
+[[gnu::noinline]] void* operator new(std::size_t tamanho) {
+  if (void* memoria = aloca(tamanho)) return memoria;
+  throw std::bad_alloc();
+}
+[[gnu::noinline]] void* operator new[](std::size_t tamanho) { return operator new(tamanho); }
+[[gnu::noinline]] void* operator new(std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
+  return aloca(tamanho);
+}
+[[gnu::noinline]] void* operator new[](std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
+  return aloca(tamanho);
+}
+[[gnu::noinline]] void operator delete(void* memoria) noexcept { libera(memoria); }
+[[gnu::noinline]] void operator delete[](void* memoria) noexcept { libera(memoria); }
+[[gnu::noinline]] void operator delete(void* memoria, std::size_t /*bytes*/) noexcept { libera(memoria); }
+[[gnu::noinline]] void operator delete[](void* memoria, std::size_t /*bytes*/) noexcept { libera(memoria); }
+
+namespace {
+
+// SQLite's own allocator behind a count. Set before the library is first used, that is before any test.
+class AlocadorDoSqlite {
+ public:
+  AlocadorDoSqlite() {
+    sqlite3_config(SQLITE_CONFIG_GETMALLOC, &proprio_);
+    sqlite3_mem_methods contado = proprio_;
+    contado.xMalloc = [](int bytes) -> void* {
+      if (g_doSqlite.nega()) return nullptr;
+      g_doSqlite.conta(1);
+      return proprio_.xMalloc(bytes);
+    };
+    contado.xRealloc = [](void* memoria, int bytes) -> void* {
+      return g_doSqlite.nega() ? nullptr : proprio_.xRealloc(memoria, bytes);
+    };
+    contado.xFree = [](void* memoria) {
+      if (memoria != nullptr) g_doSqlite.conta(-1);
+      proprio_.xFree(memoria);
+    };
+    posto_ = sqlite3_config(SQLITE_CONFIG_MALLOC, &contado) == SQLITE_OK;
+  }
+  bool posto() const { return posto_; }
+
+ private:
+  static inline sqlite3_mem_methods proprio_{};
+  bool posto_ = false;
+};
+const AlocadorDoSqlite kAlocador;
+
+std::vector<Modo> modos() {
+  std::vector<Modo> todos = {{"TDM", 1, false}, {"TDM", 2, false}, {"MF", 1, false}};
+  if (formaLonga())
+    todos.insert(todos.end(), {{"MF", 2, false},
+                               {"MFD", 1, false},
+                               {"MFD", 2, false},
+                               {"RZ", 1, false},
+                               {"RZ", 2, false},
+                               {"TDM", 2, true}});
+  return todos;
+}
+
+// Whether no line is another than that of the whole report, and each register with fewer lines has a message
+// of its own in the log.
+bool oLogDizOQueFalta(const Corrida& corrida, const Corrida& inteira, const Modo& modo) {
+  std::map<std::string, std::vector<std::string>> mensagens;
+  for (const Passo& passo : plano(modo)) mensagens[passo.codigo()].push_back(passo.mensagem());
+  std::vector<std::string> ditas = corrida.mensagens;
+  for (const auto& [codigo, dele] : mensagens) {
+    const auto linhas = linhasDo(corrida.arquivo, codigo), todas = linhasDo(inteira.arquivo, codigo);
+    if (linhas.size() > todas.size() || !std::equal(linhas.begin(), linhas.end(), todas.begin()))
+      return false;
+    if (linhas.size() == todas.size()) continue;
+    const auto dita = std::find_first_of(ditas.begin(), ditas.end(), dele.begin(), dele.end());
+    if (dita == ditas.end()) return false;
+    ditas.erase(dita);
+  }
+  return !corrida.mensagens.empty();
+}
+
+// What a run without memory may be: the whole report; 4; 5, with its message and nothing written; or 0 with
+// the failure of each register that is not whole in the log. No line is ever another than that of the whole
+// report.
+testing::AssertionResult honesta(const Corrida& corrida, const Corrida& inteira, const Modo& modo) {
+  if (corrida == inteira || corrida.resultado == 4) return testing::AssertionSuccess();
+  if (corrida.resultado == 5)
+    return corrida.arquivo.empty() && corrida.mensagens == std::vector<std::string>{plano(modo)[0].mensagem()}
+               ? testing::AssertionSuccess()
+               : testing::AssertionFailure() << "an identity that failed, with something written";
+  if (corrida.resultado == 0 && oLogDizOQueFalta(corrida, inteira, modo)) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "result " << corrida.resultado << ", log "
+                                     << testing::PrintToString(corrida.mensagens) << ", report\n"
+                                     << corrida.arquivo << "instead of\n"
+                                     << inteira.arquivo;
+}
+
+// What is held when nothing runs; our own counts include what the tests themselves hold.
+struct Guardado {
+  long nosso, doSqlite;
+  sqlite3_int64 bytes;
+};
+Guardado guardado(sqlite3* banco = nullptr) {
+  // A handle keeps the text of its last error: let it be this one.
+  if (banco != nullptr) sqlite3_exec(banco, "no SQL", nullptr, nullptr, nullptr);
+  return {g_nossa.pendentes(), g_doSqlite.pendentes(), sqlite3_memory_used()};
+}
+
+testing::AssertionResult nadaFicou(const Guardado& antes, sqlite3* banco) {
+  const Guardado agora = guardado(banco);
+  if (agora.nosso == antes.nosso && agora.doSqlite == antes.doSqlite && agora.bytes == antes.bytes)
+    return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "blocks " << agora.nosso - antes.nosso << " of ours, "
+                                     << agora.doSqlite - antes.doSqlite << " of SQLite ("
+                                     << agora.bytes - antes.bytes << " bytes) were left";
+}
+
+// The run alone: its file and its messages are looked at when there is memory again.
+int geraSem(Memoria& memoria, CotepeManager& gerador, const Modo& modo, const NomeDoRelatorio& relatorio,
+            long boas, bool paraSempre, long& falhas) {
+  gerador.setVersaoAtoCotepe(modo.versao);
+  gerador.setCAT52(modo.cat52);
+  memoria.falha(boas, paraSempre);
+  const int resultado =
+      gerador.GeraRegistrosTipoE(relatorio.nome(), "01012024", "31012024", modo.comando.c_str());
+  falhas = memoria.concede();
+  return resultado;
+}
+
+// Every allocation of one kind fails in its turn, or every `salto`-th; at the end a run is left untouched.
+void falhaEmCadaUma(Relato& relato, Memoria& memoria, Bancada& bancada, const Modo& modo, bool paraSempre,
+                    long salto) {
+  const NomeDoRelatorio relatorio;
+  CotepeManager& gerador = bancada.gerador();
+  const Corrida inteira = corre(gerador, modo, relatorio);
+  ASSERT_EQ(inteira.resultado, 0);
+  ASSERT_EQ(plano(modo)[0].mensagem(), "Erro no select - GeraRegistrosTipoE");  // made before the counting
+  ASSERT_TRUE(inteira.mensagens.empty());
+  long falhas = 1;
+  for (long n = 0; falhas > 0; n += salto) {
+    SCOPED_TRACE(testing::Message() << modo << ", allocation " << n
+                                    << (paraSempre ? " and all after it" : " alone"));
+    const Guardado antes = guardado(bancada.banco());
+    {
+      Corrida corrida;
+      corrida.resultado = geraSem(memoria, gerador, modo, relatorio, n, paraSempre, falhas);
+      g_mensagens.swap(corrida.mensagens);
+      corrida.arquivo = relatorio.conteudo();
+      EXPECT_TRUE(honesta(corrida, inteira, modo));
+      EXPECT_TRUE(falhas > 0 || corrida == inteira);
+    }
+    EXPECT_EQ(sqlite3_next_stmt(bancada.banco(), nullptr), nullptr) << "a statement was left open";
+    EXPECT_TRUE(corre(gerador, modo, relatorio) == inteira) << "the next run is not whole";
+    EXPECT_TRUE(nadaFicou(antes, bancada.banco()));
+    relato.caso();
+  }
+}
+
+void confere(Relato& relato, Memoria& memoria, bool lookaside, bool paraSempre, long saltoCurto) {
+  ASSERT_TRUE(kAlocador.posto());
+  const Guardado antes = guardado();
+  {
+    Bancada bancada;
+    enche(bancada);
+    ASSERT_EQ(sqlite3_db_config(bancada.banco(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, lookaside ? 1200 : 0,
+                                lookaside ? 100 : 0),
+              SQLITE_OK);
+    for (const Modo& modo : modos())
+      falhaEmCadaUma(relato, memoria, bancada, modo, paraSempre, casos(saltoCurto, 1L));
+    // Integers, whose texts SQLite makes when they are asked for.
+    bancada.sql(
+        "UPDATE posicao_totalizadores_contadores SET valor_gt = 98765432, cont_coo = 12345;"
+        "UPDATE dados_ecf SET num_serie = 4711; UPDATE cupom_fiscal SET valor_total = 12.5, cont_ccf = 1");
+    falhaEmCadaUma(relato, memoria, bancada, {"TDM", 2, false}, paraSempre, casos(saltoCurto, 1L));
+  }
+  EXPECT_EQ(sqlite3_memory_used(), antes.bytes) << "the closed database left memory behind";
+}
+
+TEST(Memoria, OneAllocationOfSqliteThatFails) {
+  Relato relato("Memory", "every allocation of SQLite failing alone, with lookaside");
+  confere(relato, g_doSqlite, true, false, 17);
+}
+
+TEST(Memoria, OneAllocationOfSqliteThatFailsWithoutLookaside) {
+  Relato relato("Memory", "every allocation of SQLite failing alone, without lookaside");
+  confere(relato, g_doSqlite, false, false, 41);
+}
+
+TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOn) {
+  Relato relato("Memory", "every allocation of SQLite failing with all after it, with lookaside");
+  confere(relato, g_doSqlite, true, true, 17);
+}
+
+TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnWithoutLookaside) {
+  Relato relato("Memory", "every allocation of SQLite failing with all after it, without lookaside");
+  confere(relato, g_doSqlite, false, true, 41);
+}
+
+// From the first event of the kind `tipo` of the query with `trecho` on, SQLite has no memory.
+Corrida semMemoriaDesde(Bancada& bancada, unsigned tipo, const char* trecho) {
+  static const char* procurado;
+  procurado = trecho;
+  const auto acaba = [](unsigned /*tipo*/, void* /*nada*/, void* declaracao, void* /*sql*/) {
+    const char* sql = sqlite3_sql(static_cast<sqlite3_stmt*>(declaracao));
+    if (std::strstr(sql, procurado) != nullptr) g_doSqlite.falha(0, true);
+    return 0;
+  };
+  EXPECT_EQ(sqlite3_db_config(bancada.banco(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, 0, 0), SQLITE_OK);
+  const NomeDoRelatorio relatorio;
+  sqlite3_trace_v2(bancada.banco(), tipo, acaba, nullptr);
+  const Corrida corrida = corre(bancada.gerador(), {"TDM", 1, false}, relatorio);
+  g_doSqlite.concede();
+  sqlite3_trace_v2(bancada.banco(), 0, nullptr, nullptr);
+  return corrida;
+}
+
+// The query logs nothing: without the result nobody would know that the user's own total stands there.
+TEST(Memoria, GrandTotalThatCannotBeSoughtForWantOfItIsFour) {
+  Bancada bancada;
+  enche(bancada);
+  const Corrida corrida = semMemoriaDesde(bancada, SQLITE_TRACE_STMT, "MAX(valor_gt)");
+  EXPECT_EQ(corrida.resultado, 4);
+  EXPECT_EQ(linhasDo(corrida.arquivo, "E02"), std::vector<std::string>{});
+}
+
+// SQLite gives no text, as for NULL, and fails a step too late.
+TEST(Memoria, ValueWithoutMemoryForItsTextIsFourAndLeavesNoLine) {
+  Bancada bancada;
+  enche(bancada);
+  bancada.sql("UPDATE fita_detalhe SET coo_final = 123456");
+  const Corrida corrida = semMemoriaDesde(bancada, SQLITE_TRACE_ROW, "fita_detalhe");
+  EXPECT_EQ(corrida.resultado, 4);
+  EXPECT_TRUE(corrida.mensagens.empty());
+  EXPECT_EQ(linhasDo(corrida.arquivo, "E10"), std::vector<std::string>{});
+}
+
+TEST(Memoria, OneAllocationOfOursThatFails) {
+  Relato relato("Memory", "every allocation of the generator failing alone");
+  confere(relato, g_nossa, true, false, 1);
+}
+
+TEST(Memoria, AllAllocationsOfOursThatFailFromOneOn) {
+  Relato relato("Memory", "every allocation of the generator failing with all after it");
+  confere(relato, g_nossa, true, true, 1);
+}
+
+}  // namespace

@@ -125,6 +125,9 @@ pkg_config() {
   confere ./hospedeiro
 }
 
+# What docs/embedding.md shows is what the examples hold.
+documento() { python3 "$aqui/trechos.py" "$FONTES/docs/embedding.md" "$FONTES/examples"; }
+
 python() {
   case "$CXXFLAGS" in
     *-fsanitize=*) pula "a sanitized library must be loaded before the interpreter is" ;;

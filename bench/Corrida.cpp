@@ -175,10 +175,15 @@ void corre(const Pedido& pedido) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && std::string(argv[1]) == "--sqlite") {
+    std::printf("%s\n", sqlite3_libversion());
+    return 0;
+  }
   if (argc < 8) {
     std::fprintf(
         stderr,
-        "usage: %s piso|gerador|referencia DATABASE VERSION COMMAND FROM TO REPORT [PREPARATION...]\n",
+        "usage: %s piso|gerador|referencia DATABASE VERSION COMMAND FROM TO REPORT [PREPARATION...]\n"
+        "       --sqlite as the one argument: prints the version of SQLite\n",
         argv[0]);
     return 2;
   }

@@ -1,0 +1,1 @@
+"""What scripts/bench measures: databases, runs, instructions, handle settings, and their tables."""

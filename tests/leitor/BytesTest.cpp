@@ -41,15 +41,16 @@ Contagem muda(std::string texto) {
 }
 
 // Whatever stands in a text, such as a name, is as good as what stood there; all else is found but for a few
-// digits.
+// digits. The bounds stand just below what was counted, 27632 of 29622 in layout 1 and 35235 of 39513, with
+// its longer texts, in layout 2.
 TEST(Bytes, ChangedOnesAreMostlyFound) {
-  for (const int leiaute : {1, 2}) {
+  for (const auto& [leiaute, aoMenos] : {std::pair<int, long>{1, 27630}, {2, 35230}}) {
     const Contagem contagem = muda(Relatorio::bom(leiaute).texto());
     RecordProperty("found", std::to_string(contagem.achadas) + " of " + std::to_string(contagem.mudancas));
     std::cout << "layout " << leiaute << ": " << contagem.achadas << " of " << contagem.mudancas
               << " changes found (" << contagem.parte() << " %), " << contagem.posicoesSempreAchadas << " of "
               << contagem.posicoes << " positions always\n";
-    EXPECT_GE(contagem.parte(), 50.0);
+    EXPECT_GE(contagem.achadas, aoMenos);
   }
 }
 

@@ -19,20 +19,6 @@ constexpr char kPreparo[] =
     "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON; BEGIN;"
     "SELECT count(*) FROM sqlite_schema";
 
-[[noreturn]] void naoAbre(const std::string& caminho, const std::string& encontrado) {
-  throw Falha(kNaoAbre, "cannot open the database", caminho, encontrado, "a fiscal database in a file",
-              "check --db");
-}
-
-// A pipe would be waited for, and a folder gives SQLite little to say.
-void exigeArquivo(const std::string& caminho) {
-  struct stat situacao {};
-  if (stat(caminho.c_str(), &situacao) != 0) naoAbre(caminho, motivoDoSistema(errno));
-  if (S_ISDIR(situacao.st_mode)) naoAbre(caminho, "a folder");
-  if (!S_ISREG(situacao.st_mode)) naoAbre(caminho, "something that is not a regular file");
-  if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
-}
-
 // SQLite takes some relative names for something else than a file.
 std::string comPasta(const std::string& caminho) { return caminho.front() == '/' ? caminho : "./" + caminho; }
 
@@ -68,8 +54,9 @@ Explicacao explica(sqlite3* banco, std::chrono::milliseconds espera) {
 
 }  // namespace
 
-BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera)
-    : espera_{espera, std::chrono::steady_clock::now()} {
+BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera,
+                                         int situacao)
+    : situacao_(situacao), espera_{espera, std::chrono::steady_clock::now()} {
   exigeArquivo(caminho);
   const int resultado = sqlite3_open_v2(comPasta(caminho).c_str(), &banco_, SQLITE_OPEN_READONLY, nullptr);
   try {
@@ -82,6 +69,20 @@ BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono
 }
 
 BancoSomenteLeitura::~BancoSomenteLeitura() { sqlite3_close(banco_); }
+
+// A pipe would be waited for, and a folder gives SQLite little to say.
+void BancoSomenteLeitura::exigeArquivo(const std::string& caminho) const {
+  struct stat lido {};
+  if (stat(caminho.c_str(), &lido) != 0) naoAbre(caminho, motivoDoSistema(errno));
+  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, "a folder");
+  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, "something that is not a regular file");
+  if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
+}
+
+void BancoSomenteLeitura::naoAbre(const std::string& caminho, const std::string& encontrado) const {
+  throw Falha(situacao_, "cannot open the database", caminho, encontrado, "a fiscal database in a file",
+              "check --db");
+}
 
 void BancoSomenteLeitura::prepara(const std::string& caminho) {
   sqlite3_extended_result_codes(banco_, 1);
@@ -101,7 +102,7 @@ int BancoSomenteLeitura::aoOcupar(void* espera, int /*tentativas*/) {
 
 void BancoSomenteLeitura::naoLe(const std::string& caminho) const {
   const Explicacao motivo = explica(banco_, espera_.maximo);
-  throw Falha(kNaoAbre, "cannot read the database", caminho, motivo.encontrado, motivo.esperado,
+  throw Falha(situacao_, "cannot read the database", caminho, motivo.encontrado, motivo.esperado,
               motivo.oQueFazer);
 }
 

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <string>
 
+#include "Falha.h"
+
 struct sqlite3;
 
 namespace cotepe::programa {
@@ -12,8 +14,9 @@ class BancoSomenteLeitura {
  public:
   /// Opens an existing file read-only (query_only on, trusted_schema off, cell_size_check on) and begins the
   /// one read transaction that lasts as long as the object. Waits at most `espera` for a lock. Throws Falha
-  /// (kNaoAbre), which says what is wrong with the file, and Interrupcao when a signal comes while it waits.
-  BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera);
+  /// (of the status given), which says what is wrong with the file, and Interrupcao when a signal comes while
+  /// it waits.
+  BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera, int situacao = kNaoAbre);
   ~BancoSomenteLeitura();
   BancoSomenteLeitura(const BancoSomenteLeitura&) = delete;
   BancoSomenteLeitura& operator=(const BancoSomenteLeitura&) = delete;
@@ -27,10 +30,13 @@ class BancoSomenteLeitura {
   };
 
   static int aoOcupar(void* espera, int tentativas);
+  void exigeArquivo(const std::string& caminho) const;
+  [[noreturn]] void naoAbre(const std::string& caminho, const std::string& encontrado) const;
   void prepara(const std::string& caminho);
   [[noreturn]] void naoLe(const std::string& caminho) const;
 
   sqlite3* banco_ = nullptr;
+  int situacao_;
   Espera espera_;
 };
 

@@ -75,7 +75,7 @@ OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
 int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
 
 void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificacao, SaidaDeAchados& saida) {
-  const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
+  const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
   try {
     verificaBanco(aberto.banco(), verificacao, saida);
@@ -134,7 +134,7 @@ Execucao declaraCheck(CLI::App& comando) {
       ->take_all();
   comando.add_flag("--rules", o->regras, "List the rules and exit");
   comando.footer(
-      "Exit status: 0 nothing found, 1 findings, 2 could not run, 3 the database cannot be opened.\n"
+      "Exit status: 0 nothing found, 1 findings, 2 could not run.\n"
       "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "
       "tables\n"
       "and what does not match between tables always whole.");

@@ -22,6 +22,7 @@ constexpr struct {
     {"check", "Check a fiscal database against what the registers need", declaraCheck},
     {"validate", "Check a report against the rules", declaraValidate},
     {"show", "Print the records of a report by label and value", declaraShow},
+    {"explain", "Say what a line of a report means, field by field", declaraExplain},
     {"diff", "Compare two reports, record by record", declaraDiff},
     {"verify", "Prove that a report is what the database says", declaraVerify},
 };

@@ -2,14 +2,11 @@
 #include <sqlite3.h>
 
 #include <memory>
-#include <optional>
 
-#include "AjustesDoRelatorio.h"
+#include "AjustesDaGeracao.h"
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
-#include "Consulta.h"
-#include "Dia.h"
 #include "Diferenca.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
@@ -27,73 +24,14 @@ namespace cotepe::programa {
 namespace {
 
 constexpr int kPassosEntrePulsos = 10000;  // virtual-machine instructions of SQLite
-constexpr char kDiaSemNada[] = "0001-01-01";
 
 struct OpcoesDoVerify {
-  std::string banco, relatorio, de, ate, comando;
-  std::optional<int> leiaute;
-  std::optional<bool> cat52;
-  Identidade identidade;
+  std::string banco, relatorio;
+  OpcoesDeAjuste ajuste;
   int espera = 5000;  // milliseconds
   bool calado = false;
   OpcoesDeDiferencas saida;
 };
-
-/// What a report is generated with.
-struct Ajuste {
-  AjusteDoLeiaute leiaute;
-  std::string comando;
-  Dia de, ate;
-};
-
-Dia diaDe(const std::string& iso) { return *Dia::le(iso); }
-
-std::string comHifens(const std::string& aaaammdd) {
-  return aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2);
-}
-
-// The last day of movement of a report whose E12 does not tell: that of E01's last reduction, which the
-// database knows. E01 itself tells only when that was issued, often after midnight.
-std::string ultimoMovimento(sqlite3* banco, const AjustesDoRelatorio& lidos) {
-  if (lidos.ultimoCrz.empty() || lidos.primeiro.empty() || lidos.ultimaEmissao.empty()) return {};
-  Consulta consulta(
-      banco, "SELECT MAX(SUBSTR(data_movimento, 1, 10)) FROM reducao_z WHERE data_movimento >= '" +
-                 comHifens(lidos.primeiro) + "' AND data_hora_emissao <= '" + comHifens(lidos.ultimaEmissao) +
-                 " 23:59:59' AND CAST(cont_crz AS INTEGER) % 1000000 = " + lidos.ultimoCrz);
-  return consulta.avanca() ? consulta.texto(0) : "";
-}
-
-Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
-  const std::string hifens = lidos.ultimo.empty() ? kDiaSemNada : comHifens(lidos.ultimo);
-  const std::optional<Dia> movimento = Dia::le(ultimoMovimento(banco, lidos));
-  const Dia ultimo = diaDe(hifens);
-  return movimento && ultimo < *movimento ? *movimento : ultimo;
-}
-
-std::vector<Ajuste> possiveis(sqlite3* banco, const AjustesDoRelatorio& lidos, const OpcoesDoVerify& opcoes) {
-  const Dia de = !opcoes.de.empty()       ? exigeDia("--from", opcoes.de)
-                 : lidos.primeiro.empty() ? diaDe(kDiaSemNada)
-                                          : diaDe(comHifens(lidos.primeiro));
-  const Dia ate = !opcoes.ate.empty() ? exigeDia("--to", opcoes.ate) : ultimoDia(banco, lidos);
-  const std::string comando = opcoes.comando.empty() ? lidos.comando : opcoes.comando;
-  std::vector<Ajuste> todos;
-  for (AjusteDoLeiaute leiaute : lidos.leiautes) {
-    leiaute.versao = opcoes.leiaute.value_or(leiaute.versao);
-    leiaute.cat52 = opcoes.cat52.value_or(leiaute.cat52);
-    bool novo = true;
-    for (const Ajuste& outro : todos) novo = novo && !(outro.leiaute == leiaute);
-    if (novo) todos.push_back({leiaute, comando, de, ate});
-  }
-  return todos;
-}
-
-std::string texto(const Ajuste& ajuste, const OpcoesDoVerify& opcoes) {
-  const auto de = [](bool dado) { return dado ? " (given)" : " (derived)"; };
-  return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value()) + ", CAT52 " +
-         (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value()) + ", command " +
-         (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) + ", from " +
-         ajuste.de.iso() + de(!opcoes.de.empty()) + " to " + ajuste.ate.iso() + de(!opcoes.ate.empty());
-}
 
 class Contagem final : public RecebeAchados {
  public:
@@ -124,7 +62,7 @@ class Verificacao {
     auto saida = saidaPadrao();
     ArquivoDeLog log;
     const std::string momento = momentoAtual();
-    HospedeiroDoPrograma hospedeiro(opcoes_.identidade, momento, banco_, log, progresso_);
+    HospedeiroDoPrograma hospedeiro(opcoes_.ajuste.identidade, momento, banco_, log, progresso_);
     const auto continua = [](void* quem) {
       return static_cast<HospedeiroDoPrograma*>(quem)->continua() ? 0 : 1;
     };
@@ -142,7 +80,7 @@ class Verificacao {
 
   void exigeInteiro(int resultado, const HospedeiroDoPrograma& hospedeiro) const {
     if (resultado == kIdentidadeFalhou)
-      throw Falha(kSemIdentidade, "cannot read the printer's identity", opcoes_.banco, hospedeiro.motivo(),
+      throw Falha(kUsoErrado, "cannot read the printer's identity", opcoes_.banco, hospedeiro.motivo(),
                   "the tables dados_ecf and dados_usuario", "check that --db is a fiscal database");
     if (resultado != kGerado)
       throw Falha(kNaoEscreve, "cannot write the temporary file", opcoes_.relatorio,
@@ -181,11 +119,11 @@ void executa(const OpcoesDoVerify& opcoes) {
   RelatorioLido relatorio(opcoes.relatorio);
   const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
   relatorio.confereLeitura();
-  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
-  const std::vector<Ajuste> ajustes = possiveis(banco.banco(), lidos, opcoes);
+  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
+  const std::vector<Ajuste> ajustes = ajustesPossiveis(banco.banco(), lidos, opcoes.ajuste);
   Verificacao verificacao(opcoes, banco.banco());
   const Ajuste& ajuste = melhor(verificacao, ajustes);
-  if (!opcoes.calado) avisa(relatorio.nome() + ": " + texto(ajuste, opcoes));
+  if (!opcoes.calado) avisa(relatorio.nome() + ": " + textoDoAjuste(ajuste, opcoes.ajuste));
 
   FluxoDeSaida fluxo;
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
@@ -195,30 +133,13 @@ void executa(const OpcoesDoVerify& opcoes) {
   if (saida.total() > 0) throw Falha(kIncompleto, relatorio.nome() + ": not what the database says");
 }
 
-void declaraAjustes(CLI::App& comando, OpcoesDoVerify& o) {
-  comando.add_option("--from", o.de, "First day, DDMMYYYY or YYYY-MM-DD")->type_name("DAY");
-  comando.add_option("--to", o.ate, "Last day, the same forms")->type_name("DAY");
-  comando.add_option("--command", o.comando, "The command as generate was given it")->type_name("COMMAND");
-  comando.add_option("--layout", o.leiaute, "Layout version")
-      ->type_name("VERSION")
-      ->check(CLI::IsMember({1, 2, 3}));
-  comando.add_flag_callback(
-      "--cat52", [&o] { o.cat52 = true; }, "CAT52 mode");
-  comando.add_flag_callback(
-      "--no-cat52", [&o] { o.cat52 = false; }, "No CAT52 mode");
-  comando.add_option("--serial", o.identidade.serial, "Manufacture number, if the database has none")
-      ->type_name("TEXT");
-  comando.add_option("--model", o.identidade.modelo, "Model, if the database has none")->type_name("TEXT");
-  comando.add_option("--type", o.identidade.tipo, "Type, if the database has none")->type_name("TEXT");
-}
-
 }  // namespace
 
 Execucao declaraVerify(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoVerify>();
   comando.add_option("--db", o->banco, "Fiscal database; it is only read")->type_name("FILE")->required();
   comando.add_option("REPORT", o->relatorio, "The report, a file")->required();
-  declaraAjustes(comando, *o);
+  declaraAjustes(comando, o->ajuste);
   comando
       .add_option("--busy-timeout", o->espera,
                   "How long to wait for a locked database, in milliseconds (5000)")
@@ -233,8 +154,8 @@ Execucao declaraVerify(CLI::App& comando) {
       "E12, the tapes of E10 and the last reduction of E01 as the database has it. The period asked for may\n"
       "have been longer; days without anything in them leave no trace. The time stamp of E11 is not "
       "compared.\n"
-      "Exit status: 0 the report is what the database says, 1 it is not, 2 could not run, 3 the database\n"
-      "cannot be opened, 4 no room for the temporary file, 5 the identity query failed.");
+      "Exit status: 0 the report is what the database says, 1 it is not, 2 could not run, 4 no room for the\n"
+      "temporary file.");
   return [o] { executa(*o); };
 }
 

@@ -77,8 +77,12 @@ TEST_F(Check, WrongUsageIsRefused) {
   }
 }
 
-TEST_F(Check, ADatabaseThatCannotBeOpenedIsStatus3) {
-  EXPECT_EQ(roda({"check", "--db", "nenhum.db"}, pasta()).situacao, 3);
+TEST_F(Check, ADatabaseThatCannotBeOpenedIsStatus2) {
+  EXPECT_EQ(roda({"check", "--db", "nenhum.db"}, pasta()).situacao, 2);
+  escreveArquivo(em("texto.db"), "not a database, though long enough to be looked at as if it were one");
+  EXPECT_EQ(roda({"check", "--db", "texto.db"}, pasta()).situacao, 2);
+  const std::string ajuda = roda({"check", "--help"}).saida;
+  EXPECT_NE(ajuda.find("Exit status: 0 nothing found, 1 findings, 2 could not run.\n"), std::string::npos);
 }
 
 TEST_F(Check, RulesAreListed) {

@@ -1,0 +1,42 @@
+// The queries of the registers taken apart: what each column of a row is made of.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cotepe {
+
+/// One expression of a SELECT's list.
+struct Expressao {
+  std::string sql;             // without its alias
+  std::string funcao;          // the outermost function, in capitals; empty for a column or a constant
+  std::string argumento;       // the column in it, as the query names it; empty for a constant
+  std::string tabela, coluna;  // the same, resolved
+
+  bool constante() const { return argumento.empty(); }
+  bool soma() const { return funcao == "SUM"; }
+  bool extremo() const { return funcao == "MIN" || funcao == "MAX"; }
+
+  /// What is read, for people: "the first 39 characters of cupom_fiscal.nome_consumidor".
+  std::string emPalavras() const;
+};
+
+struct TabelaNomeada {
+  std::string apelido, nome;
+};
+
+/// One SELECT of a query, the only one or one of a compound.
+struct SelectAnalisado {
+  std::vector<Expressao> lista;  // empty where the query says "*"
+  std::vector<TabelaNomeada> tabelas;
+  std::string resto;  // from FROM on, without GROUP BY and ORDER BY
+
+  /// The same with the columns that "*" stands for, those of its one table.
+  SelectAnalisado comColunas(const std::vector<std::string>& nomes) const;
+};
+
+/// Takes apart SELECTs as the registers have them: tables behind FROM and JOIN, aliases behind AS.
+std::vector<SelectAnalisado> analisa(std::string_view sql);
+
+}  // namespace cotepe

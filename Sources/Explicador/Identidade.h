@@ -1,0 +1,31 @@
+// The printer's identity as a run reads it before its first register.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "Leiaute/Execucao.h"
+
+struct sqlite3;
+
+namespace cotepe {
+
+using Fila = std::vector<std::string>;  // the texts of a row; NULL is an empty one
+
+extern const char* const kConsultaDaIdentidade;
+
+/// Of each setting its text, as the records have it, and the row it comes from; without a row it is the
+/// application's.
+struct IdentidadeLida {
+  enum Coluna : std::uint8_t { kSerie, kModelo, kUsuario };
+
+  char nrFabricacao[21] = "", modelo[21] = "", usuario[3] = "";
+  std::array<Fila, 3> filas;
+  bool completa = false;
+};
+
+/// The database's texts go before the application's; of several rows the last one counts.
+IdentidadeLida leIdentidade(sqlite3* banco, Hospedeiro& hospedeiro);
+
+}  // namespace cotepe

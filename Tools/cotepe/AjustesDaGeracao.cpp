@@ -1,0 +1,79 @@
+#include "AjustesDaGeracao.h"
+
+#include "Consulta.h"
+
+namespace cotepe::programa {
+namespace {
+
+constexpr char kDiaSemNada[] = "0001-01-01";
+
+Dia diaDe(const std::string& iso) { return *Dia::le(iso); }
+
+std::string comHifens(const std::string& aaaammdd) {
+  return aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2);
+}
+
+// The last day of movement of a report whose E12 does not tell: that of E01's last reduction, which the
+// database knows. E01 itself tells only when that was issued, often after midnight.
+std::string ultimoMovimento(sqlite3* banco, const AjustesDoRelatorio& lidos) {
+  if (lidos.ultimoCrz.empty() || lidos.primeiro.empty() || lidos.ultimaEmissao.empty()) return {};
+  Consulta consulta(
+      banco, "SELECT MAX(SUBSTR(data_movimento, 1, 10)) FROM reducao_z WHERE data_movimento >= '" +
+                 comHifens(lidos.primeiro) + "' AND data_hora_emissao <= '" + comHifens(lidos.ultimaEmissao) +
+                 " 23:59:59' AND CAST(cont_crz AS INTEGER) % 1000000 = " + lidos.ultimoCrz);
+  return consulta.avanca() ? consulta.texto(0) : "";
+}
+
+Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
+  const std::string hifens = lidos.ultimo.empty() ? kDiaSemNada : comHifens(lidos.ultimo);
+  const std::optional<Dia> movimento = Dia::le(ultimoMovimento(banco, lidos));
+  const Dia ultimo = diaDe(hifens);
+  return movimento && ultimo < *movimento ? *movimento : ultimo;
+}
+
+}  // namespace
+
+void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
+  comando.add_option("--from", o.de, "First day, DDMMYYYY or YYYY-MM-DD")->type_name("DAY");
+  comando.add_option("--to", o.ate, "Last day, the same forms")->type_name("DAY");
+  comando.add_option("--command", o.comando, "The command as generate was given it")->type_name("COMMAND");
+  comando.add_option("--layout", o.leiaute, "Layout version")
+      ->type_name("VERSION")
+      ->check(CLI::IsMember({1, 2, 3}));
+  comando.add_flag_callback(
+      "--cat52", [&o] { o.cat52 = true; }, "CAT52 mode");
+  comando.add_flag_callback(
+      "--no-cat52", [&o] { o.cat52 = false; }, "No CAT52 mode");
+  comando.add_option("--serial", o.identidade.serial, "Manufacture number, if the database has none")
+      ->type_name("TEXT");
+  comando.add_option("--model", o.identidade.modelo, "Model, if the database has none")->type_name("TEXT");
+  comando.add_option("--type", o.identidade.tipo, "Type, if the database has none")->type_name("TEXT");
+}
+
+std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
+                                     const OpcoesDeAjuste& opcoes) {
+  const Dia de = !opcoes.de.empty()       ? exigeDia("--from", opcoes.de)
+                 : lidos.primeiro.empty() ? diaDe(kDiaSemNada)
+                                          : diaDe(comHifens(lidos.primeiro));
+  const Dia ate = !opcoes.ate.empty() ? exigeDia("--to", opcoes.ate) : ultimoDia(banco, lidos);
+  const std::string comando = opcoes.comando.empty() ? lidos.comando : opcoes.comando;
+  std::vector<Ajuste> todos;
+  for (AjusteDoLeiaute leiaute : lidos.leiautes) {
+    leiaute.versao = opcoes.leiaute.value_or(leiaute.versao);
+    leiaute.cat52 = opcoes.cat52.value_or(leiaute.cat52);
+    bool novo = true;
+    for (const Ajuste& outro : todos) novo = novo && !(outro.leiaute == leiaute);
+    if (novo) todos.push_back({leiaute, comando, de, ate});
+  }
+  return todos;
+}
+
+std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes) {
+  const auto de = [](bool dado) { return dado ? " (given)" : " (derived)"; };
+  return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value()) + ", CAT52 " +
+         (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value()) + ", command " +
+         (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) + ", from " +
+         ajuste.de.iso() + de(!opcoes.de.empty()) + " to " + ajuste.ate.iso() + de(!opcoes.ate.empty());
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,234 @@
+// cotepe explain: a line of a report, field by field, and the rows of the database behind it.
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <memory>
+
+#include "AjustesDaGeracao.h"
+#include "ArquivoDeLog.h"
+#include "BancoSomenteLeitura.h"
+#include "Comandos.h"
+#include "Falha.h"
+#include "FluxoDeSaida.h"
+#include "LugarNoRelatorio.h"
+#include "Progresso.h"
+#include "RelatorioLido.h"
+#include "SaidaDaExplicacao.h"
+#include "SaidaDeAchados.h"
+#include "Sinais.h"
+
+namespace cotepe::programa {
+namespace {
+
+constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
+
+struct OpcoesDoExplain {
+  std::string lugar, formato = "text", banco;
+  OpcoesDeAjuste ajuste;
+  int espera = 5000;  // milliseconds
+};
+
+/// The line meant, read in its place in the report and kept.
+struct LinhaPedida {
+  std::string texto;
+  RegistroLido lido;  // of `texto`
+  std::vector<CampoLido> campos;
+  AjusteDoLeiaute leiaute;
+};
+
+std::string lugarComLinha(const std::string& nome, const LugarNoRelatorio& lugar) {
+  return nome + ':' + std::to_string(lugar.linha);
+}
+
+void guarda(LinhaPedida& pedida, const RegistroLido& lido, const AjusteDoLeiaute& leiaute) {
+  pedida.texto = lido.linha.texto;
+  pedida.campos.assign(lido.campos, lido.campos + lido.quantos);
+  pedida.lido = lido;
+  pedida.lido.linha.texto = pedida.texto;
+  pedida.lido.campos = pedida.campos.data();
+  pedida.leiaute = leiaute;
+}
+
+// Leaves the line in `pedida`, which must stay where it is.
+void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
+  RelatorioLido relatorio(lugar.arquivo);
+  LeitorDeRegistros registros(relatorio.linhas());
+  long linhas = 0;
+  RegistroLido lido;
+  while (linhas < lugar.linha && registros.proximo(lido)) ++linhas;
+  relatorio.confereLeitura();
+  const std::string onde = lugarComLinha(relatorio.nome(), lugar);
+  if (linhas < lugar.linha)
+    throw Falha(kUsoErrado, "no such line", onde, "a file of " + std::to_string(linhas) + " lines",
+                linhas == 0 ? "a report with lines" : "a line from 1 to " + std::to_string(linhas),
+                "correct it");
+  if (lido.registro == nullptr)
+    throw Falha(kUsoErrado, "cannot explain the line", onde, "one that begins with no register's code",
+                "E01 to E22", "see cotepe validate, which says what is wrong with it");
+  guarda(pedida, lido, registros.ajuste());
+}
+
+// The field that the column given stands in, from 0; below 0 where none is given.
+int campoPedido(const LinhaPedida& pedida, const LugarNoRelatorio& lugar, const std::string& nome) {
+  if (lugar.coluna == 0) return -1;
+  const RegistroLido& lido = pedida.lido;
+  for (std::size_t i = 0; i < lido.quantos; ++i) {
+    const long de = lido.campos[i].posicao + 1;
+    if (lugar.coluna >= de && lugar.coluna < de + static_cast<long>(lido.bytes(i).size()))
+      return static_cast<int>(i);
+  }
+  const std::string onde = lugarComLinha(nome, lugar) + ':' + std::to_string(lugar.coluna);
+  const auto tamanho = static_cast<long>(pedida.texto.size());
+  const long ultimo = std::min<long>(tamanho, lido.comprimento);
+  throw Falha(kUsoErrado, "no such byte", onde,
+              lugar.coluna > tamanho ? "a line of " + std::to_string(tamanho) + " bytes"
+                                     : "a byte behind the last field, which is no field's",
+              "a byte from 1 to " + std::to_string(ultimo), "correct it");
+}
+
+// The line's number among those of the report that are the same, from 1.
+long vezNoRelatorio(const LugarNoRelatorio& lugar, const std::string& texto) {
+  RelatorioLido relatorio(lugar.arquivo);
+  long vez = 0;
+  for (LinhaLida linha; relatorio.linhas().proxima(linha);) {
+    if (linha.texto == texto) ++vez;
+    if (linha.numero == lugar.linha) break;
+  }
+  relatorio.confereLeitura();
+  return vez;
+}
+
+int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
+
+/// The register of the line written again from the database, under each of the settings that are possible.
+class Busca {
+ public:
+  Busca(const OpcoesDoExplain& opcoes, const LugarNoRelatorio& lugar, const LinhaPedida& pedida)
+      : opcoes_(opcoes),
+        lugar_(lugar),
+        pedida_(pedida),
+        aberto_(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado),
+        progresso_(true),
+        momento_(momentoDaLinha(pedida)),
+        hospedeiro_(opcoes.ajuste.identidade, momento_, aberto_.banco(), log_, progresso_) {
+    sqlite3_progress_handler(aberto_.banco(), kPassosEntreOlhares, interrompe, nullptr);
+  }
+
+  /// Empty where the database does not give the line.
+  std::vector<Procedencia> procedencias(int so) {
+    const IdentidadeLida identidade = leIdentidade(aberto_.banco(), hospedeiro_);
+    if (!identidade.completa) falhou(sqlite3_errmsg(aberto_.banco()));
+    const long vez = vezNoRelatorio(lugar_, pedida_.texto);
+    for (const Ajuste& ajuste : possiveis()) {
+      const Registro& registro = *pedida_.lido.registro;
+      if (!registro.despachado(ajuste.comando.c_str(), ajuste.leiaute.versao)) continue;
+      const std::string de = ajuste.de.iso() + " 00:00:00", ate = ajuste.ate.iso() + " 23:59:59";
+      const std::string comando = ajuste.comando.substr(0, 3);
+      const int versao = ajuste.leiaute.versao;
+      Rastro rastro(aberto_.banco(), registro,
+                    {versao, ajuste.leiaute.cat52, larguraDoContador(versao), moduloDoContador(versao),
+                     identidade.nrFabricacao, identidade.modelo, identidade.usuario, comando.c_str(),
+                     de.c_str(), ate.c_str()},
+                    hospedeiro_, pedida_.texto, vez);
+      registro.escreve(rastro, registro);
+      paraSeInterrompido();
+      if (rastro.achada()) return tracadas(rastro, identidade, so);
+      if (!rastro.completa()) falhou(hospedeiro_.motivo());
+    }
+    return {};
+  }
+
+ private:
+  // What the clock said when the line was written, where it has a stamp.
+  static std::string momentoDaLinha(const LinhaPedida& pedida) {
+    constexpr std::size_t kData = 122, kHora = 130;
+    if (pedida.lido.registro != &kE11 || pedida.texto.size() < kHora + 6) return "00000000 000000";
+    return pedida.texto.substr(kData, 8) + ' ' + pedida.texto.substr(kHora);
+  }
+
+  std::vector<Ajuste> possiveis() const {
+    RelatorioLido relatorio(lugar_.arquivo);
+    const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
+    relatorio.confereLeitura();
+    return ajustesPossiveis(aberto_.banco(), lidos, opcoes_.ajuste);
+  }
+
+  std::vector<Procedencia> tracadas(const Rastro& rastro, const IdentidadeLida& identidade, int so) const {
+    std::vector<Procedencia> todas =
+        cotepe::procedencias(aberto_.banco(), pedida_.lido, rastro, identidade, so);
+    paraSeInterrompido();
+    return todas;
+  }
+
+  [[noreturn]] void falhou(const std::string& motivo) const {
+    paraSeInterrompido();
+    throw Falha(kUsoErrado, "cannot trace the line", opcoes_.banco, motivo,
+                std::string("the tables that ") + pedida_.lido.registro->codigo + " is read from",
+                "see cotepe check");
+  }
+
+  const OpcoesDoExplain& opcoes_;
+  const LugarNoRelatorio& lugar_;
+  const LinhaPedida& pedida_;
+  const BancoSomenteLeitura aberto_;
+  ArquivoDeLog log_;
+  Progresso progresso_;
+  std::string momento_;
+  HospedeiroDoPrograma hospedeiro_;
+};
+
+void escreve(const OpcoesDoExplain& opcoes, const LinhaExplicada& linha) {
+  FluxoDeSaida fluxo;
+  if (opcoes.formato == "json")
+    escreveJson(fluxo, linha);
+  else
+    escreveTexto(fluxo, linha, SaidaDeAchados::opcoesPara(STDOUT_FILENO).cores);
+  fluxo.flush();
+}
+
+void executa(const OpcoesDoExplain& opcoes) {
+  const LugarNoRelatorio lugar = lugarNoRelatorio(opcoes.lugar);
+  const bool doStdin = lugar.arquivo == "-";
+  if (doStdin && !opcoes.banco.empty())
+    throw Falha(kUsoErrado, "wrong usage", "FILE", "stdin", "with --db a file, which is read more than once",
+                "name it");
+  LinhaPedida pedida;
+  leLinha(lugar, pedida);
+  const std::string nome = doStdin ? "stdin" : lugar.arquivo;
+  LinhaExplicada linha{nome, lugar.linha, explica(pedida.lido, pedida.leiaute), {}, -1};
+  linha.so = campoPedido(pedida, lugar, nome);
+  if (!opcoes.banco.empty()) linha.procedencias = Busca(opcoes, lugar, pedida).procedencias(linha.so);
+  escreve(opcoes, linha);
+  if (!opcoes.banco.empty() && linha.procedencias.empty())
+    throw Falha(kIncompleto, lugarComLinha(nome, lugar) + ": not what the database says; see cotepe verify");
+}
+
+}  // namespace
+
+Execucao declaraExplain(CLI::App& comando) {
+  const auto o = std::make_shared<OpcoesDoExplain>();
+  comando
+      .add_option(
+          "FILE:LINE[:COLUMN]", o->lugar,
+          "A line of a report, or the field that holds a byte of it, both from 1; -- -:LINE for stdin")
+      ->required();
+  comando.add_option("--db", o->banco, "Name table, row and column too; the database is only read")
+      ->type_name("FILE");
+  declaraAjustes(comando, o->ajuste);
+  comando
+      .add_option("--busy-timeout", o->espera,
+                  "How long to wait for a locked database, in milliseconds (5000)")
+      ->type_name("MS")
+      ->check(CLI::Range(0, 86400000));
+  comando.add_option("--format", o->formato, "text or json (text)")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json"}));
+  comando.footer(
+      "With --db the line's register is written again, and the rows are those that give the same line. What\n"
+      "the report was made with is derived from it, as cotepe verify does, or given with the options above.\n"
+      "Values of the database are printed as SQL would have them.\n"
+      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run.");
+  return [o] { executa(*o); };
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,44 @@
+#include "LugarNoRelatorio.h"
+
+#include <charconv>
+
+#include "Falha.h"
+
+namespace cotepe::programa {
+namespace {
+
+// Takes the last part away where it is a number.
+bool tiraNumero(std::string& texto, long& numero) {
+  const std::size_t doisPontos = texto.rfind(':');
+  if (doisPontos == std::string::npos) return false;
+  const char* inicio = texto.data() + doisPontos + 1;
+  const char* fim = texto.data() + texto.size();
+  long lido = 0;
+  const auto [ate, erro] = std::from_chars(inicio, fim, lido);
+  if (inicio == fim || *inicio == '-' || ate != fim || erro != std::errc()) return false;
+  numero = lido;
+  texto.erase(doisPontos);
+  return true;
+}
+
+}  // namespace
+
+LugarNoRelatorio lugarNoRelatorio(const std::string& texto) {
+  LugarNoRelatorio lugar;
+  lugar.arquivo = texto;
+  bool certo = tiraNumero(lugar.arquivo, lugar.linha);
+  bool comColuna = false;
+  if (long linha = 0; certo && tiraNumero(lugar.arquivo, linha)) {
+    lugar.coluna = lugar.linha;
+    lugar.linha = linha;
+    comColuna = true;
+  }
+  certo = certo && !lugar.arquivo.empty() && lugar.linha > 0 && (!comColuna || lugar.coluna > 0);
+  if (certo) return lugar;
+  throw Falha(kUsoErrado, "wrong usage", "FILE:LINE[:COLUMN]", texto.empty() ? "nothing" : texto,
+              "a report and a line, such as report.txt:12, or also a byte of it, such as report.txt:12:50, "
+              "both from 1",
+              "correct it");
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,18 @@
+// A place in a report as users write it: FILE:LINE[:COLUMN].
+#pragma once
+
+#include <string>
+
+namespace cotepe::programa {
+
+struct LugarNoRelatorio {
+  std::string arquivo;
+  long linha = 0;   // from 1
+  long coluna = 0;  // a byte of the line, from 1; 0 for none given
+};
+
+/// Reads the last two parts as line and column where both are numbers, else the last one as the line; the
+/// rest is the file, which may have colons of its own. Throws Falha (kUsoErrado).
+LugarNoRelatorio lugarNoRelatorio(const std::string& texto);
+
+}  // namespace cotepe::programa

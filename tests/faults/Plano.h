@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -110,7 +109,10 @@ using Coluna = std::pair<std::string, std::string>;
 /// one of that name: SQLite reports none of these.
 inline void acrescentaJuncoes(sqlite3* banco, const std::string& sql, std::set<Coluna>& colunas) {
   std::vector<std::string> tabelas;
-  std::istringstream palavras(std::regex_replace(sql, std::regex("[()]"), " "));
+  std::string semParenteses = sql;
+  std::replace_if(
+      semParenteses.begin(), semParenteses.end(), [](char c) { return c == '(' || c == ')'; }, ' ');
+  std::istringstream palavras(semParenteses);
   for (std::string palavra; palavras >> palavra;) {
     if (palavra == "FROM") tabelas.clear();
     if (palavra == "FROM" || palavra == "JOIN") palavras >> tabelas.emplace_back();

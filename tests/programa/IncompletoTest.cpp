@@ -1,6 +1,5 @@
 // Queries that fail: reports that are incomplete (1) and printers without an identity (5).
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -45,11 +44,12 @@ std::string nomeados(const std::string& erros) {
   constexpr char kAntes[] = "the report is incomplete: ";
   const std::size_t inicio = erros.find(kAntes);
   if (inicio == std::string::npos) return "";
-  const std::string lista = erros.substr(inicio + sizeof kAntes - 1);
-  static const std::regex kCodigo("(^|\\), )(E[0-9][0-9]) \\(");
   std::string codigos;
-  for (std::sregex_iterator i(lista.begin(), lista.end(), kCodigo), fim; i != fim; ++i)
-    codigos += (codigos.empty() ? "" : " ") + (*i)[2].str();
+  for (std::size_t i = inicio + sizeof kAntes - 1; i != std::string::npos;) {
+    codigos += (codigos.empty() ? "" : " ") + erros.substr(i, 3);
+    const std::size_t seguinte = erros.find("), E", i);
+    i = seguinte == std::string::npos ? seguinte : seguinte + 3;
+  }
   return codigos;
 }
 

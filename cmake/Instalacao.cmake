@@ -37,4 +37,11 @@ endforeach()
 
 if(COTEPE_TOOLS)
   install(TARGETS cotepe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programa)
+  install(DIRECTORY ${COTEPE_MANUAIS}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT programa)
+  install(FILES ${COTEPE_MANUAIS}/bash/cotepe DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    COMPONENT programa)
+  install(FILES ${COTEPE_MANUAIS}/zsh/_cotepe DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
+    COMPONENT programa)
+  install(FILES ${COTEPE_MANUAIS}/fish/cotepe.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+    COMPONENT programa)
 endif()

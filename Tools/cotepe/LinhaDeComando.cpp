@@ -39,17 +39,22 @@ constexpr char kRodape[] =
 
 }  // namespace
 
-void executa(int argc, const char* const* argv) {
-  CLI::App app("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database.",
-               "cotepe");
+void declara(CLI::App& app, Execucao& escolhida) {
+  app.name("cotepe");
+  app.description("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database.");
   app.footer(kRodape);
   app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, "Print the version and exit");
   app.require_subcommand(1);
-  Execucao escolhida;
   for (const auto& comando : kComandos) {
     CLI::App* sub = app.add_subcommand(comando.nome, comando.descricao);
     sub->callback([&escolhida, execucao = comando.declara(*sub)] { escolhida = execucao; });
   }
+}
+
+void executa(int argc, const char* const* argv) {
+  CLI::App app;
+  Execucao escolhida;
+  declara(app, escolhida);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

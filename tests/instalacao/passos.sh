@@ -138,4 +138,69 @@ python() {
   LD_LIBRARY_PATH="$PREFIXO/$BIBLIOTECAS" confere python3 gera.py
 }
 
+comandos() { "$PREFIXO/bin/cotepe" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'; }
+opcoes_de() { "$PREFIXO/bin/cotepe" "$@" --help | grep -o '^ *\(-h,\)\?--[a-z0-9-]*' | grep -o -e '--.*'; }
+
+# A page for the program and one for each command, with every option of its help, and nothing odd in the roff.
+manuais() {
+  paginas="$PREFIXO/share/man/man1"
+  [ "$(comandos | wc -l)" -ge 9 ] || falha "the commands of the help were not found"
+  for comando in $(comandos); do
+    opcoes_de "$comando" | sed 's/-/\\-/g' | while read -r opcao; do
+      grep -qF -e "$opcao" "$paginas/cotepe-$comando.1" || falha "$opcao is not in cotepe-$comando.1"
+    done || exit 1
+    grep -q "cotepe.*$comando" "$paginas/cotepe.1" || falha "$comando is not in cotepe.1"
+  done
+  command -v groff >/dev/null || { echo "no groff: the pages were not formatted"; return; }
+  for pagina in "$paginas"/*.1; do
+    groff -man -ww -z "$pagina" 2>&1 | { ! grep .; } || falha "$pagina"
+  done
+}
+
+completa_no_bash() {
+  bash -c '. "$0" && COMP_WORDS=("$@") && COMP_CWORD=$(($# - 1)) && _cotepe; printf "%s\n" "${COMPREPLY[@]}"' \
+    "$PREFIXO/share/bash-completion/completions/cotepe" "$@"
+}
+
+bash_completa() {
+  command -v bash >/dev/null || pula "no bash"
+  [ "$(completa_no_bash cotepe generate --command M | tr '\n' ' ')" = "MF MFD " ] || falha "a choice"
+  [ "$(completa_no_bash cotepe val)" = "validate" ] || falha "a command"
+  [ "$(completa_no_bash cotepe layout E2 | tr '\n' ' ')" = "E20 E21 E22 " ] || falha "a register"
+  pasta_nova bash
+  : >"um arquivo.db"
+  [ "$(completa_no_bash cotepe check --db um)" = "um arquivo.db" ] || falha "a file"
+  for comando in $(comandos); do
+    completa_no_bash cotepe "$comando" -- >completadas
+    opcoes_de "$comando" | while read -r opcao; do
+      grep -qxF -e "$opcao" completadas || falha "$opcao of $comando"
+    done || exit 1
+  done
+}
+
+zsh_completa() {
+  command -v zsh >/dev/null || pula "no zsh"
+  funcoes="$PREFIXO/share/zsh/site-functions"
+  zsh -fn "$funcoes/_cotepe"
+  [ "$(zsh -fc "fpath=($funcoes \$fpath); autoload -Uz compinit; compinit -D -u; print \$_comps[cotepe]")" = _cotepe ] ||
+    falha "not taken by compinit"
+}
+
+fish_completa() {
+  command -v fish >/dev/null || pula "no fish"
+  pasta_nova fish
+  completa() {
+    HOME=$PWD fish --no-config -c "source $PREFIXO/share/fish/vendor_completions.d/cotepe.fish; complete -C '$1'" | cut -f 1
+  }
+  [ "$(completa 'cotepe generate --command M' | tr '\n' ' ')" = "MF MFD " ] || falha "a choice"
+  [ "$(completa 'cotepe val')" = "validate" ] || falha "a command"
+  [ "$(completa 'cotepe show --format ' | tr '\n' ' ')" = "csv json text " ] || falha "the choices of a format"
+  for comando in $(comandos); do
+    completa "cotepe $comando --" >completadas
+    opcoes_de "$comando" | while read -r opcao; do
+      grep -qxF -e "$opcao" completadas || falha "$opcao of $comando"
+    done || exit 1
+  done
+}
+
 "$1"

@@ -18,16 +18,6 @@ bool temNumero(const RegistroLido& lido, const char* rotulo, std::int64_t procur
   return false;
 }
 
-bool temDataEntre(const RegistroLido& lido, const std::string& de, const std::string& ate) {
-  for (std::size_t i = 0; i < lido.quantos; ++i) {
-    const std::string_view data = lido.bytes(i);
-    if (deData(lido.campos[i].campo->especie) && dataPossivel(data) && (de.empty() || data >= de) &&
-        (ate.empty() || data <= ate))
-      return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 bool Selecao::aceita(const RegistroLido& lido) const {
@@ -35,8 +25,7 @@ bool Selecao::aceita(const RegistroLido& lido) const {
   if (!registros.empty() && std::find(registros.begin(), registros.end(), lido.indice) == registros.end())
     return false;
   if (coo >= 0 && !temNumero(lido, "COO", coo)) return false;
-  if (crz >= 0 && !temNumero(lido, "CRZ", crz)) return false;
-  return (de.empty() && ate.empty()) || temDataEntre(lido, de, ate);
+  return crz < 0 || temNumero(lido, "CRZ", crz);
 }
 
 }  // namespace cotepe

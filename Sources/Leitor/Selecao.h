@@ -15,7 +15,6 @@ struct Selecao {
   long linha = 0;              // from 1; 0 for all
   std::int64_t coo = -1;       // of the field COO; below 0 for all
   std::int64_t crz = -1;       // of the field CRZ; below 0 for all
-  std::string de, ate;  // AAAAMMDD: a date of the record lies between them, both included; empty for all
 
   bool aceita(const RegistroLido& lido) const;
 };

@@ -8,6 +8,7 @@
 #include "Exibicao.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Periodo.h"
 #include "RelatorioLido.h"
 #include "Selecao.h"
 
@@ -36,8 +37,6 @@ Selecao selecaoDe(const OpcoesDoShow& opcoes) {
     if (indice < 0) throw Falha(kUsoErrado, "wrong usage", "--register", codigo, "E01 to E22", "correct it");
     selecao.registros.push_back(indice);
   }
-  selecao.de = diaPedido("--from", opcoes.de);
-  selecao.ate = diaPedido("--to", opcoes.ate);
   return selecao;
 }
 
@@ -50,12 +49,13 @@ FormatoDeExibicao formatoDe(const OpcoesDoShow& opcoes) {
 
 void executa(const OpcoesDoShow& opcoes) {
   const Selecao selecao = selecaoDe(opcoes);
+  Periodo periodo(diaPedido("--from", opcoes.de), diaPedido("--to", opcoes.ate));
   RelatorioLido relatorio(opcoes.arquivo);
   FluxoDeSaida fluxo;
   const auto exibicao = novaExibicao(formatoDe(opcoes), fluxo, opcoes.mascara);
   LeitorDeRegistros registros(relatorio.linhas());
   for (RegistroLido lido; registros.proximo(lido);) {
-    if (selecao.aceita(lido)) exibicao->mostra(lido);
+    if (periodo.aceita(lido) && selecao.aceita(lido)) exibicao->mostra(lido);
     if (selecao.linha == lido.linha.numero) break;
   }
   fluxo.flush();
@@ -81,10 +81,9 @@ Execucao declaraShow(CLI::App& comando) {
   comando.add_option("--crz", o->selecao.crz, "Only records with this CRZ")
       ->type_name("N")
       ->check(CLI::NonNegativeNumber);
-  comando
-      .add_option("--from", o->de, "Only records with a date on this day or later, DDMMYYYY or YYYY-MM-DD")
+  comando.add_option("--from", o->de, "Only records of this day or later, DDMMYYYY or YYYY-MM-DD")
       ->type_name("DAY");
-  comando.add_option("--to", o->ate, "Only records with a date on this day or earlier")->type_name("DAY");
+  comando.add_option("--to", o->ate, "Only records of this day or earlier")->type_name("DAY");
   comando.add_option("--format", o->formato, "text, json (an object a line) or csv (text)")
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "csv"}));
@@ -92,6 +91,10 @@ Execucao declaraShow(CLI::App& comando) {
   comando.add_flag("--mask", o->mascara,
                    "Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon");
   comando.footer(
+      "With --from or --to a record without a date goes with what it is a part of: E13, E17 and E18 with "
+      "their\n"
+      "reduction, E15 with its coupon, E20 with its non-fiscal coupon, E21 with either. E08 goes with "
+      "nothing.\n"
       "Of one --register csv has a row a record, otherwise a row a field.\n"
       "Exit status: 0 done, 2 could not run.");
   return [o] { executa(*o); };

@@ -143,7 +143,7 @@ TEST(Exibicao, RepeatedLabelsAreNumbered) {
       << json;
 }
 
-TEST(Selecao, FindsByCounterAndByDay) {
+TEST(Selecao, FindsByCounter) {
   const auto linhas = [](const Selecao& selecao) {
     std::string csv = mostra(Relatorio::bom(), FormatoDeExibicao::Csv, selecao), achadas;
     std::istringstream entrada(csv);
@@ -152,13 +152,11 @@ TEST(Selecao, FindsByCounterAndByDay) {
         achadas += linha.substr(0, linha.find(',')) + ' ';
     return achadas;
   };
-  Selecao coo, crz, dias, tudo;
+  Selecao coo, crz, tudo;
   coo.coo = 102;
   EXPECT_EQ(linhas(coo), "20 23 24 43 44 ");
   crz.crz = 11;
   EXPECT_EQ(linhas(crz), "9 11 16 17 19 33 35 38 ");
-  dias.de = dias.ate = "20230615";
-  EXPECT_EQ(linhas(dias), "1 5 ");
   tudo.coo = 102;
   tudo.registros = {indiceDoRegistro("E15")};
   EXPECT_EQ(linhas(tudo), "23 24 ");

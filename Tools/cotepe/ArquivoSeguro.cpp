@@ -95,22 +95,22 @@ bool renomeiaSemSubstituir(const char* de, const char* para) {
 
 }  // namespace
 
-ArquivoSeguro::ArquivoSeguro(const std::string& destino, const std::string& apelido)
+ArquivoSeguro::ArquivoSeguro(const std::string& destino, const std::string& apelido, mode_t modo)
     : pasta_(pastaDe(destino)) {
   descritorDaPasta_ = Descritor(open(pasta_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!descritorDaPasta_.aberto()) naoAbre(destino, motivoDoSistema(errno));
   const std::string nome = apelido.empty() ? nomeDe(destino) : apelido;
   const std::string base = '.' + nome.substr(0, kMaximoDoNome) + kMarca;
   recolheSobras(pasta_, base);
-  do cria(base);
+  do cria(base, modo);
   while (!aindaTemNome(arquivo_.numero()));  // another run took it for a leftover before it was locked
 }
 
 // Without locks on the file system all goes on as with them, but leftovers stay.
-void ArquivoSeguro::cria(const std::string& base) {
+void ArquivoSeguro::cria(const std::string& base, mode_t modo) {
   do {
     temporario_ = pasta_ + base + sorteia() + kFim;
-    arquivo_ = Descritor(open(temporario_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
+    arquivo_ = Descritor(open(temporario_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, modo));
   } while (!arquivo_.aberto() && errno == EEXIST);
   if (!arquivo_.aberto()) {
     const int erro = errno;
@@ -144,6 +144,8 @@ bool ArquivoSeguro::descarta() noexcept {
   temporario_.clear();
   return removido;
 }
+
+Descritor ArquivoSeguro::soltaSemNome() { return descarta() ? std::move(arquivo_) : Descritor(); }
 
 void exigeDestino(const std::string& destino, bool substitui) {
   constexpr const char* kEsperado = "the name of a file";

@@ -1,6 +1,8 @@
 // A file that appears under its name only when it is whole and on the disk.
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <string>
 
@@ -14,8 +16,8 @@ namespace cotepe::programa {
 class ArquivoSeguro {
  public:
   /// `destino` is the path that the file is for. The temporary name is made of `apelido`, or of the last name
-  /// of `destino` when that is empty. Throws Falha (kNaoAbre).
-  explicit ArquivoSeguro(const std::string& destino, const std::string& apelido = "");
+  /// of `destino` when that is empty. `modo`: its permissions, before the umask. Throws Falha (kNaoAbre).
+  explicit ArquivoSeguro(const std::string& destino, const std::string& apelido = "", mode_t modo = 0666);
   ~ArquivoSeguro();
   ArquivoSeguro(const ArquivoSeguro&) = delete;
   ArquivoSeguro& operator=(const ArquivoSeguro&) = delete;
@@ -33,8 +35,12 @@ class ArquivoSeguro {
   /// Removes the temporary file. False when it cannot be removed.
   bool descarta() noexcept;
 
+  /// Removes its name alone and hands over the file, which is gone with the descriptor; one that is closed,
+  /// and errno set, when the name cannot be removed.
+  Descritor soltaSemNome();
+
  private:
-  void cria(const std::string& base);
+  void cria(const std::string& base, mode_t modo);
 
   std::string pasta_;  // ends with '/'
   std::string temporario_;

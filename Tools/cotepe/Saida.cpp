@@ -45,14 +45,22 @@ class SaidaEmArquivo final : public Saida {
   ArquivoSeguro arquivo_;
 };
 
+// A file without a name, so that a killed run leaves none behind. Where the file system has no such files, it
+// has a name for a moment, and one that the next run knows for a leftover. Closed, and errno set, on failure.
+Descritor arquivoSemNome(const std::string& pasta) {
+  constexpr mode_t kSoDoDono = 0600;
+  Descritor arquivo(open(pasta.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kSoDoDono));
+  if (arquivo.aberto() || (errno != EOPNOTSUPP && errno != EISDIR)) return arquivo;
+  return ArquivoSeguro(pasta + "/stdout", "", kSoDoDono).soltaSemNome();
+}
+
 class SaidaPadrao final : public Saida {
  public:
   SaidaPadrao() {
     const char* dada = std::getenv("TMPDIR");
     const std::string pasta = dada != nullptr && *dada != '\0' ? dada : "/tmp";
-    std::string nome = pasta + "/cotepe-XXXXXX";
-    arquivo_ = Descritor(mkostemp(nome.data(), O_CLOEXEC));
-    if (arquivo_.aberto() && unlink(nome.c_str()) == 0) return;
+    arquivo_ = arquivoSemNome(pasta);
+    if (arquivo_.aberto()) return;
     throw Falha(kNaoAbre, "cannot open a temporary file", pasta, motivoDoSistema(errno),
                 "a folder where files can be made", "set TMPDIR to one");
   }

@@ -34,11 +34,15 @@ class PastaDeProva {
 std::string leBytes(const std::string& caminho);
 void escreveBytes(const std::string& caminho, const std::string& bytes);
 
+/// A report without the date and the hour of the run, with which E11 ends.
+std::string semCarimbo(std::string relatorio);
+
 /// A database that is open.
 class BancoAberto {
  public:
   /// `sistema`: the VFS; null is the one that SQLite would take.
-  explicit BancoAberto(const std::string& caminho, const char* sistema = nullptr);
+  explicit BancoAberto(const std::string& caminho, const char* sistema = nullptr,
+                       int modo = SQLITE_OPEN_READWRITE);
   ~BancoAberto() { sqlite3_close(banco_); }
   BancoAberto(const BancoAberto&) = delete;
   BancoAberto& operator=(const BancoAberto&) = delete;
@@ -64,9 +68,10 @@ struct Corrida {
   int resultado = -1;
   std::string relatorio;
   std::vector<std::string> mensagens;
+  std::vector<std::string> incompletos;  // registers; the second reading does not tell
 
   /// Whether the run says that something was wrong.
-  bool avisou() const { return resultado != 0 || !mensagens.empty(); }
+  bool avisou() const { return resultado != 0 || !mensagens.empty() || !incompletos.empty(); }
 };
 
 /// A run of the generator, and one of the second reading, over the same database.

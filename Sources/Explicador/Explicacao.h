@@ -21,7 +21,7 @@ struct ExplicacaoDoCampo {
 
 struct ExplicacaoDaLinha {
   const Registro* registro = nullptr;
-  AjusteDoLeiaute leiaute;         // under which it was read
+  AjusteDoLeiaute leiaute;         // under which it was read; CAT52 where the lines until there show it
   std::vector<std::string> notas;  // about the line as a whole
   std::vector<ExplicacaoDoCampo> campos;
 };

@@ -53,6 +53,14 @@ bool faltaVazio(const Presentes& presentes, const std::string& comando, int vers
   return false;
 }
 
+// What a record of E22 leaves: it is written in layout 2 alone. Nothing where that contradicts the other
+// lines.
+void soVersao2(std::vector<AjusteDoLeiaute>& leiautes) {
+  const auto outra = [](const AjusteDoLeiaute& a) { return a.versao != 2; };
+  if (!std::all_of(leiautes.begin(), leiautes.end(), outra))
+    leiautes.erase(std::remove_if(leiautes.begin(), leiautes.end(), outra), leiautes.end());
+}
+
 }  // namespace
 
 AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas) {
@@ -69,7 +77,9 @@ AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas) {
   if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(presentes);
   for (std::size_t i = 0; i < std::size(kAjustesPossiveis); ++i)
     if ((registros.ajustes() >> i & 1) != 0) ajustes.leiautes.push_back(kAjustesPossiveis[i]);
-  if (faltaVazio(presentes, ajustes.comando, ajustes.leiautes.front().versao))
+  if (presentes[kCatalogo.size() - 1]) soVersao2(ajustes.leiautes);
+  ajustes.faltaVazio = faltaVazio(presentes, ajustes.comando, ajustes.leiautes.front().versao);
+  if (ajustes.faltaVazio)
     std::stable_partition(ajustes.leiautes.begin(), ajustes.leiautes.end(),
                           [](const AjusteDoLeiaute& a) { return a.cat52; });
   return ajustes;

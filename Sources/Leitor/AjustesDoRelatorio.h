@@ -12,6 +12,7 @@ struct AjustesDoRelatorio {
   /// Those that its lines leave possible, the likeliest first; at least one. A register that the command
   /// writes and that has not even a placeholder speaks for CAT52.
   std::vector<AjusteDoLeiaute> leiautes;
+  bool faltaVazio = false;  // there is such a register: outside CAT52 mode it would have a placeholder
 
   std::string comando;  // of E01, without blanks; without E01 the one that writes the registers found
   bool comandoDoE01 = false;

@@ -31,6 +31,10 @@ Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
   return movimento && ultimo < *movimento ? *movimento : ultimo;
 }
 
+std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
+  return "layout " + std::to_string(leiaute.versao) + " with CAT52 " + (leiaute.cat52 ? "on" : "off");
+}
+
 }  // namespace
 
 void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
@@ -68,12 +72,34 @@ std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& l
   return todos;
 }
 
-std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes) {
-  const auto de = [](bool dado) { return dado ? " (given)" : " (derived)"; };
-  return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value()) + ", CAT52 " +
-         (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value()) + ", command " +
-         (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) + ", from " +
-         ajuste.de.iso() + de(!opcoes.de.empty()) + " to " + ajuste.ate.iso() + de(!opcoes.ate.empty());
+// Widths, texts and registers that settings part in show in the lines, and so do the placeholders there are;
+// only those that are missing say nothing to the reader of a line.
+std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, const Ajuste& certo,
+                                         const AjustesDoRelatorio& lidos) {
+  std::vector<AjusteDoLeiaute> outros;
+  for (const Ajuste& outro : possiveis)
+    if (!(outro.leiaute == certo.leiaute) && (outro.leiaute.cat52 || !lidos.faltaVazio))
+      outros.push_back(outro.leiaute);
+  return outros;
+}
+
+std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
+                          const std::vector<AjusteDoLeiaute>& outros) {
+  bool umLeiaute = true, umModo = true;
+  std::string iguais;
+  for (const AjusteDoLeiaute& outro : outros) {
+    umLeiaute = umLeiaute && outro.versao == ajuste.leiaute.versao;
+    umModo = umModo && outro.cat52 == ajuste.leiaute.cat52;
+    iguais += (iguais.empty() ? "; the same bytes come of " : " and of ") + leiauteEmPalavras(outro);
+  }
+  const auto de = [](bool dado, bool certo = true) {
+    return dado ? " (given)" : certo ? " (derived)" : " (taken, it makes no difference)";
+  };
+  return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value(), umLeiaute) +
+         ", CAT52 " + (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value(), umModo) +
+         ", command " + (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) +
+         ", from " + ajuste.de.iso() + de(!opcoes.de.empty()) + " to " + ajuste.ate.iso() +
+         de(!opcoes.ate.empty()) + iguais;
 }
 
 }  // namespace cotepe::programa

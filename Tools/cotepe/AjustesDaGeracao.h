@@ -35,7 +35,13 @@ struct Ajuste {
 std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
                                      const OpcoesDeAjuste& opcoes);
 
-/// The settings as one line, each with "(given)" or "(derived)".
-std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes);
+/// Of settings that give the report to the byte, the others that do too: its lines do not tell them apart.
+std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, const Ajuste& certo,
+                                         const AjustesDoRelatorio& lidos);
+
+/// The settings as one line, each with "(given)", "(derived)", or that it makes no difference since `outros`
+/// give the same bytes.
+std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
+                          const std::vector<AjusteDoLeiaute>& outros);
 
 }  // namespace cotepe::programa

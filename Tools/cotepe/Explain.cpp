@@ -65,7 +65,7 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   if (lido.registro == nullptr)
     throw Falha(kUsoErrado, "cannot explain the line", onde, "one that begins with no register's code",
                 "E01 to E22", "see cotepe validate, which says what is wrong with it");
-  guarda(pedida, lido, registros.ajuste());
+  guarda(pedida, lido, {registros.ajuste().versao, registros.certamenteCat52()});
 }
 
 // The field that the column given stands in, from 0; below 0 where none is given.

@@ -103,7 +103,7 @@ void escreveJson(std::ostream& saida, const LinhaExplicada& linha) {
   objeto.texto("file", linha.arquivo).numero("line", linha.linha);
   objeto.texto("register", e.registro->codigo).texto("name", e.registro->nome);
   objeto.numero("layout", e.leiaute.versao);
-  saida << ",\"cat52\":" << (e.leiaute.cat52 ? "true" : "false") << ",\"notes\":[";
+  saida << (e.leiaute.cat52 ? ",\"cat52\":true" : "") << ",\"notes\":[";
   for (std::size_t i = 0; i < e.notas.size(); ++i) saida << (i == 0 ? "" : ",") << textoJson(e.notas[i]);
   saida << "],\"fields\":[";
   bool primeiro = true;

@@ -97,10 +97,10 @@ class Verificacao {
 };
 
 // The settings that leave the fewest differences, the first of them; a report that is right needs but one
-// try.
-const Ajuste& melhor(Verificacao& verificacao, const std::vector<Ajuste>& ajustes) {
+// try. `menos`: how many they leave where there was a choice, below 0 where there was none.
+const Ajuste& melhor(Verificacao& verificacao, const std::vector<Ajuste>& ajustes, long& menos) {
   const Ajuste* escolhido = &ajustes.front();
-  long menos = -1;
+  menos = -1;
   for (const Ajuste& ajuste : ajustes) {
     if (ajustes.size() == 1) break;
     Contagem contagem;
@@ -122,8 +122,11 @@ void executa(const OpcoesDoVerify& opcoes) {
   const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   const std::vector<Ajuste> ajustes = ajustesPossiveis(banco.banco(), lidos, opcoes.ajuste);
   Verificacao verificacao(opcoes, banco.banco());
-  const Ajuste& ajuste = melhor(verificacao, ajustes);
-  if (!opcoes.calado) avisa(relatorio.nome() + ": " + textoDoAjuste(ajuste, opcoes.ajuste));
+  long diferencas = 0;
+  const Ajuste& ajuste = melhor(verificacao, ajustes, diferencas);
+  std::vector<AjusteDoLeiaute> outros;
+  if (diferencas == 0) outros = mesmosBytes(ajustes, ajuste, lidos);
+  if (!opcoes.calado) avisa(relatorio.nome() + ": " + textoDoAjuste(ajuste, opcoes.ajuste, outros));
 
   FluxoDeSaida fluxo;
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());

@@ -115,6 +115,27 @@ TEST_F(Verify, ReportsOfEverySettingAreProved) {
 }
 
 // Without a reduction nothing tells the period, and nothing depends on it.
+TEST_F(Verify, SettingsThatGiveTheSameBytesAreNotToldApart) {
+  criaBanco();
+  geraComo({"--command", "MFD", "--layout", "2", "--cat52"});
+  EXPECT_EQ(
+      verifica().erros,
+      "cotepe: r.txt: layout 2 (taken, it makes no difference), CAT52 on (derived), command MFD (derived), "
+      "from 2024-01-10 (derived) to 2024-01-11 (derived); the same bytes come of layout 3 with CAT52 on\n");
+  EXPECT_EQ(verifica({"--layout", "3", "--cat52"}).situacao, 0);
+  EXPECT_EQ(verifica({"--layout", "3", "--no-cat52"}).situacao, 1);
+}
+
+TEST_F(Verify, AnAttemptOfTheBasicSoftwareSpeaksForLayout2) {
+  criaBanco("INSERT INTO tentativas_sb VALUES (1, '', '2023-06-15 09:20:00', '')");
+  geraComo({"--command", "MF", "--layout", "2", "--cat52"});
+  EXPECT_EQ(verifica().erros,
+            "cotepe: r.txt: layout 2 (derived), CAT52 on (derived), command MF (derived), from 2024-01-10 "
+            "(derived) "
+            "to 2024-01-11 (derived)\n");
+  EXPECT_EQ(verifica({"--layout", "3", "--cat52"}).situacao, 1);
+}
+
 TEST_F(Verify, AReportWithoutReductionsIsProved) {
   criaBanco();
   geraComo({}, "01022024", "29022024");

@@ -368,7 +368,7 @@ TEST_F(Explain, JsonIsOneObjectALine) {
               {"--db", "loja.db", "--format", "json"})
           .saida,
       "{\"file\":\"loja.txt\",\"line\":" + std::to_string(linhaCom("E18", "000682CHEQUE")) +
-          R"(,"register":"E18","name":"Detalhe da Redução Z - Meios de Pagamento","layout":2,"cat52":false,)"
+          R"(,"register":"E18","name":"Detalhe da Redução Z - Meios de Pagamento","layout":2,)"
           R"("notes":[],"fields":[{"field":8,"label":"Valor acumulado","from":68,"to":80,)"
           R"("rule":"money in cents, rounded through a binary number, without sign, 13 digits filled up with )"
           R"(zeros; a longer one runs on behind the end of the record",)"

@@ -26,7 +26,10 @@ enum Resultado : int {
 /// function, the identity globals, the clock and the padding routine that the headers in Host/ declare.
 class CotepeManager {
  public:
-  /// Borrows the open database, which must outlive the object and is never closed or written by it.
+  /// Borrows the open database, which must outlive the object and is never closed or written by it, nor put
+  /// into a transaction: each query sees what is committed when it begins. A host that wants a report of one
+  /// state, while others write, holds a read transaction of its own around the run (BEGIN, COMMIT) and sets
+  /// sqlite3_busy_timeout.
   /// Starts in layout version 1, CAT52 mode off.
   explicit CotepeManager(sqlite3* banco);
   ~CotepeManager() = default;

@@ -51,20 +51,20 @@ void declara(CLI::App& app, Execucao& escolhida) {
   }
 }
 
-void executa(int argc, const char* const* argv) {
+Execucao leLinhaDeComando(int argc, const char* const* argv) {
   CLI::App app;
   Execucao escolhida;
   declara(app, escolhida);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
-    return escreveTudo(STDOUT_FILENO, app.help(), "stdout");
+    return [ajuda = app.help()] { escreveTudo(STDOUT_FILENO, ajuda, "stdout"); };
   } catch (const CLI::CallForVersion& versao) {
-    return escreveTudo(STDOUT_FILENO, versao.what() + std::string("\n"), "stdout");
+    return [texto = versao.what() + std::string("\n")] { escreveTudo(STDOUT_FILENO, texto, "stdout"); };
   } catch (const CLI::ParseError& erro) {
     throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe --help");
   }
-  escolhida();
+  return escolhida;
 }
 
 }  // namespace cotepe::programa

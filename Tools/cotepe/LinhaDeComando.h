@@ -9,8 +9,8 @@ namespace cotepe::programa {
 /// which must outlive the reading.
 void declara(CLI::App& app, Execucao& escolhida);
 
-/// Reads the arguments, of which the first is the program's name, and does what they say. Throws Falha, whose
-/// status is the one to exit with.
-void executa(int argc, const char* const* argv);
+/// Reads the arguments, of which the first is the program's name; what is returned does what they say. Both
+/// throw Falha, whose status is the one to exit with.
+Execucao leLinhaDeComando(int argc, const char* const* argv);
 
 }  // namespace cotepe::programa

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
   ocupaDescritoresPadrao();
   instalaSinais();
   try {
-    executa(argc, argv);
+    leLinhaDeComando(argc, argv)();
     return kFeito;
   } catch (const Falha& falha) {
     avisa(falha.what());

@@ -6,22 +6,8 @@
 #include <vector>
 
 #include "referencia/Sorteio.h"
-#include "referencia/Valor.h"
 
 namespace referencia {
-namespace {
-
-struct Coluna {
-  const char* nome;
-  Tipo tipo;
-};
-
-struct Tabela {
-  const char* nome;
-  int linhas;  // usual number of rows
-  std::vector<Coluna> colunas;
-};
-
 // clang-format off
 const std::vector<Tabela>& tabelas() {
   using T = Tipo;
@@ -95,6 +81,8 @@ const std::vector<Tabela>& tabelas() {
   return kTabelas;
 }
 // clang-format on
+
+namespace {
 
 void executa(sqlite3* banco, const std::string& sql) {
   if (sqlite3_exec(banco, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)

@@ -4,8 +4,25 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <vector>
+
+#include "referencia/Valor.h"
 
 namespace referencia {
+
+struct Coluna {
+  const char* nome;
+  Tipo tipo;
+};
+
+struct Tabela {
+  const char* nome;
+  int linhas;  // usual number of rows
+  std::vector<Coluna> colunas;
+};
+
+// Every table that the generator reads, with all its columns.
+const std::vector<Tabela>& tabelas();
 
 // Limpo: every value in the form that the generator expects. Sujo: hostile values in any column (NULL, blobs,
 // control characters, long texts, numbers out of every range ...), tables or columns missing now and then.

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "CotepeManager.h"
+#include "faults/Relato.h"
 #include "referencia/BancoAleatorio.h"
 #include "referencia/BancoDeTeste.h"
 #include "referencia/Hospedeiro.h"
@@ -256,9 +257,12 @@ testing::AssertionResult concordam(std::uint64_t semente, Nivel nivel, const Pas
   return testing::AssertionSuccess();
 }
 
-// COTEPE_DIFERENCIAL: how many databases; COTEPE_SEMENTE: the first seed. One database in four is clean.
+// COTEPE_DIFERENCIAL: how many databases, 60 or in the long form 20,000; COTEPE_SEMENTE: the first seed. One
+// database in four is clean.
 TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
-  const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", 60);
+  const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", casos(60, 20000));
+  Relato relato("Differential",
+                "random databases, all commands, layouts and modes, against a second reading");
   const std::uint64_t primeira = doAmbiente("COTEPE_SEMENTE", 1);
   const int maximoDeFalhas = 5;
   // Whatever locale the environment asks for must not matter.
@@ -270,6 +274,7 @@ TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
     const testing::AssertionResult resultado =
         concordam(semente, semente % 4 == 0 ? Nivel::Limpo : Nivel::Sujo, pasta);
     EXPECT_TRUE(resultado);
+    relato.caso();
     if (!resultado && ++falhas == maximoDeFalhas) break;
   }
 }

@@ -84,6 +84,13 @@ TEST(BigInt, DividedByZeroGivesTheEndOnTheDividendsSide) {
   EXPECT_EQ(BigInt::MultiplicaEDivide(0, -5, 0), 0);
 }
 
+TEST(BigInt, AProductOfZeroDividedIsZero) {
+  EXPECT_EQ(BigInt::MultiplicaEDivide(5, 0, 3), 0);
+  EXPECT_EQ(BigInt::MultiplicaEDivide(0, 5, -3), 0);
+  EXPECT_EQ(BigInt::MultiplicaEDivide(-5, 0, 0), 0);
+  EXPECT_EQ(BigInt::MultiplicaEDivide(0, 0, 7), 0);
+}
+
 TEST(BigInt, TruncatesAQuotientTowardZero) {
   EXPECT_EQ(BigInt(7) / 2, 3);
   EXPECT_EQ(BigInt(-7) / 2, -3);

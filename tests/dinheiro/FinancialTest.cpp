@@ -74,6 +74,12 @@ TEST(Financial, DividedByZeroGivesTheEndOnTheDividendsSide) {
   EXPECT_EQ(Financial(0) / 0, Financial(0));
 }
 
+TEST(Financial, TimesZeroIsZeroAndSoIsZeroDivided) {
+  EXPECT_EQ(Financial(5) * Financial(0), Financial(0));
+  EXPECT_EQ(Financial(0) * Financial(-5), Financial(0));
+  EXPECT_EQ(Financial(0) / Financial(5), Financial(0));
+}
+
 TEST(Financial, RoundsProductAndQuotientHalfAwayFromZeroOnce) {
   EXPECT_EQ(centavos(5) * centavos(10), centavos(1));     // 0,05 * 0,10 = 0,005
   EXPECT_EQ(centavos(-5) * centavos(10), centavos(-1));   // -0,005

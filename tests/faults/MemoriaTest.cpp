@@ -249,7 +249,7 @@ bool semLookaside() { return sqlite3_compileoption_used("OMIT_LOOKASIDE") != 0; 
 TEST(Memoria, OneAllocationOfSqliteThatFailsWithLookaside) {
   if (semLookaside()) GTEST_SKIP() << "this SQLite is built without lookaside";
   Relato relato("Memory", "every allocation of SQLite failing alone, with lookaside");
-  confere(relato, g_doSqlite, true, false, 17);
+  confere(relato, g_doSqlite, true, false, 5);
 }
 
 TEST(Memoria, OneAllocationOfSqliteThatFailsWithoutLookaside) {
@@ -260,7 +260,7 @@ TEST(Memoria, OneAllocationOfSqliteThatFailsWithoutLookaside) {
 TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnWithLookaside) {
   if (semLookaside()) GTEST_SKIP() << "this SQLite is built without lookaside";
   Relato relato("Memory", "every allocation of SQLite failing with all after it, with lookaside");
-  confere(relato, g_doSqlite, true, true, 17);
+  confere(relato, g_doSqlite, true, true, 5);
 }
 
 TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnWithoutLookaside) {

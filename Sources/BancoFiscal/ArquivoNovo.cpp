@@ -1,6 +1,7 @@
 #include "ArquivoNovo.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,6 +16,26 @@ namespace cotepe {
 namespace {
 
 constexpr int kTentativas = 100;
+
+std::string temporarioDe(const std::string& caminho, int tentativa) {
+  return caminho + ".incompleto" + std::to_string(tentativa);
+}
+
+// The lock of a writer that lives is refused.
+void recolheSobras(const std::string& caminho) {
+  for (int tentativa = 0; tentativa < kTentativas; ++tentativa) {
+    const std::string sobra = temporarioDe(caminho, tentativa);
+    const int arquivo = ::open(sobra.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (arquivo < 0) continue;
+    if (::flock(arquivo, LOCK_EX | LOCK_NB) == 0) ::unlink(sobra.c_str());
+    ::close(arquivo);
+  }
+}
+
+bool aindaTemNome(int arquivo) {
+  struct stat situacao {};
+  return ::fstat(arquivo, &situacao) == 0 && situacao.st_nlink != 0;
+}
 
 [[noreturn]] void falhaDoSistema(const std::string& onde, int codigo) {
   throw ErroDoBanco({"cannot create the database", onde, std::generic_category().message(codigo),
@@ -53,21 +74,30 @@ std::string pastaDe(const std::string& caminho) {
 ArquivoNovo::ArquivoNovo(std::string caminho) : caminho_(std::move(caminho)) {
   if (caminho_.empty()) falhaDoSistema("''", ENOENT);
   if (caminho_.front() != '/') caminho_.insert(0, "./");
+  recolheSobras(caminho_);
   exigeLivre(caminho_);
   for (int tentativa = 0; tentativa < kTentativas; ++tentativa) {
-    temporario_ = caminho_ + ".incompleto" + std::to_string(tentativa);
-    const int arquivo = ::open(temporario_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
-    if (arquivo >= 0) {
-      ::close(arquivo);
-      return;
-    }
-    if (errno != EEXIST) falhaDoSistema(temporario_, errno);
+    temporario_ = temporarioDe(caminho_, tentativa);
+    if (cria()) return;
   }
   falhaPorExistir(temporario_);
 }
 
+// False where the name is taken, by another writer or by one that removed ours before it was locked. Without
+// locks on the file system all goes on as with them, but leftovers stay.
+bool ArquivoNovo::cria() {
+  trava_ = ::open(temporario_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+  if (trava_ < 0 && errno != EEXIST) falhaDoSistema(temporario_, errno);
+  if (trava_ < 0) return false;
+  ::flock(trava_, LOCK_EX);
+  if (aindaTemNome(trava_)) return true;
+  ::close(std::exchange(trava_, -1));
+  return false;
+}
+
 ArquivoNovo::~ArquivoNovo() {
   if (!temporario_.empty()) ::unlink(temporario_.c_str());
+  if (trava_ >= 0) ::close(trava_);
 }
 
 void ArquivoNovo::publica() {

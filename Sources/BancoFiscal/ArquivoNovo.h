@@ -6,7 +6,8 @@
 namespace cotepe {
 
 // Creates an empty file under a temporary name beside `caminho`, for others to fill; `publica` brings it to
-// the disk and gives it its name. Destroyed without that, it removes the temporary file. Throws ErroDoBanco.
+// the disk and gives it its name. Destroyed without that, it removes the temporary file; what a killed
+// process left behind is removed by the next one for the same name. Throws ErroDoBanco.
 class ArquivoNovo {
  public:
   explicit ArquivoNovo(std::string caminho);
@@ -21,8 +22,11 @@ class ArquivoNovo {
   void publica();
 
  private:
+  bool cria();
+
   std::string caminho_;
   std::string temporario_;
+  int trava_ = -1;  // the temporary file, locked for as long as its writer lives
 };
 
 }  // namespace cotepe

@@ -1,5 +1,7 @@
 // The sample database as a file: the same bytes from the same options, whole or not there at all.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -114,6 +116,16 @@ TEST_F(Amostra, AJournalLeftBehindIsNotPlayedIntoTheNewFile) {
     unlink(resto.c_str());
   }
   EXPECT_EQ(erroAoCriar(pasta_.arquivo("a"), pequena(1)), "");
+}
+
+TEST_F(Amostra, WhatAKilledWriterLeftIsRemovedAndWhatALivingOneHasIsNot) {
+  const auto morto = pasta_.arquivo("a.incompleto0"), vivo = pasta_.arquivo("a.incompleto1");
+  std::ofstream(morto) << "half";
+  const int escritor = open(vivo.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+  ASSERT_EQ(flock(escritor, LOCK_EX), 0);
+  EXPECT_EQ(erroAoCriar(pasta_.arquivo("a"), pequena(1)), "");
+  EXPECT_EQ(pasta_.nomes(), (std::vector<std::string>{"a", "a.incompleto1"}));
+  close(escritor);
 }
 
 TEST_F(Amostra, ADanglingLinkIsRefused) {

@@ -152,25 +152,22 @@ class Corrompido : public testing::TestWithParam<int> {
 };
 
 TEST_P(Corrompido, EveryPageZeroed) {
-  Relato relato("Reads", "Database with a page of zeros, pages of " + std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database with a page of zeros");
   cadaPagina(relato, zera, 1);
 }
 
 TEST_P(Corrompido, EveryPageOverwrittenWithRandomBytes) {
-  Relato relato("Reads",
-                "Database with a page of random bytes, pages of " + std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database with a page of random bytes");
   cadaPagina(relato, sorteia, casos(1, vezes(2000)));
 }
 
 TEST_P(Corrompido, RandomBytesWithinEveryPage) {
-  Relato relato("Reads", "Database with one to eight random bytes in a page, pages of " +
-                             std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database with one to eight random bytes in a page");
   cadaPagina(relato, salpica, casos(1, vezes(4000)));
 }
 
 TEST_P(Corrompido, TruncatedAtEvery512Bytes) {
-  Relato relato("Reads", "Database cut short at a multiple of 512 bytes, pages of " +
-                             std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database cut short at a multiple of 512 bytes");
   const std::size_t passo = kPasso * casos<std::size_t>(8, 1);
   for (std::size_t tamanho = 0; tamanho < sao.banco.size(); tamanho += passo) {
     SCOPED_TRACE(std::to_string(tamanho) + " bytes");
@@ -180,8 +177,7 @@ TEST_P(Corrompido, TruncatedAtEvery512Bytes) {
 }
 
 TEST_P(Corrompido, EveryByteOfTheHeader) {
-  Relato relato(
-      "Reads", "Database with a wrong byte in its header, pages of " + std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database with a wrong byte in its header");
   Acaso acaso(7);
   for (std::size_t i = 0; i < 100; i += casos<std::size_t>(6, 1)) {
     for (const char novo : {'\0', '\x01', '\x7f', '\xff', byte(acaso)}) {
@@ -196,8 +192,7 @@ TEST_P(Corrompido, EveryByteOfTheHeader) {
 
 // The first trunk of the list of unused pages, by its number at byte 32: a run reads none of them.
 TEST_P(Corrompido, RandomBytesInTheFreelist) {
-  Relato relato("Reads", "Database with a damaged list of unused pages, pages of " +
-                             std::to_string(GetParam()) + " bytes");
+  Relato relato("Reads", "Database with a damaged list of unused pages");
   std::size_t tronco = 0;
   for (std::size_t i = 32; i < 36; ++i) tronco = tronco * 256 + static_cast<unsigned char>(sao.banco[i]);
   ASSERT_GT(tronco, 0U);

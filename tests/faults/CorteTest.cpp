@@ -12,6 +12,7 @@
 #include <iterator>
 #include <memory>
 #include <ostream>
+#include <utility>
 
 #include "Cena.h"
 #include "Prova.h"
@@ -151,8 +152,7 @@ class Corte : public Cena, public testing::WithParamInterface<Cenario> {
 };
 
 TEST_P(Corte, OldFileOrWholeNewOneWhereverItIsKilled) {
-  Relato relato("Power cut",
-                "Killed at a call that writes, syncs, closes or names a file: " + GetParam().nome);
+  Relato relato("Power cut", "cotepe generate killed at a call that writes, syncs, closes or names a file");
   recomeca();
   long chamadas = 0;
   const auto conta = [&](const Chamada& chamada) {
@@ -241,6 +241,39 @@ TEST_F(Nome, BehindStdoutIsNoneOrOneThatTheNextRunRemoves) {
     EXPECT_EQ(roda(todosTemNome, false).situacao, 0);
     EXPECT_EQ(quantos(), 0);
     relato.caso();
+  }
+}
+
+// The command that makes a database: none or a whole one, and what is left goes with the next.
+TEST_F(Nome, OfASampleIsGivenToAWholeDatabase) {
+  Relato relato("Power cut", "cotepe sample killed at a call that writes, syncs, closes or names a file");
+  const auto roda = [&](const Regra& regra) {
+    const Prazo prazo;
+    Processo processo({"sample", "s.db", "--days", "1", "--coupons-per-day", "1"});
+    return processo.naPasta(pasta()).comRegra(regra).inicia().espera();
+  };
+  long chamadas = 0, vez = 0;
+  auto tipo = Destino::Segue;
+  const auto regra = [&](const Chamada& chamada) {
+    return grava(chamada) && ++chamadas == vez ? Destino{tipo} : Destino{};
+  };
+  EXPECT_EQ(roda(regra).situacao, 0);
+  const std::string inteiro = leBytes(em("s.db"));
+  const long total = std::exchange(chamadas, 0), passo = casos(std::max(total / 12, 1L), 1L);
+  for (vez = 1; vez <= total; vez += passo) {
+    for (const auto quando : {Destino::MataAntes, Destino::MataDepois}) {
+      SCOPED_TRACE((quando == Destino::MataAntes ? "before call " : "after call ") + std::to_string(vez));
+      fs::remove(em("s.db"));
+      tipo = quando;
+      chamadas = 0;
+      EXPECT_EQ(roda(regra).sinal, SIGKILL);
+      EXPECT_TRUE(!fs::exists(em("s.db")) || leBytes(em("s.db")) == inteiro);
+      fs::remove(em("s.db"));
+      tipo = Destino::Segue;
+      EXPECT_EQ(roda(regra).situacao, 0);
+      EXPECT_EQ(nomes(), Opcoes{"s.db"});
+      relato.caso();
+    }
   }
 }
 

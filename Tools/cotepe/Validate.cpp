@@ -88,7 +88,7 @@ Execucao declaraValidate(CLI::App& comando) {
   comando.add_flag("--rules", o->regras, "List the rules and exit");
   comando.footer(
       "Exit status: 0 nothing found, 1 findings, 2 could not run.\n"
-      "Memory: 40 to 80 bytes for each coupon of the report, whatever its size otherwise.");
+      "Memory does not grow with the report: what it must remember of coupons stands in a temporary file.");
   return [o] { executa(*o); };
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Validacao/Familia.h"
+#include "Validacao/Paginas.h"
 
 namespace cotepe {
 namespace {
@@ -63,9 +64,12 @@ class Coos {
     std::int64_t coo = 0;
     if (!cupom_.le(lido, coo)) incerto_ = true;
     largura_ = lido.campos[cupom_.indice()].largura;
+    if (coo < ultimoCupom_) volta(ultimoCupom_, coo);
+    ultimoCupom_ = coo;
     const auto curto = static_cast<std::uint32_t>(coo);
-    if (!deCupons_.empty() && curto < deCupons_.back()) volta(deCupons_.back(), curto);
-    deCupons_.push_back(curto);
+    if (emOrdem_.size() != 0 && curto < maior_) return fora_.push_back(curto);
+    maior_ = curto;
+    emOrdem_.acrescenta(curto);
   }
 
   void documento(Relator& relator, const RegistroLido& lido) {
@@ -80,8 +84,8 @@ class Coos {
                       "no document with COO " + faltam(de, ate, largura_), "it in E14 or E16");
     };
     avancaAte(coo, lacuna);
-    if (cursor_ < deCupons_.size() && deCupons_[cursor_] == coo) {
-      ++cursor_;
+    if (temCupom() && cupomAtual() == coo) {
+      passaCupom();
       relator.noCampo(Regra::ContadorRepetido, lido, documento_.indice(),
                       entreAspas(documento_.bytes(lido)) + ", which E14 has too", "each COO once");
     }
@@ -105,14 +109,22 @@ class Coos {
 
   void ordena() {
     if (ordenado_) return;
-    std::sort(deCupons_.begin(), deCupons_.end());
+    std::sort(fora_.begin(), fora_.end());
     ordenado_ = true;
   }
 
+  // The COOs of E14 as one ascending sequence.
+  bool temCupom() const { return cursor_ < emOrdem_.size() || cursorDeFora_ < fora_.size(); }
+  bool vemDeFora() {
+    return cursor_ >= emOrdem_.size() ||
+           (cursorDeFora_ < fora_.size() && fora_[cursorDeFora_] < emOrdem_.em(cursor_));
+  }
+  std::int64_t cupomAtual() { return vemDeFora() ? fora_[cursorDeFora_] : emOrdem_.em(cursor_); }
+  void passaCupom() { ++(vemDeFora() ? cursorDeFora_ : cursor_); }
+
   template <class Lacuna>
   void avancaAte(std::int64_t coo, const Lacuna& lacuna) {
-    for (; cursor_ < deCupons_.size() && deCupons_[cursor_] < coo; ++cursor_)
-      passa(deCupons_[cursor_], lacuna);
+    for (; temCupom() && cupomAtual() < coo; passaCupom()) passa(cupomAtual(), lacuna);
   }
 
   template <class Lacuna>
@@ -122,9 +134,11 @@ class Coos {
   }
 
   Coluna cupom_{kE14, "COO"}, documento_{kE16, "COO"};
-  std::vector<std::uint32_t> deCupons_;
-  std::size_t cursor_ = 0;
-  std::int64_t ultimo_ = -1;
+  Paginas<std::uint32_t> emOrdem_;   // of E14, ascending
+  std::vector<std::uint32_t> fora_;  // the others of E14
+  std::uint32_t maior_ = 0;
+  std::size_t cursor_ = 0, cursorDeFora_ = 0;
+  std::int64_t ultimoCupom_ = -1, ultimo_ = -1;
   int largura_ = 6;
   bool ordenado_ = false, incerto_ = false;
 };

@@ -88,11 +88,11 @@ class Cupons {
     pagamentosIlegiveis_ = pagamentosIlegiveis_ || ilegivel;
   }
 
-  void fim(Relator& relator) const {
-    for (const Documento& documento : tabela_.todos()) {
+  void fim(Relator& relator) {
+    tabela_.paraCada([&](const Documento& documento) {
       if (viuItens_ && !itensIlegiveis_) confereItens(relator, documento);
       if (viuPagamentos_ && !pagamentosIlegiveis_) conferePagamentos(relator, documento);
-    }
+    });
   }
 
  private:

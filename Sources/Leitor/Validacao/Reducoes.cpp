@@ -1,4 +1,4 @@
-// The Z reductions: E12 with E13, E13 with E17, E01 with E12, and the grand total over all of them.
+// The Z reductions: E12 with E13 and E16, E13 with E17, E01 with E12, and the grand total over all of them.
 #include <algorithm>
 #include <map>
 #include <string>
@@ -12,6 +12,8 @@ namespace {
 /// What the registers say of one reduction, in cents.
 struct Reducao {
   std::int64_t vendaBruta = 0, fiscais = 0, somaNaoFiscal = 0, naoFiscais = 0;
+  std::int64_t coo = 0;  // of E12
+  bool cooIncerto = false;
   long linha = 0;      // in E12
   long linhaSoma = 0;  // in E13, of the non-fiscal sum
   bool incerta = false;
@@ -29,6 +31,7 @@ class Reducoes final : public Familia {
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE12) return e12(lido);
     if (lido.registro == &kE13) return e13(lido);
+    if (lido.registro == &kE16) return e16(lido);
     if (lido.registro == &kE17) return e17(lido);
     if (lido.registro == &kE18 && !lido.vazio) daReducao(lido, crz18_);
   }
@@ -52,6 +55,7 @@ class Reducoes final : public Familia {
     }
     Reducao& reducao = reducoes_[crz];
     // The same CRZ under another CRO: the joins by CRZ give each the totals of both.
+    reducao.cooIncerto = reducao.linha != 0 || !coo12_.le(lido, reducao.coo);
     reducao.incerta = reducao.linha != 0 || !venda_.le(lido, reducao.vendaBruta);
     reducao.linha = lido.linha.numero;
   }
@@ -87,6 +91,17 @@ class Reducoes final : public Familia {
     }
   }
 
+  // Where E12 has its reduction; a report of the detail-tape memory alone has no E12.
+  void e16(const RegistroLido& lido) {
+    std::int64_t crz = 0, coo = 0;
+    if (simbolo_.bytes(lido) != "RZ" || !crz16_.le(lido, crz) || !coo16_.le(lido, coo)) return;
+    const auto achada = reducoes_.find(crz);
+    if (achada == reducoes_.end() || achada->second.cooIncerto || achada->second.coo == coo) return;
+    relator_.noCampo(
+        Regra::DocumentoDaReducao, lido, coo16_.indice(), entreAspas(coo16_.bytes(lido)),
+        entreAspas(contadorEscrito(achada->second.coo, lido.campos[coo16_.indice()].largura)) + " as in E12");
+  }
+
   void e17(const RegistroLido& lido) {
     viuE17_ = true;
     if (lido.vazio) return;
@@ -113,7 +128,8 @@ class Reducoes final : public Familia {
   Relator& relator_;
   std::map<std::int64_t, Reducao> reducoes_;
   bool viuE12_ = false, viuE13_ = false, viuE17_ = false, ilegivel_ = false;
-  Coluna crz12_{kE12, "CRZ"}, venda_{kE12, "Venda bruta diária"}, crz13_{kE13, "CRZ"},
+  Coluna crz12_{kE12, "CRZ"}, coo12_{kE12, "COO"}, coo16_{kE16, "COO"}, crz16_{kE16, "CRZ"},
+      simbolo_{kE16, "Símbolo do documento"}, venda_{kE12, "Venda bruta diária"}, crz13_{kE13, "CRZ"},
       totalizador_{kE13, "Totalizador parcial"}, valor13_{kE13, "Valor acumulado"}, crz17_{kE17, "CRZ"},
       valor17_{kE17, "Valor acumulado"}, crz18_{kE18, "CRZ"};
 };

@@ -66,6 +66,7 @@ constexpr std::array<DescricaoDaRegra, kQuantasRegras> kRegras = {{
      kVejaOBanco},
     {"reduction-nonfiscal", kErro, "E13's non-fiscal sum of a reduction is the sum of its totalizers in E17.",
      kVejaOBanco},
+    {"reduction-document", kErro, "E16's document RZ of a reduction has the COO that E12 has.", kVejaOBanco},
     {"reduction-range", kErro, "E01's range of CRZ and days is that of E12.", kVejaOBanco},
     {"grand-total", kErro,
      "The grand total holds the gross sales of the file, and E11's is no less than E02's.", kVejaOBanco},

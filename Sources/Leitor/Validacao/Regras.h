@@ -47,6 +47,7 @@ enum class Regra : std::uint8_t {
   SemDocumento,
   TotaisDaReducao,
   NaoFiscaisDaReducao,
+  DocumentoDaReducao,
   FaixaDasReducoes,
   GrandeTotal,
   Posicao,

@@ -4,39 +4,47 @@
 
 namespace cotepe {
 
-// Where the COO stands in the index, or where it would.
-std::size_t TabelaDeDocumentos::lugar(std::uint32_t coo) const {
-  const std::size_t mascara = indice_.size() - 1;
-  std::size_t i = static_cast<std::size_t>(coo * std::uint64_t{0x9E3779B97F4A7C15U} >> 32) & mascara;
-  while (indice_[i] != 0 && documentos_[indice_[i] - 1].coo != coo) i = (i + 1) & mascara;
-  return i;
-}
-
-void TabelaDeDocumentos::dobra() {
-  indice_.assign(std::max<std::size_t>(1024, 2 * indice_.size()), 0);
-  for (std::uint32_t i = 0; i < documentos_.size(); ++i) {
-    const std::size_t livre = lugar(documentos_[i].coo);
-    if (indice_[livre] == 0) indice_[livre] = i + 1;
-  }
-}
-
 Documento& TabelaDeDocumentos::acrescenta(std::uint32_t coo) {
-  if (2 * (documentos_.size() + 1) > indice_.size()) dobra();
-  documentos_.emplace_back();
-  documentos_.back().coo = coo;
-  const std::size_t livre = lugar(coo);
-  if (indice_[livre] == 0) indice_[livre] = static_cast<std::uint32_t>(documentos_.size());
-  return documentos_.back();
+  Documento novo;
+  novo.coo = coo;
+  if (emOrdem_.size() != 0 && coo <= maior_) {
+    doCoo_.emplace(coo, deslocados_.size());
+    deslocados_.push_back(novo);
+    return deslocados_.back();
+  }
+  if (emOrdem_.size() % Paginas<Documento>::kPorPagina == 0) primeiros_.push_back(coo);
+  maior_ = coo;
+  return emOrdem_.acrescenta(novo);
 }
 
 Documento* TabelaDeDocumentos::acha(std::uint32_t coo) {
-  if (documentos_.empty()) return nullptr;
-  if (documentos_[recente_].coo != coo) {
-    const std::size_t achado = lugar(coo);
-    if (indice_[achado] == 0) return nullptr;
-    recente_ = indice_[achado] - 1;
+  Documento* achado = naOrdem(coo);
+  if (achado != nullptr || deslocados_.empty()) return achado;
+  const auto deslocado = doCoo_.find(coo);
+  return deslocado == doCoo_.end() ? nullptr : &deslocados_[deslocado->second];
+}
+
+Documento* TabelaDeDocumentos::naOrdem(std::uint32_t coo) {
+  if (emOrdem_.size() == 0 || coo > maior_ || coo < primeiros_[0]) return nullptr;
+  for (const std::size_t perto : {recente_, recente_ + 1}) {
+    if (perto >= emOrdem_.size() || emOrdem_.em(perto).coo != coo) continue;
+    recente_ = perto;
+    return &emOrdem_.em(perto);
   }
-  return &documentos_[recente_];
+  const auto depois = std::upper_bound(primeiros_.begin(), primeiros_.end(), coo);
+  const auto pagina = static_cast<std::size_t>(depois - primeiros_.begin()) - 1;
+  std::size_t de = pagina * Paginas<Documento>::kPorPagina;
+  std::size_t ate = std::min(emOrdem_.size(), de + Paginas<Documento>::kPorPagina);
+  while (de < ate) {
+    const std::size_t meio = de + (ate - de) / 2;
+    if (emOrdem_.em(meio).coo < coo)
+      de = meio + 1;
+    else
+      ate = meio;
+  }
+  if (de >= emOrdem_.size() || emOrdem_.em(de).coo != coo) return nullptr;
+  recente_ = de;
+  return &emOrdem_.em(de);
 }
 
 }  // namespace cotepe

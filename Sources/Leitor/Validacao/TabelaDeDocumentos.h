@@ -3,7 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
+
+#include "Validacao/Paginas.h"
 
 namespace cotepe {
 
@@ -18,25 +21,36 @@ struct Documento {
   bool itensIncertos = false, pagamentosIncertos = false;
 };
 
-/// Keeps documents in the order in which they came: 32 bytes each, and 8 to 16 of an index over them.
+/// Keeps documents in the order in which they came. Those whose COOs ascend take no memory that grows; others
+/// (a COO that was misread, a counter that began again) take about 90 bytes each.
 class TabelaDeDocumentos {
  public:
-  /// Adds a document. Another one with its COO stays the one that is found.
+  /// Adds a document. Another one with its COO stays the one that is found. Valid until the next call.
   Documento& acrescenta(std::uint32_t coo);
 
-  /// The document with the COO; null when there is none. Valid until the next one is added.
+  /// The document with the COO; null when there is none. Valid until the next call.
   Documento* acha(std::uint32_t coo);
 
-  const std::vector<Documento>& todos() const { return documentos_; }
+  /// Gives each document to `ve`, in the order in which they came.
+  template <class Funcao>
+  void paraCada(const Funcao& ve) {
+    std::size_t i = 0;
+    for (const Documento& deslocado : deslocados_) {
+      for (; i < emOrdem_.size() && emOrdem_.em(i).linha < deslocado.linha; ++i) ve(emOrdem_.em(i));
+      ve(deslocado);
+    }
+    for (; i < emOrdem_.size(); ++i) ve(emOrdem_.em(i));
+  }
 
  private:
-  std::size_t lugar(std::uint32_t coo) const;
-  void dobra();
+  Documento* naOrdem(std::uint32_t coo);
 
-  std::vector<Documento> documentos_;
-  std::vector<std::uint32_t>
-      indice_;                 // of a document, plus 1; 0 where free. A power of two long, at most half full
-  std::uint32_t recente_ = 0;  // what was found last: items of a coupon stand together
+  Paginas<Documento> emOrdem_;            // by ascending COO
+  std::vector<std::uint32_t> primeiros_;  // the first COO of each page of it
+  std::uint32_t maior_ = 0;               // its last COO
+  std::size_t recente_ = 0;               // what was found last in it: items of a coupon stand together
+  std::vector<Documento> deslocados_;
+  std::unordered_map<std::uint32_t, std::size_t> doCoo_;  // of them, the first one
 };
 
 }  // namespace cotepe

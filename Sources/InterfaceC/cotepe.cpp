@@ -23,26 +23,21 @@ struct cotepe_generator {
 
 namespace {
 
-// The result of `funcao`, or the one that stands for what it throws.
-template <class Funcao>
-int semExcecao(Funcao funcao) noexcept {
-  try {
-    return funcao();
-  } catch (const std::bad_alloc&) {
-    return COTEPE_NO_MEMORY;
-  } catch (const cotepe::RelogioInvalido&) {
-    return COTEPE_BAD_TIME;
-  } catch (...) {
-    return COTEPE_CALLBACK_FAILED;
-  }
-}
-
-// The same with the generator to itself.
+// The result of `funcao` with the generator to itself, or the result that stands for what it throws.
 template <class Funcao>
 int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
   if (gerador == nullptr) return COTEPE_BAD_ARGUMENT;
   if (gerador->ocupado.test_and_set()) return COTEPE_BUSY;
-  const int resultado = semExcecao([&] { return funcao(*gerador); });
+  int resultado = COTEPE_DONE;
+  try {
+    resultado = funcao(*gerador);
+  } catch (const std::bad_alloc&) {
+    resultado = COTEPE_NO_MEMORY;
+  } catch (const cotepe::RelogioInvalido&) {
+    resultado = COTEPE_BAD_TIME;
+  } catch (...) {
+    resultado = COTEPE_CALLBACK_FAILED;
+  }
   gerador->ocupado.clear();
   return resultado;
 }
@@ -62,10 +57,8 @@ int cotepe_create(sqlite3* database, cotepe_generator** generator) noexcept {
   if (generator == nullptr) return COTEPE_BAD_ARGUMENT;
   *generator = nullptr;
   if (database == nullptr) return COTEPE_BAD_ARGUMENT;
-  return semExcecao([&] {
-    *generator = new cotepe_generator(database);
-    return COTEPE_DONE;
-  });
+  *generator = new (std::nothrow) cotepe_generator(database);
+  return *generator != nullptr ? COTEPE_DONE : COTEPE_NO_MEMORY;
 }
 
 int cotepe_destroy(cotepe_generator* generator) noexcept {

@@ -12,6 +12,7 @@ extern "C" {
 
 #define COTEPE_API __attribute__((visibility("default")))
 
+/* NOLINTBEGIN(modernize-use-using): C has typedef alone. */
 struct sqlite3;
 
 /* A generator over one database: its settings and its callbacks. Generators are independent of each other and
@@ -95,6 +96,8 @@ COTEPE_API const char* cotepe_result_text(int result) COTEPE_NOEXCEPT;
 
 /* Version of the library that runs, such as "1.2.3". */
 COTEPE_API const char* cotepe_version(void) COTEPE_NOEXCEPT;
+
+/* NOLINTEND(modernize-use-using) */
 
 #ifdef __cplusplus
 }

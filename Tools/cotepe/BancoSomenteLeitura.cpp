@@ -12,12 +12,20 @@
 namespace cotepe::programa {
 namespace {
 
-constexpr int kPausa = 20;  // milliseconds between two tries for a lock
+constexpr int kPausa = 20;      // milliseconds between two tries for a lock
+constexpr int kTentativas = 6;  // for what may be a writer in the middle of a step
 
-// The first statement reads nothing yet; the second begins to, and so fixes the state that all others see.
+// The first reads nothing yet; the second begins to, and so fixes the state that all others see.
 constexpr char kPreparo[] =
-    "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON; BEGIN;"
-    "SELECT count(*) FROM sqlite_schema";
+    "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON; BEGIN";
+constexpr char kPrimeiraLeitura[] = "SELECT count(*) FROM sqlite_schema";
+
+// A journal that its writer removes just while it is looked at, by a ROLLBACK, seems to be one that was left
+// behind: a connection that may not write cannot make sure, but it can look again.
+bool talvezPassageira(int resultado) {
+  return resultado == SQLITE_READONLY_ROLLBACK || resultado == SQLITE_READONLY_RECOVERY ||
+         (resultado & 0xff) == SQLITE_CANTOPEN || (resultado & 0xff) == SQLITE_PROTOCOL;
+}
 
 // SQLite takes some relative names for something else than a file.
 std::string comPasta(const std::string& caminho) { return caminho.front() == '/' ? caminho : "./" + caminho; }
@@ -88,7 +96,14 @@ void BancoSomenteLeitura::prepara(const std::string& caminho) {
   sqlite3_extended_result_codes(banco_, 1);
   sqlite3_busy_handler(banco_, aoOcupar, &espera_);
   espera_.desde = std::chrono::steady_clock::now();
-  if (sqlite3_exec(banco_, kPreparo, nullptr, nullptr, nullptr) == SQLITE_OK) return;
+  int resultado = sqlite3_exec(banco_, kPreparo, nullptr, nullptr, nullptr);
+  for (int vez = 1; resultado == SQLITE_OK; ++vez) {
+    resultado = sqlite3_exec(banco_, kPrimeiraLeitura, nullptr, nullptr, nullptr);
+    if (resultado == SQLITE_OK) return;
+    if (vez == kTentativas || !talvezPassageira(resultado) || sinalRecebido() != 0) break;
+    sqlite3_sleep(kPausa);
+    resultado = SQLITE_OK;
+  }
   paraSeInterrompido();
   naoLe(caminho);
 }

@@ -4,7 +4,9 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <thread>
+#include <utility>
 
 #include "BancoSomenteLeitura.h"
 #include "Cena.h"
@@ -22,6 +24,38 @@ class BancoEncontrado : public Cena {
     EXPECT_EQ(fim.erros, "cotepe: " + mensagem + "\n");
     EXPECT_FALSE(fs::exists(em("r.txt")));
   }
+};
+
+// SQLite's own files, but that something happens just before a reader opens a journal for the first time.
+class JournalEspiado {
+ public:
+  explicit JournalEspiado(std::function<void()> antes) {
+    original_ = sqlite3_vfs_find(nullptr);
+    antes_ = std::move(antes);
+    espia_ = *original_;
+    espia_.zName = "espia";
+    espia_.xOpen = abre;
+    sqlite3_vfs_register(&espia_, 1);
+  }
+  ~JournalEspiado() {
+    sqlite3_vfs_unregister(&espia_);
+    sqlite3_vfs_register(original_, 1);
+  }
+  JournalEspiado(const JournalEspiado&) = delete;
+  JournalEspiado& operator=(const JournalEspiado&) = delete;
+
+  static bool aconteceu() { return !antes_; }
+
+ private:
+  static int abre(sqlite3_vfs* /*espia*/, const char* nome, sqlite3_file* arquivo, int modo, int* deFato) {
+    constexpr int kJournalSoLido = SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_READONLY;
+    if ((modo & kJournalSoLido) == kJournalSoLido && antes_) std::exchange(antes_, nullptr)();
+    return original_->xOpen(original_, nome, arquivo, modo, deFato);
+  }
+
+  static inline sqlite3_vfs* original_ = nullptr;
+  static inline sqlite3_vfs espia_;
+  static inline std::function<void()> antes_;
 };
 
 // The first column of the first row.
@@ -130,6 +164,15 @@ TEST_F(BancoEncontrado, UnfinishedTransactionIsLeftToItsOwner) {
          "cannot read the database: meio.db: found a transaction that its writer left unfinished, expected a "
          "database "
          "at rest; let the application that owns it open it once, then try again");
+}
+
+TEST_F(BancoEncontrado, ATransactionThatIsTakenBackWhileItsJournalIsLookedAtIsNotTakenForAnUnfinishedOne) {
+  criaBanco();
+  escreveArquivo(em("base.db-journal"), "x");
+  const JournalEspiado espiado([&] { fs::remove(em("base.db-journal")); });
+  const cotepe::programa::BancoSomenteLeitura aberto(em("base.db"), std::chrono::seconds(0));
+  EXPECT_TRUE(JournalEspiado::aconteceu());
+  EXPECT_EQ(valor(aberto.banco(), "SELECT count(*) FROM moeda"), 1);
 }
 
 TEST_F(BancoEncontrado, WalDatabaseWithoutItsFilesInAFolderThatCannotBeWrittenIsExplained) {

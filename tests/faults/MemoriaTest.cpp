@@ -9,6 +9,7 @@
 
 #include "BancoCheio.h"
 #include "Corrida.h"
+#include "LeituraFalha.h"
 #include "Plano.h"
 #include "Relato.h"
 
@@ -168,8 +169,9 @@ struct Guardado {
   sqlite3_int64 bytes;
 };
 Guardado guardado(sqlite3* banco = nullptr) {
-  // A handle keeps the text of its last error: let it be this one.
+  // A handle keeps the text of its last error, let it be this one; and pages of its file.
   if (banco != nullptr) sqlite3_exec(banco, "no SQL", nullptr, nullptr, nullptr);
+  if (banco != nullptr) sqlite3_db_release_memory(banco);
   return {g_nossa.pendentes(), g_doSqlite.pendentes(), sqlite3_memory_used()};
 }
 
@@ -195,10 +197,9 @@ int geraSem(Memoria& memoria, CotepeManager& gerador, const Modo& modo, const No
 }
 
 // Every allocation of one kind fails in its turn, or every `salto`-th; at the end a run is left untouched.
-void falhaEmCadaUma(Relato& relato, Memoria& memoria, Bancada& bancada, const Modo& modo, bool paraSempre,
-                    long salto) {
+void falhaEmCadaUma(Relato& relato, Memoria& memoria, sqlite3* banco, CotepeManager& gerador,
+                    const Modo& modo, bool paraSempre, long salto) {
   const NomeDoRelatorio relatorio;
-  CotepeManager& gerador = bancada.gerador();
   const Corrida inteira = corre(gerador, modo, relatorio);
   ASSERT_EQ(inteira.resultado, 0);
   ASSERT_EQ(plano(modo)[0].mensagem(), "Erro no select - GeraRegistrosTipoE");  // made before the counting
@@ -207,7 +208,7 @@ void falhaEmCadaUma(Relato& relato, Memoria& memoria, Bancada& bancada, const Mo
   for (long n = 0; falhas > 0; n += salto) {
     SCOPED_TRACE(testing::Message() << modo << ", allocation " << n
                                     << (paraSempre ? " and all after it" : " alone"));
-    const Guardado antes = guardado(bancada.banco());
+    const Guardado antes = guardado(banco);
     {
       Corrida corrida;
       corrida.resultado = geraSem(memoria, gerador, modo, relatorio, n, paraSempre, falhas);
@@ -216,9 +217,9 @@ void falhaEmCadaUma(Relato& relato, Memoria& memoria, Bancada& bancada, const Mo
       EXPECT_TRUE(honesta(corrida, inteira, modo));
       EXPECT_TRUE(falhas > 0 || corrida == inteira);
     }
-    EXPECT_EQ(sqlite3_next_stmt(bancada.banco(), nullptr), nullptr) << "a statement was left open";
+    EXPECT_EQ(sqlite3_next_stmt(banco, nullptr), nullptr) << "a statement was left open";
     EXPECT_TRUE(corre(gerador, modo, relatorio) == inteira) << "the next run is not whole";
-    EXPECT_TRUE(nadaFicou(antes, bancada.banco()));
+    EXPECT_TRUE(nadaFicou(antes, banco));
     relato.caso();
   }
 }
@@ -233,12 +234,14 @@ void confere(Relato& relato, Memoria& memoria, bool lookaside, bool paraSempre, 
                                 lookaside ? 100 : 0),
               SQLITE_OK);
     for (const Modo& modo : modos(memoria))
-      falhaEmCadaUma(relato, memoria, bancada, modo, paraSempre, casos(saltoCurto, 1L));
+      falhaEmCadaUma(relato, memoria, bancada.banco(), bancada.gerador(), modo, paraSempre,
+                     casos(saltoCurto, 1L));
     // Integers, whose texts SQLite makes when they are asked for.
     bancada.sql(
         "UPDATE posicao_totalizadores_contadores SET valor_gt = 98765432, cont_coo = 12345;"
         "UPDATE dados_ecf SET num_serie = 4711; UPDATE cupom_fiscal SET valor_total = 12.5, cont_ccf = 1");
-    falhaEmCadaUma(relato, memoria, bancada, {"TDM", 2, false}, paraSempre, casos(saltoCurto, 1L));
+    falhaEmCadaUma(relato, memoria, bancada.banco(), bancada.gerador(), {"TDM", 2, false}, paraSempre,
+                   casos(saltoCurto, 1L));
   }
   EXPECT_EQ(sqlite3_memory_used(), antes.bytes) << "the closed database left memory behind";
 }
@@ -266,6 +269,26 @@ TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnWithLookaside) {
 TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnWithoutLookaside) {
   Relato relato("Memory", "every allocation of SQLite failing with all after it, without lookaside");
   confere(relato, g_doSqlite, false, true, 17);
+}
+
+// Pages have to be read, and to be held, into memory of SQLite's as well.
+void confereSobreArquivo(Relato& relato, bool paraSempre) {
+  Bancada cheia;
+  enche(cheia);
+  const BancoEmArquivo arquivo(cheia.banco());
+  CotepeManager gerador(arquivo.banco());
+  for (const Modo& modo : {Modo{"TDM", 2, false}, Modo{"MF", 1, false}})
+    falhaEmCadaUma(relato, g_doSqlite, arquivo.banco(), gerador, modo, paraSempre, casos(13L, 1L));
+}
+
+TEST(Memoria, OneAllocationOfSqliteThatFailsOverAFile) {
+  Relato relato("Memory", "every allocation of SQLite failing alone, over a database file");
+  confereSobreArquivo(relato, false);
+}
+
+TEST(Memoria, AllAllocationsOfSqliteThatFailFromOneOnOverAFile) {
+  Relato relato("Memory", "every allocation of SQLite failing with all after it, over a database file");
+  confereSobreArquivo(relato, true);
 }
 
 // From the first event of the kind `tipo` of the query with `trecho` on, SQLite has no memory.

@@ -255,6 +255,14 @@ const std::vector<Caso>& casos() {
          r.troca(18, 60, "0000000001200", "0000000001300");
          r.troca(34, 68, "0000000001200", "0000000001300");
        }},
+      {"reduction-document",
+       [](Relatorio& r) { r.troca(10, 53, "000105", "000104"); },
+       {R"(:30:47-52: error reduction-document E16.6 "COO": found "000105", expected "000104" as in E12)" +
+        kBanco},
+       [](Relatorio& r) {
+         r.remove(33);
+         r.troca(11, 53, "000109", "000108");
+       }},
       {"reduction-range",
        [](Relatorio& r) { r.troca(1, 122, "000011", "000012"); },
        {R"(:1: error reduction-range E01.14 "CRZ final": found "000012", expected "000011" as E12 has )"

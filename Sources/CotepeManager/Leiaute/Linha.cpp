@@ -37,13 +37,21 @@ std::size_t digitosDe(std::uint64_t valor) noexcept {
 }
 
 // Writes the digits of `valor` backwards, two at a time, so that they end before `fim`.
-void escreveDigitos(char* fim, std::uint64_t valor) noexcept {
+void poeDigitos(char* fim, std::uint64_t valor) noexcept {
   while (valor >= 10) {
     fim -= 2;
     std::memcpy(fim, &kPares[2 * static_cast<std::size_t>(valor % 100)], 2);
     valor /= 100;
   }
   if (valor != 0) *--fim = static_cast<char>('0' + valor);
+}
+
+// Copies the digits that `texto` begins with, `maximo` at most, and returns how many there were.
+std::size_t copiaDigitos(char* destino, const char* texto, std::size_t maximo) noexcept {
+  std::size_t digitos = 0;
+  for (; digitos < maximo && texto[digitos] >= '0' && texto[digitos] <= '9'; ++digitos)
+    destino[digitos] = texto[digitos];
+  return digitos;
 }
 
 }  // namespace
@@ -82,8 +90,23 @@ std::size_t Linha::escreveSemSinal(std::uint64_t valor, std::size_t largura) {
     std::memset(destino, '0', kDigitosMaximos);  // of a size known here: two instructions
   else
     std::memset(destino, '0', total);
-  escreveDigitos(destino + total, valor);
+  poeDigitos(destino + total, valor);
   return total;
+}
+
+bool Linha::escreveDigitos(const char* texto, std::size_t casas, std::size_t largura) {
+  if (largura < casas || largura > kDigitosMaximos) return false;
+  char area[2 * kDigitosMaximos];  // zeros, the digits without their point, zeros
+  std::memset(area, '0', sizeof area);
+  char* fim = area + kDigitosMaximos;
+  const std::size_t inteiros = copiaDigitos(fim, texto, largura - casas);
+  texto += inteiros;
+  fim += inteiros;
+  if (casas != 0 && *texto == '.') texto += copiaDigitos(fim, texto + 1, casas) + 1;
+  if (*texto != '\0') return false;
+  // Of a size known here, the zeros behind the field included: two instructions.
+  std::memcpy(espaco(kDigitosMaximos), fim + casas - largura, kDigitosMaximos);
+  return true;
 }
 
 std::size_t Linha::escreveNumero(std::int64_t valor, std::size_t largura) {

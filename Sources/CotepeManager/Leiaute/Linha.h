@@ -60,6 +60,11 @@ class Linha {
   std::size_t escreveNumero(std::int64_t valor, std::size_t largura);
   std::size_t escreveSemSinal(std::uint64_t valor, std::size_t largura);
 
+  /// A first half of its own: where the terminated `texto` is digits with at most `casas` decimals behind a
+  /// point, writes its value in units of the last of these places, right-aligned and zero-filled. False, and
+  /// nothing written, where it is anything else or longer than `largura`.
+  bool escreveDigitos(const char* texto, std::size_t casas, std::size_t largura);
+
   /// The finished line, and the same with its line-feed; valid until the line changes.
   std::string_view texto() const noexcept { return {buffer_.data(), estado_.fim}; }
   std::string_view comFimDeLinha() noexcept;

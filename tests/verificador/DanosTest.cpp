@@ -87,8 +87,6 @@ std::vector<Trecho> trechosDe(const std::vector<Destino>& destinos, int leiaute)
   return trechos;
 }
 
-bool controla(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
-
 // Told by two amounts, and right whatever they are.
 constexpr std::string_view kOrdem = "Ordem de desconto e acréscimo";
 

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
+#include "Leiaute/Releitura.h"
 #include "Leiaute/Texto.h"
 #include "Verificacao/Citacao.h"
 
 namespace cotepe {
 namespace {
-
-bool controla(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
 bool qualquer(const Campo& /*campo*/) { return true; }
 

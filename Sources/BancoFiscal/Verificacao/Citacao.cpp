@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "Leiaute/Releitura.h"
+
 namespace cotepe {
 namespace {
 
@@ -31,8 +33,6 @@ std::string escapado(char c) {
   return hexadecimal;
 }
 
-bool controle(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
-
 }  // namespace
 
 std::string legivel(std::string_view valor) {
@@ -41,7 +41,7 @@ std::string legivel(std::string_view valor) {
   while (i < valor.size()) {
     const std::size_t quantos = sequencia(valor.substr(i));
     if (i + (quantos == 0 ? 1 : quantos) > kMaximo) break;
-    if (quantos == 0 || controle(valor[i])) {
+    if (quantos == 0 || controla(valor[i])) {
       texto += escapado(valor[i++]);
       continue;
     }

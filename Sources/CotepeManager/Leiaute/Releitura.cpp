@@ -38,8 +38,7 @@ bool soMostraveis(std::string_view bytes) noexcept {
 
 Defeito defeitoDoTexto(std::string_view bytes) noexcept {
   if (!soMostraveis(bytes)) {
-    const auto controle = [](char c) { return (c >= 0 && c < ' ') || c == 127; };
-    return std::any_of(bytes.begin(), bytes.end(), controle) ? Defeito::Controle : Defeito::NaoAscii;
+    return std::any_of(bytes.begin(), bytes.end(), controla) ? Defeito::Controle : Defeito::NaoAscii;
   }
   const bool recuado = !bytes.empty() && bytes.front() == ' ' && !soBrancos(bytes);
   return recuado ? Defeito::Alinhamento : Defeito::Nenhum;

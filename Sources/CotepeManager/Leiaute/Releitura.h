@@ -32,6 +32,12 @@ constexpr bool numerica(Especie especie) {
 constexpr bool deData(Especie especie) { return especie == Especie::Data || especie == Especie::DataPronta; }
 constexpr bool deHora(Especie especie) { return especie == Especie::Hora || especie == Especie::HoraPronta; }
 
+/// A control character: 0 to 31, and 127. Bytes from 128 on are none, whether char is signed or not.
+constexpr bool controla(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || byte == 0x7F;
+}
+
 bool soDigitos(std::string_view bytes) noexcept;
 bool soBrancos(std::string_view bytes) noexcept;
 

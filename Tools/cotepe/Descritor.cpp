@@ -17,6 +17,11 @@ void espera(int descritor) {
   poll(&pronto, 1, -1);
 }
 
+[[noreturn]] void naoEscreve(const char* nome, int erro) {
+  throw Falha(kNaoEscreve, "cannot write the output", nome, motivoDoSistema(erro),
+              "a place that takes all of it", "free some space or choose another place");
+}
+
 }  // namespace
 
 Descritor::~Descritor() {
@@ -48,10 +53,15 @@ void escreveTudo(int descritor, std::string_view texto, const char* nome) {
     } else if (erro == EINTR) {
       paraSeInterrompido();
     } else {
-      throw Falha(kNaoEscreve, "cannot write the output", nome, motivoDoSistema(erro),
-                  "a place that takes all of it", "free some space or choose another place");
+      naoEscreve(nome, erro);
     }
   }
+}
+
+// Closing any copy of a descriptor flushes the file.
+void confirmaEscrita(int descritor, const char* nome) {
+  const int copia = fcntl(descritor, F_DUPFD_CLOEXEC, 0);
+  if (copia >= 0 && close(copia) != 0 && errno != EINTR) naoEscreve(nome, errno);
 }
 
 }  // namespace cotepe::programa

@@ -29,4 +29,8 @@ void ocupaDescritoresPadrao() noexcept;
 /// says of `nome` why it could not be written.
 void escreveTudo(int descritor, std::string_view texto, const char* nome);
 
+/// After the last write: asks for what some file systems tell only when a file is closed. Throws Falha as
+/// `escreveTudo`; the descriptor stays open.
+void confirmaEscrita(int descritor, const char* nome);
+
 }  // namespace cotepe::programa

@@ -83,7 +83,7 @@ class SaidaPadrao final : public Saida {
         throw Falha(kNaoEscreve, "cannot read the temporary file again", "stdout", motivoDoSistema(errno),
                     "what was written to it", "see to the disk and try again");
       }
-      if (lidos == 0) return;
+      if (lidos == 0) return confirmaEscrita(STDOUT_FILENO, "stdout");
       escreveTudo(STDOUT_FILENO, {bloco.data(), static_cast<std::size_t>(lidos)}, "stdout");
       posicao += lidos;
     }

@@ -285,6 +285,26 @@ TEST_F(ChamadaErrada, ShortWritesAreGoneOnWith) {
   EXPECT_GE(relato.quantos(), 3);
 }
 
+// A file system over a network says only now that there was no room.
+TEST_F(ChamadaErrada, ClosingOfStdoutThatFailsGivesFour) {
+  Relato relato("Writes", "cotepe generate to a stdout whose closing fails");
+  for (const int erro : {EIO, ENOSPC, EDQUOT}) {
+    const Prazo prazo;
+    const auto erra = [&](const Chamada& chamada) {
+      const bool saida = chamada.numero == SYS_close && chamada.alvo() == em("saida.txt");
+      return saida ? Destino{Destino::Erra, erro} : Destino{};
+    };
+    Processo processo(generate({"--output", "-", "--command", "RZ", "--quiet"}));
+    const Fim fim = processo.naPasta(pasta()).comSaidaEm(em("saida.txt")).comRegra(erra).inicia().espera();
+    EXPECT_EQ(fim.situacao, 4);
+    EXPECT_EQ(fim.erros,
+              std::string("cotepe: cannot write the output: stdout: found ") + std::strerror(erro) +
+                  ", expected a place that takes all of it; free some space or choose another place; "
+                  "what stdout got is not whole\n");
+    relato.caso();
+  }
+}
+
 // A file system of the test's own, seen by this process alone.
 class DiscoProprio : public EscritasDoPrograma {
  protected:

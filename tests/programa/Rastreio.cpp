@@ -14,6 +14,10 @@
 #include <csignal>
 #include <cstddef>
 
+#ifndef __x86_64__
+#error "the tests of the program know the registers of x86-64 alone"
+#endif
+
 namespace {
 
 constexpr int kParadaEmChamada = SIGTRAP | 0x80;  // PTRACE_O_TRACESYSGOOD

@@ -24,12 +24,13 @@ class Extensao:
     rivais: int          # rounds with the printf writer
     pares_do_programa: int
     pares_das_preparacoes: int
+    tamanho_contado: int  # of the databases on which the instructions of these are counted
     segundos_do_micro: float
 
 
 INTEIRA = Extensao((1000, 100_000, 1_000_000), {1000: 31, 100_000: 15, 1_000_000: 7},
-                   {1000: 11, 100_000: 5, 1_000_000: 1}, 3, 3, 5, 0.1)
-CURTA = Extensao((1000, 100_000), {1000: 11, 100_000: 7}, {1000: 3, 100_000: 1}, 3, 3, 3, 0.01)
+                   {1000: 11, 100_000: 5, 1_000_000: 1}, 3, 3, 7, 100_000, 0.1)
+CURTA = Extensao((1000, 100_000), {1000: 11, 100_000: 7}, {1000: 3, 100_000: 1}, 3, 3, 3, 1000, 0.01)
 
 
 def anuncia(texto):
@@ -77,9 +78,10 @@ def mede_micro(construcao, segundos):
 
 
 def prepara(corridas, bancos, extensao):
-    """The settings on the largest database; their instructions on the one of 10^5 items."""
-    maior, contado = (Caso(n, True, bancos.com_indices(n), 1) for n in (extensao.tamanhos[-1], 100_000))
-    return preparacoes.mede(corridas, bancos, maior, extensao.pares_das_preparacoes, contado, anuncia)
+    """The settings on the database of 10^5 items."""
+    tamanho = extensao.tamanho_contado
+    medido, contado = (Caso(n, True, bancos.com_indices(n), 1) for n in (100_000, tamanho))
+    return preparacoes.mede(corridas, bancos, medido, extensao.pares_das_preparacoes, tamanho, contado, anuncia)
 
 
 def texto(construcao, curta):
@@ -91,11 +93,11 @@ def texto(construcao, curta):
         medidas, programas = mede_corridas(corridas, bancos, extensao)
         tdm = [m for m in medidas if m.caso.comando == "TDM"]
         maiores = [m for m in tdm if m.caso.banco.endswith(f"-{extensao.tamanhos[-1]}.db")]
-        menores = [m for m in tdm if m.caso.itens < 500_000]
+        contadas = [m for m in tdm if m.caso.itens < (50_000 if curta and not m.caso.indices else 500_000)]
         secoes = [
             ("Whole runs", tabelas.das_corridas(medidas)),
             ("Registers, on the largest database", tabelas.dos_registros(maiores)),
-            ("Instructions", tabelas.das_instrucoes(conta_instrucoes(corridas, menores))),
+            ("Instructions", tabelas.das_instrucoes(conta_instrucoes(corridas, contadas))),
             ("Peak memory", tabelas.da_memoria(tdm)),
             ("The program as a whole process", tabelas.do_programa(programas)),
             ("Settings of the handle and of the database", tabelas.das_preparacoes(prepara(corridas, bancos, extensao))),

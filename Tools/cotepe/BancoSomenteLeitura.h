@@ -12,10 +12,10 @@ namespace cotepe::programa {
 
 class BancoSomenteLeitura {
  public:
-  /// Opens an existing file read-only (query_only on, trusted_schema off, cell_size_check on) and begins the
-  /// one read transaction that lasts as long as the object. Waits at most `espera` for a lock. Throws Falha
-  /// (of the status given), which says what is wrong with the file, and Interrupcao when a signal comes while
-  /// it waits.
+  /// Opens an existing file read-only (query_only on, trusted_schema off, cell_size_check on), for one
+  /// thread, and begins the one read transaction that lasts as long as the object. Waits at most `espera` for
+  /// a lock. Throws Falha (of the status given), which says what is wrong with the file, and Interrupcao when
+  /// a signal comes while it waits.
   BancoSomenteLeitura(const std::string& caminho, std::chrono::milliseconds espera, int situacao = kNaoAbre);
   ~BancoSomenteLeitura();
   BancoSomenteLeitura(const BancoSomenteLeitura&) = delete;

@@ -13,9 +13,11 @@ DO_PUNHO = {
     "lookaside of 512 slots of 1200 bytes": ("lookaside 1200 512",),
     "PRAGMA cell_size_check = ON": ("PRAGMA cell_size_check = ON",),
     "BEGIN: one transaction": ("BEGIN",),
+    "what cotepe generate keeps": ("nomutex", "PRAGMA cell_size_check = ON", "PRAGMA cache_size = -65536", "BEGIN"),
 }
 
 DO_BANCO = {
+    "VACUUM": "VACUUM",
     "page size of 8192": "PRAGMA page_size = 8192; VACUUM",
     "page size of 16384": "PRAGMA page_size = 16384; VACUUM",
     "without ANALYZE": "DROP TABLE sqlite_stat1",
@@ -36,9 +38,9 @@ def _compara(corridas, padrao, mudado, pares):
     return razoes, kib
 
 
-def mede(corridas, bancos, caso, pares, contado, anuncia):
-    """`contado`: the smaller case on which instructions are counted. A list of name, ratios, ratio of
-    instructions and peak KiB."""
+def mede(corridas, bancos, caso, pares, tamanho, contado, anuncia):
+    """`contado`: the case on which instructions are counted, of the size `tamanho`. A list of name, ratios,
+    ratio of instructions and peak KiB."""
 
     def conta(este):
         return instrucoes.conta(corridas.argumentos("gerador", este, "/dev/null")).total
@@ -52,8 +54,8 @@ def mede(corridas, bancos, caso, pares, contado, anuncia):
     for numero, (nome, sql) in enumerate(DO_BANCO.items()):
         anuncia(nome)
         outro = f"variante{numero}"
-        mudado = replace(caso, banco=bancos.variante(outro, caso.itens, sql))
+        mudado = replace(caso, banco=bancos.variante(outro, 100_000, sql))
         razoes, kib = _compara(corridas, caso, mudado, pares)
-        menor = replace(contado, banco=bancos.variante(outro, contado.itens, sql))
+        menor = replace(contado, banco=bancos.variante(outro, tamanho, sql))
         resultados.append((nome, razoes, conta(menor) / base, kib))
     return resultados

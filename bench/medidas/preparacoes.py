@@ -1,4 +1,5 @@
 """What lowers the floor itself: settings of the handle and of the database, each alone against none."""
+import zlib
 from dataclasses import replace
 
 from . import instrucoes
@@ -51,9 +52,9 @@ def mede(corridas, bancos, caso, pares, tamanho, contado, anuncia):
         anuncia(nome)
         razoes, kib = _compara(corridas, caso, replace(caso, preparo=preparo), pares)
         resultados.append((nome, razoes, conta(replace(contado, preparo=preparo)) / base if preparo else None, kib))
-    for numero, (nome, sql) in enumerate(DO_BANCO.items()):
+    for nome, sql in DO_BANCO.items():
         anuncia(nome)
-        outro = f"variante{numero}"
+        outro = f"variante-{zlib.crc32(sql.encode()):08x}"  # another one when the SQL changes
         mudado = replace(caso, banco=bancos.variante(outro, 100_000, sql))
         razoes, kib = _compara(corridas, caso, mudado, pares)
         menor = replace(contado, banco=bancos.variante(outro, tamanho, sql))

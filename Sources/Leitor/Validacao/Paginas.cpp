@@ -38,7 +38,7 @@ bool ArquivoTemporario::escreve(std::uint64_t posicao, const void* bytes, std::s
   return true;
 }
 
-void ArquivoTemporario::le(std::uint64_t posicao, void* bytes, std::size_t quantos) {
+void ArquivoTemporario::le(std::uint64_t posicao, void* bytes, std::size_t quantos) const {
   for (std::size_t feitos = 0; feitos < quantos;) {
     const ssize_t lidos = pread(descritor_, static_cast<char*>(bytes) + feitos, quantos - feitos,
                                 static_cast<off_t>(posicao + feitos));

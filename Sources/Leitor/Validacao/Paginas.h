@@ -21,7 +21,7 @@ class ArquivoTemporario {
   /// False where there is no such file or no room in it.
   bool escreve(std::uint64_t posicao, const void* bytes, std::size_t quantos);
   /// What was written there. Throws std::runtime_error when it cannot be read again.
-  void le(std::uint64_t posicao, void* bytes, std::size_t quantos);
+  void le(std::uint64_t posicao, void* bytes, std::size_t quantos) const;
 
  private:
   int descritor_ = -1;

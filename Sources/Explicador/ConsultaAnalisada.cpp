@@ -96,7 +96,7 @@ SelectAnalisado analisaUm(std::string_view sql) {
       std::find_if(lista.begin(), lista.end(), [](const Peca& peca) { return peca.texto == "FROM"; });
   if (from == lista.end()) return select;
   const auto fim = std::find_if(from, lista.end(), termina);
-  select.resto = sql.substr(from->de, fim == lista.end() ? sql.npos : fim->de - from->de);
+  select.resto = sql.substr(from->de, fim == lista.end() ? std::string_view::npos : fim->de - from->de);
   for (auto i = from; i + 1 < fim && i->texto != "WHERE"; ++i) {
     if (i->texto != "FROM" && i->texto != "JOIN") continue;
     const std::string nome(sql.substr(i[1].de, i[1].ate - i[1].de));
@@ -118,7 +118,7 @@ SelectAnalisado analisaUm(std::string_view sql) {
 
 std::string Expressao::emPalavras() const {
   if (constante()) return "the constant " + sql;
-  const std::string lida = tabela + '.' + coluna;
+  std::string lida = tabela + '.' + coluna;
   if (soma()) return "the sum of " + lida;
   if (extremo()) return (funcao == "MIN" ? "the smallest " : "the greatest ") + lida;
   if (funcao == "IFNULL") return lida + ", 19 blanks where it is NULL";

@@ -1,5 +1,6 @@
 #include "Procedencia.h"
 
+#include <cstdint>
 #include <cstring>
 
 #include "Leiaute/Catalogo.h"
@@ -87,7 +88,7 @@ class Procurador {
     const Campo& campo = *lido_.campos[i].campo;
     if (ordemDoCupom(campo)) return daOrdem();
     if (campo.origem.coluna < 0) return {};
-    const auto coluna = static_cast<std::size_t>(campo.origem.coluna);
+    const std::size_t coluna = static_cast<std::uint8_t>(campo.origem.coluna);
     std::size_t turno = 0;
     for (std::size_t k = 0; k < i; ++k)
       if (lido_.campos[k].campo == &campo) ++turno;

@@ -1,6 +1,7 @@
 #include "Comando.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "Leiaute/Catalogo.h"
 #include "LinhaDeComando.h"
@@ -16,8 +17,9 @@ std::vector<std::string> escolhasDe(const std::string& tipo) {
 }
 
 std::vector<std::string> codigosDosRegistros() {
-  std::vector<std::string> codigos;
-  for (const Registro* registro : kCatalogo) codigos.emplace_back(registro->codigo);
+  std::vector<std::string> codigos(kCatalogo.size());
+  std::transform(kCatalogo.begin(), kCatalogo.end(), codigos.begin(),
+                 [](const Registro* registro) { return registro->codigo; });
   return codigos;
 }
 

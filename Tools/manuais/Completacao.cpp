@@ -61,10 +61,14 @@ std::string especificacaoDoZsh(const Argumento& a) {
     if (a.valor == Valor::Livre) valor += " ";
   }
   if (a.posicional()) return " " + entreAspas(valor);
+  const std::string depoisDoNome = "[" + escapado(a.descricao, kEspeciais) + "]" + valor;
   std::string texto;
-  for (const auto& nome : a.nomes)
-    texto += " " +
-             entreAspas((a.repete ? "*" : "") + nome + "[" + escapado(a.descricao, kEspeciais) + "]" + valor);
+  for (const auto& nome : a.nomes) {
+    std::string uma = a.repete ? "*" : "";
+    uma += nome;
+    uma += depoisDoNome;
+    texto += " " + entreAspas(uma);
+  }
   return texto;
 }
 

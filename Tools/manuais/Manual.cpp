@@ -104,8 +104,8 @@ std::string nomeDaPagina(const std::vector<Comando>& comandos, std::size_t qual)
 std::string pagina(const std::vector<Comando>& comandos, std::size_t qual, const std::string& versao) {
   const Comando& comando = comandos[qual];
   const std::string nome = nomeDaPagina(comandos, qual);
-  const std::string titulo = roff(maiusculas(nome)) + " 1 \"\" \"" + roff(comandos[0].nome + " " + versao) +
-                             "\" \"User Commands\"\n";
+  const std::string titulo = roff(maiusculas(nome)) + R"( 1 "" ")" + roff(comandos[0].nome + " " + versao) +
+                             R"(" "User Commands")" + "\n";
   const std::string sinopseInteira =
       negrito(linhaDeComando(nome)) + sinopse(comando) + (qual == 0 ? " " + italico("command") + " ..." : "");
   return ".\\\" Made from the program's command line; changes here are lost.\n.TH " + titulo +

@@ -5,7 +5,7 @@ set -eu
 exemplos=$(dirname "$0")/..
 # shellcheck disable=SC2046,SC2086
 {
-  ${CC:-cc} ${CFLAGS:-} -o "$1/compartilhada" "$exemplos/c/main.c" $(pkg-config --cflags --libs cotepe sqlite3)
-  ${CXX:-c++} ${CXXFLAGS:-} -std=c++17 -o "$1/hospedeiro" "$exemplos/hospedeiro/main.cpp" \
+  ${CC:-cc} ${CFLAGS:-} ${LDFLAGS:-} -o "$1/compartilhada" "$exemplos/c/main.c" $(pkg-config --cflags --libs cotepe sqlite3)
+  ${CXX:-c++} ${CXXFLAGS:-} ${LDFLAGS:-} -std=c++17 -o "$1/hospedeiro" "$exemplos/hospedeiro/main.cpp" \
     "$exemplos/hospedeiro/Aplicativo.cpp" $(pkg-config --cflags --libs cotepe-static)
 }

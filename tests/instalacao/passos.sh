@@ -39,7 +39,7 @@ destdir() {
 }
 
 simbolos() {
-  "$NM" -D --defined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | awk '{print $NF}' | LC_ALL=C sort |
+  "$NM" -D --defined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | awk '$2 == "T" {print $NF}' | LC_ALL=C sort |
     diff "$FONTES/Sources/InterfaceC/exported-symbols.txt" -
 }
 

@@ -58,7 +58,6 @@ Numero leNumero(const char* texto, char outraVirgula) noexcept {
   const char* const virgula = leDigitos(inicio, valor);
   const bool temVirgula = *virgula == ',' || *virgula == outraVirgula;
   const char* const fim = temVirgula ? leDigitos(virgula + 1, valor) : virgula;
-  if (fim - inicio == (temVirgula ? 1 : 0)) return {};
 
   const char* p = fim;
   INT64 expoente = 0;

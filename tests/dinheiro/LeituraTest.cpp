@@ -167,6 +167,11 @@ TEST(FinancialText, GivesZeroForAnyOtherText) {
   EXPECT_EQ(lido(nullptr), 0);
 }
 
+TEST(FinancialText, TakesNoneOfTheNeighboursOfTheDigits) {
+  for (const char* texto : {":", "/", "1:", ":1", "1/", "/1", "1,:", "1,/", "1e:", "1e/", "1e1:", "1e1/"})
+    EXPECT_TRUE(lido(texto) == 0 && Financial::CentavosDoBanco(texto) == 0) << texto;
+}
+
 TEST(CentavosDoBanco, ReadsThePointAsTheComma) {
   EXPECT_EQ(Financial::CentavosDoBanco("1234.56"), 123456);
   EXPECT_EQ(Financial::CentavosDoBanco("1234,56"), 123456);

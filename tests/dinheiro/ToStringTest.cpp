@@ -40,14 +40,14 @@ TEST_P(FinancialToString, WritesTheAmount) {
 
 INSTANTIATE_TEST_SUITE_P(
     Layouts, FinancialToString,
-    testing::Values(Caso{123456, FIN_STR_DEFAULT, 0, 0, "1234,56"}, Caso{123456, FIN_STR_1, 0, 0, "1.234,56"},
-                    Caso{123456, FIN_STR_2, 0, 0, "1234.56"}, Caso{123456, FIN_STR_3, 0, 0, "1,234.56"},
-                    Caso{123456, FIN_STR_4, 0, 0, "R$ 1.234,56"},
-                    Caso{-123456, FIN_STR_4, 0, 0, "-R$ 1.234,56"},
-                    Caso{123456789, FIN_STR_1, 0, 0, "1.234.567,89"},
-                    Caso{-12345678, FIN_STR_3, 0, 0, "-123,456.78"}, Caso{99999, FIN_STR_1, 0, 0, "999,99"},
-                    Caso{100000, FIN_STR_1, 0, 0, "1.000,00"},
-                    Caso{123456, static_cast<FINANCIAL_STR_TIPO>(7), 0, 0, "1234,56"}));
+    testing::Values(
+        Caso{123456, FIN_STR_DEFAULT, 0, 0, "1234,56"}, Caso{123456, FIN_STR_1, 0, 0, "1.234,56"},
+        Caso{123456, FIN_STR_2, 0, 0, "1234.56"}, Caso{123456, FIN_STR_3, 0, 0, "1,234.56"},
+        Caso{123456, FIN_STR_4, 0, 0, "R$ 1.234,56"}, Caso{-123456, FIN_STR_4, 0, 0, "-R$ 1.234,56"},
+        Caso{123456789, FIN_STR_1, 0, 0, "1.234.567,89"}, Caso{-12345678, FIN_STR_3, 0, 0, "-123,456.78"},
+        Caso{99999, FIN_STR_1, 0, 0, "999,99"}, Caso{100000, FIN_STR_1, 0, 0, "1.000,00"},
+        Caso{123456, static_cast<FINANCIAL_STR_TIPO>(5), 0, 0, "1234,56"},  // the first past the last
+        Caso{123456, static_cast<FINANCIAL_STR_TIPO>(7), 0, 0, "1234,56"}));
 
 INSTANTIATE_TEST_SUITE_P(
     SmallAmounts, FinancialToString,

@@ -18,7 +18,6 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
-set(cotepe_resumo "type-E register file of a fiscal printer")
 set(cotepe_descricao "Generates the fixed-width text file by which the Ato COTEPE/ICMS 17/04 wants
 the memories of a Brazilian fiscal printer (ECF) handed to the tax authority,
 from the SQLite database in which the printer's application keeps them.")
@@ -28,17 +27,17 @@ set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_NAME ${cotepe_biblioteca_deb})
 set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
-set(CPACK_DEBIAN_BIBLIOTECA_DESCRIPTION "${cotepe_resumo} (shared library)\n${cotepe_descricao}\n.\nThis is the library for applications in C and what calls C.")
+set(CPACK_DEBIAN_BIBLIOTECA_DESCRIPTION "${cotepe_descricao}\n.\nThis is the library for applications in C and what calls C.")
 
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_NAME libcotepe-dev)
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_DEPENDS
   "${cotepe_biblioteca_deb} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libsqlite3-dev")
-set(CPACK_DEBIAN_DESENVOLVIMENTO_DESCRIPTION "${cotepe_resumo} (development files)\n${cotepe_descricao}\n.\nThese are the headers, the static libraries, and the files for CMake and\npkg-config.")
+set(CPACK_DEBIAN_DESENVOLVIMENTO_DESCRIPTION "${cotepe_descricao}\n.\nThese are the headers, the static libraries, and the files for CMake and\npkg-config.")
 
 set(CPACK_DEBIAN_PROGRAMA_PACKAGE_NAME cotepe)
 set(CPACK_DEBIAN_PROGRAMA_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAMA_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PROGRAMA_DESCRIPTION "${cotepe_resumo} (program)\n${cotepe_descricao}\n.\nThis is the program, which also checks databases and reports, shows and\ncompares them.")
+set(CPACK_DEBIAN_PROGRAMA_DESCRIPTION "${cotepe_descricao}\n.\nThis is the program, which also checks databases and reports, shows and\ncompares them.")
 
 include(CPack)

@@ -104,4 +104,9 @@ TEST(FonteCom, ChangesOneColumnAlone) {
   EXPECT_EQ(comOutra.bytes(3), 1);
 }
 
+TEST(Especies, ADateThatIsReadyIsEightWideAndAnHourSix) {
+  EXPECT_EQ(dataPronta("", coluna(0)).largura, 8);
+  EXPECT_EQ(horaPronta("", coluna(0)).largura, 6);
+}
+
 }  // namespace

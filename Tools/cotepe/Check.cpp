@@ -39,7 +39,7 @@ void listaRegras() {
     lista << std::left << std::setw(19) << regra.nome << std::setw(9)
           << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
   }
-  escreveTudo(STDOUT_FILENO, lista.str(), "stdout");
+  escreveNaSaidaPadrao(lista.str());
 }
 
 RegrasDoBanco desliga(const std::vector<std::string>& nomes) {
@@ -96,7 +96,7 @@ void executa(const OpcoesDoCheck& opcoes) {
   SaidaDeAchados saida(fluxo, comoSai);
   verifica(opcoes, verificacao, saida);
   saida.termina();
-  fluxo.flush();
+  fluxo.conclui();
   if (saida.total() > 0)
     throw Falha(kIncompleto, opcoes.banco + ": not clean; cotepe check --rules says what the rules are");
 }
@@ -134,7 +134,7 @@ Execucao declaraCheck(CLI::App& comando) {
       ->take_all();
   comando.add_flag("--rules", o->regras, "List the rules and exit");
   comando.footer(
-      "Exit status: 0 nothing found, 1 findings, 2 could not run.\n"
+      "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
       "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "
       "tables\n"
       "and what does not match between tables always whole.");

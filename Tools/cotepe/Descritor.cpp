@@ -64,4 +64,9 @@ void confirmaEscrita(int descritor, const char* nome) {
   if (copia >= 0 && close(copia) != 0 && errno != EINTR) naoEscreve(nome, errno);
 }
 
+void escreveNaSaidaPadrao(std::string_view texto) {
+  escreveTudo(STDOUT_FILENO, texto, "stdout");
+  confirmaEscrita(STDOUT_FILENO, "stdout");
+}
+
 }  // namespace cotepe::programa

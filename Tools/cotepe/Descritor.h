@@ -33,4 +33,7 @@ void escreveTudo(int descritor, std::string_view texto, const char* nome);
 /// `escreveTudo`; the descriptor stays open.
 void confirmaEscrita(int descritor, const char* nome);
 
+/// All that a command writes to stdout. Throws as the two above.
+void escreveNaSaidaPadrao(std::string_view texto);
+
 }  // namespace cotepe::programa

@@ -26,7 +26,7 @@ void executa(const OpcoesDoDiff& opcoes) {
   Diferenca diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo});
   diferenca.compara(a.linhas(), b.linhas());
   saida.termina();
-  fluxo.flush();
+  fluxo.conclui();
   a.confereLeitura();
   b.confereLeitura();
   if (saida.total() > 0) throw Falha(kIncompleto, a.nome() + " and " + b.nome() + " differ");
@@ -43,7 +43,7 @@ Execucao declaraDiff(CLI::App& comando) {
   comando.footer(
       "Records are aligned by register and key, such as COO and item. What is printed is about B: what was\n"
       "found there, and what A has instead.\n"
-      "Exit status: 0 equal, 1 they differ, 2 could not run.\n"
+      "Exit status: 0 equal, 1 they differ, 2 could not run, 4 writing failed.\n"
       "Memory: the records of one register that have no partner yet; next to nothing for equal reports.");
   return [o] { executa(*o); };
 }

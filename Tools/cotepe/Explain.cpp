@@ -183,7 +183,7 @@ void escreve(const OpcoesDoExplain& opcoes, const LinhaExplicada& linha) {
     escreveJson(fluxo, linha);
   else
     escreveTexto(fluxo, linha, SaidaDeAchados::opcoesPara(STDOUT_FILENO).cores);
-  fluxo.flush();
+  fluxo.conclui();
 }
 
 void executa(const OpcoesDoExplain& opcoes) {
@@ -227,7 +227,7 @@ Execucao declaraExplain(CLI::App& comando) {
       "With --db the line's register is written again, and the rows are those that give the same line. What\n"
       "the report was made with is derived from it, as cotepe verify does, or given with the options above.\n"
       "Values of the database are printed as SQL would have them.\n"
-      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run.");
+      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run, 4 writing failed.");
   return [o] { executa(*o); };
 }
 

@@ -12,6 +12,11 @@ FluxoDeSaida::FluxoDeSaida() : std::ostream(nullptr) {
   exceptions(std::ios::badbit);
 }
 
+void FluxoDeSaida::conclui() {
+  flush();
+  confirmaEscrita(STDOUT_FILENO, "stdout");
+}
+
 FluxoDeSaida::Bloco::Bloco() { setp(bytes_.data(), bytes_.data() + bytes_.size()); }
 
 int FluxoDeSaida::Bloco::overflow(int c) {

@@ -7,11 +7,14 @@
 
 namespace cotepe::programa {
 
-/// Writes to stdout in blocks. Writing throws as escreveTudo does; `flush` before the end, or what is left in
+/// Writes to stdout in blocks. Writing throws as escreveTudo does; `conclui` at the end, or what is left in
 /// the block is lost.
 class FluxoDeSaida final : public std::ostream {
  public:
   FluxoDeSaida();
+
+  /// After the last write: the rest of the block, and what only closing tells. Throws as confirmaEscrita.
+  void conclui();
 
  private:
   class Bloco final : public std::streambuf {

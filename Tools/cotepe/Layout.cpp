@@ -1,5 +1,4 @@
 // cotepe layout: the field tables of the registers.
-#include <unistd.h>
 
 #include <cctype>
 #include <memory>
@@ -43,7 +42,7 @@ void executa(const OpcoesDoLayout& opcoes) {
   const auto formata = opcoes.formato == "json"       ? emJson
                        : opcoes.formato == "markdown" ? emMarkdown
                                                       : emTexto;
-  escreveTudo(STDOUT_FILENO, formata(tabelas), "stdout");
+  escreveNaSaidaPadrao(formata(tabelas));
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // The command line: a table of commands.
 #include "LinhaDeComando.h"
 
-#include <unistd.h>
-
 #include "Comandos.h"
 #include "Descritor.h"
 #include "Falha.h"
@@ -58,9 +56,9 @@ Execucao leLinhaDeComando(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
-    return [ajuda = app.help()] { escreveTudo(STDOUT_FILENO, ajuda, "stdout"); };
+    return [ajuda = app.help()] { escreveNaSaidaPadrao(ajuda); };
   } catch (const CLI::CallForVersion& versao) {
-    return [texto = versao.what() + std::string("\n")] { escreveTudo(STDOUT_FILENO, texto, "stdout"); };
+    return [texto = versao.what() + std::string("\n")] { escreveNaSaidaPadrao(texto); };
   } catch (const CLI::ParseError& erro) {
     throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe --help");
   }

@@ -1,5 +1,4 @@
 // cotepe schema: the SQL of the fiscal database.
-#include <unistd.h>
 
 #include "Comandos.h"
 #include "Descritor.h"
@@ -8,7 +7,7 @@
 namespace cotepe::programa {
 
 Execucao declaraSchema(CLI::App& /*comando*/) {
-  return [] { escreveTudo(STDOUT_FILENO, esquemaSql(), "stdout"); };
+  return [] { escreveNaSaidaPadrao(esquemaSql()); };
 }
 
 }  // namespace cotepe::programa

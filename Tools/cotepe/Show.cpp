@@ -58,7 +58,7 @@ void executa(const OpcoesDoShow& opcoes) {
     if (periodo.aceita(lido) && selecao.aceita(lido)) exibicao->mostra(lido);
     if (selecao.linha == lido.linha.numero) break;
   }
-  fluxo.flush();
+  fluxo.conclui();
   relatorio.confereLeitura();
 }
 
@@ -96,7 +96,7 @@ Execucao declaraShow(CLI::App& comando) {
       "reduction, E15 with its coupon, E20 with its non-fiscal coupon, E21 with either. E08 goes with "
       "nothing.\n"
       "Of one --register csv has a row a record, otherwise a row a field.\n"
-      "Exit status: 0 done, 2 could not run.");
+      "Exit status: 0 done, 2 could not run, 4 writing failed.");
   return [o] { executa(*o); };
 }
 

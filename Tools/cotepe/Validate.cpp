@@ -31,7 +31,7 @@ void listaRegras() {
     lista << std::left << std::setw(21) << regra.nome << std::setw(9)
           << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
   }
-  escreveTudo(STDOUT_FILENO, lista.str(), "stdout");
+  escreveNaSaidaPadrao(lista.str());
 }
 
 ConjuntoDeRegras desliga(const std::vector<std::string>& nomes) {
@@ -62,7 +62,7 @@ void executa(const OpcoesDoValidate& opcoes) {
   Validador validador(saida, {relatorio.nome(), desligadas});
   validador.valida(relatorio.linhas());
   saida.termina();
-  fluxo.flush();
+  fluxo.conclui();
   relatorio.confereLeitura();
   if (saida.total() > 0)
     throw Falha(kIncompleto,
@@ -87,7 +87,7 @@ Execucao declaraValidate(CLI::App& comando) {
       ->take_all();
   comando.add_flag("--rules", o->regras, "List the rules and exit");
   comando.footer(
-      "Exit status: 0 nothing found, 1 findings, 2 could not run.\n"
+      "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
       "Memory does not grow with the report: what it must remember of coupons stands in a temporary file.");
   return [o] { executa(*o); };
 }

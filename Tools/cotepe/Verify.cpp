@@ -132,7 +132,7 @@ void executa(const OpcoesDoVerify& opcoes) {
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
   verificacao.confronta(ajuste, saida);
   saida.termina();
-  fluxo.flush();
+  fluxo.conclui();
   if (saida.total() > 0) throw Falha(kIncompleto, relatorio.nome() + ": not what the database says");
 }
 
@@ -157,8 +157,8 @@ Execucao declaraVerify(CLI::App& comando) {
       "E12, the tapes of E10 and the last reduction of E01 as the database has it. The period asked for may\n"
       "have been longer; days without anything in them leave no trace. The time stamp of E11 is not "
       "compared.\n"
-      "Exit status: 0 the report is what the database says, 1 it is not, 2 could not run, 4 no room for the\n"
-      "temporary file.");
+      "Exit status: 0 the report is what the database says, 1 it is not, 2 could not run, 4 writing\n"
+      "failed, also for want of room for the temporary file.");
   return [o] { executa(*o); };
 }
 

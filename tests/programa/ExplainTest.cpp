@@ -560,8 +560,9 @@ TEST_F(Explain, ColonsInTheNameOfTheFileAreTheFiles) {
 TEST_F(Explain, HelpSaysTheExitStatuses) {
   const Fim fim = roda({"explain", "--help"});
   EXPECT_EQ(fim.situacao, 0);
-  EXPECT_TRUE(
-      contem(fim.saida, "Exit status: 0 explained, 1 the database does not give the line, 2 could not run."));
+  EXPECT_TRUE(contem(
+      fim.saida,
+      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run, 4 writing failed."));
 }
 
 }  // namespace

@@ -192,14 +192,16 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.troca(26, 186, "00000300", "00000301"); }},
       {"coupon-items",
        [](Relatorio& r) { r.troca(26, 231, "S", "N"); },
-       {":21: error coupon-items E14.9 \"Subtotal\": found items in E15 of 3,00 more, expected items that "
+       {":21:67-80: error coupon-items E14.9 \"Subtotal\": found items in E15 of 3,00 more, expected items "
+        "that "
         "add up to "
         "it" +
         kBanco},
        [](Relatorio& r) { r.troca(27, 231, "N", "S"); }},
       {"coupon-payments",
        [](Relatorio& r) { r.troca(45, 80, "0000000000500", "0000000000499"); },
-       {":21: error coupon-payments E14.14 \"Valor total líquido\": found payments in E21 of 0,01 less, "
+       {":21:109-122: error coupon-payments E14.14 \"Valor total líquido\": found payments in E21 of 0,01 "
+        "less, "
         "expected "
         "payments that add up to it" +
         kBanco},
@@ -209,7 +211,8 @@ const std::vector<Caso>& casos() {
          r.troca(41, 77, "0000000001200", "0000000001300");
          r.troca(41, 116, "0000000001200", "0000000001300");
        },
-       {":39: error nonfiscal-items E19.9 \"Subtotal\": found items in E20 of 1,00 more, expected items that "
+       {":39:67-80: error nonfiscal-items E19.9 \"Subtotal\": found items in E20 of 1,00 more, expected "
+        "items that "
         "add up "
         "to it (an item whose totalizer is not registered is left out: check the database)"},
        [](Relatorio& r) {
@@ -219,7 +222,8 @@ const std::vector<Caso>& casos() {
        }},
       {"nonfiscal-payments",
        [](Relatorio& r) { r.troca(46, 80, "0000000001200", "0000000001100"); },
-       {":39: error nonfiscal-payments E19.14 \"Valor total líquido\": found payments in E21 of 1,00 less, "
+       {":39:109-122: error nonfiscal-payments E19.14 \"Valor total líquido\": found payments in E21 of 1,00 "
+        "less, "
         "expected "
         "payments that add up to it" +
         kBanco},
@@ -229,7 +233,8 @@ const std::vector<Caso>& casos() {
        }},
       {"payments-over",
        [](Relatorio& r) { r.troca(45, 80, "0000000000500", "0000000000600"); },
-       {":21: warning payments-over E14.14 \"Valor total líquido\": found payments in E21 of 1,00 more, "
+       {":21:109-122: warning payments-over E14.14 \"Valor total líquido\": found payments in E21 of 1,00 "
+        "more, "
         "expected "
         "payments that add up to it (where change is not recorded as a payment TROCO, switch this rule off)"},
        [](Relatorio& r) {
@@ -242,13 +247,15 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.remove(38); }},
       {"reduction-totals",
        [](Relatorio& r) { r.troca(12, 60, "0000000003400", "0000000003401"); },
-       {":10: error reduction-totals E12.12 \"Venda bruta diária\": found 38,00, expected 38,01, the sum of "
+       {":10:87-100: error reduction-totals E12.12 \"Venda bruta diária\": found 38,00, expected 38,01, the "
+        "sum of "
         "E13" +
         kBanco},
        [](Relatorio& r) { r.troca(13, 60, "0000000000000", "0000000000100"); }},
       {"reduction-nonfiscal",
        [](Relatorio& r) { r.troca(18, 60, "0000000001200", "0000000001300"); },
-       {":18: error reduction-nonfiscal E13.8 \"Valor acumulado\": found 13,00, expected 12,00, the sum of "
+       {":18:60-72: error reduction-nonfiscal E13.8 \"Valor acumulado\": found 13,00, expected 12,00, the "
+        "sum of "
         "E17" +
         kBanco},
        [](Relatorio& r) {
@@ -265,7 +272,7 @@ const std::vector<Caso>& casos() {
        }},
       {"reduction-range",
        [](Relatorio& r) { r.troca(1, 122, "000011", "000012"); },
-       {R"(:1: error reduction-range E01.14 "CRZ final": found "000012", expected "000011" as E12 has )"
+       {R"(:1:122-127: error reduction-range E01.14 "CRZ final": found "000012", expected "000011" as E12 has )"
         "it" +
         kBanco},
        [](Relatorio& r) {
@@ -274,14 +281,16 @@ const std::vector<Caso>& casos() {
        }},
       {"grand-total",
        [](Relatorio& r) { r.troca(2, 253, "000000000000104500", "000000000000004499"); },
-       {":2: error grand-total E02.12 \"Totalizador geral (GT)\": found 44,99, expected no less than 45,00, "
+       {":2:253-270: error grand-total E02.12 \"Totalizador geral (GT)\": found 44,99, expected no less than "
+        "45,00, "
         "the gross "
         "sales of E12" +
         kBanco},
        [](Relatorio& r) { r.troca(2, 253, "000000000000104500", "000000000000004500"); }},
       {"position",
        [](Relatorio& r) { r.troca(9, 63, "000054", "000053"); },
-       {R"(:9: error position E11.8 "GNF": found "000053", expected no less than "000054" of E16)" + kBanco},
+       {R"(:9:63-68: error position E11.8 "GNF": found "000053", expected no less than "000054" of E16)" +
+        kBanco},
        [](Relatorio& r) { r.troca(9, 63, "000054", "000055"); }},
   };
   return todos;

@@ -53,6 +53,8 @@ class Cupons {
         std::min<long>(lido.linha.numero, std::numeric_limits<std::uint32_t>::max()));
     novo.itensIncertos = !subtotal_.le(lido, novo.faltaDeItens);
     novo.pagamentosIncertos = !total_.le(lido, novo.faltaDePagamentos);
+    if (!novo.itensIncertos) lugarSubtotal_ = lugarDoCampo(lido, subtotal_.indice());
+    if (!novo.pagamentosIncertos) lugarTotal_ = lugarDoCampo(lido, total_.indice());
     const std::string_view cancelado = cancelado_.bytes(lido);
     novo.cancelado = cancelado == "S";
     if (repetido || (cancelado != "S" && cancelado != "N")) {
@@ -121,7 +123,7 @@ class Cupons {
   void confereItens(Relator& relator, const Documento& documento) const {
     const std::int64_t falta = documento.faltaDeItens;
     if (falta == 0 || documento.itensIncertos || (documento.cancelado && !documento.comItem)) return;
-    relator.naLinhaLida(papel_.itens, documento.linha, papel_.documento, static_cast<int>(subtotal_.indice()),
+    relator.naLinhaLida(papel_.itens, documento.linha, papel_.documento, lugarSubtotal_,
                         std::string("items in ") + papel_.item.codigo + " of " + diferenca(falta),
                         "items that add up to it");
   }
@@ -131,8 +133,8 @@ class Cupons {
     const std::int64_t falta = documento.faltaDePagamentos;
     if (falta == 0 || documento.pagamentosIncertos || documento.cancelado) return;
     relator.naLinhaLida(falta > 0 ? papel_.pagamentos : Regra::PagamentoAMais, documento.linha,
-                        papel_.documento, static_cast<int>(total_.indice()),
-                        "payments in E21 of " + diferenca(falta), "payments that add up to it");
+                        papel_.documento, lugarTotal_, "payments in E21 of " + diferenca(falta),
+                        "payments that add up to it");
   }
 
   static std::string diferenca(std::int64_t falta) {
@@ -141,6 +143,7 @@ class Cupons {
 
   const Papel& papel_;
   Coluna coo_, contador_, subtotal_, total_, cancelado_, itemCoo_, itemContador_, itemValor_, itemCancelado_;
+  LugarDoCampo lugarSubtotal_, lugarTotal_;  // the same on every line
   TabelaDeDocumentos tabela_;
   bool algumIlegivel_ = false, itensIlegiveis_ = false, pagamentosIlegiveis_ = false;
   bool viuItens_ = false, viuPagamentos_ = false;

@@ -12,12 +12,12 @@ namespace {
 struct Guardado {
   std::string bytes;
   long linha = 0;
-  int campo = -1;  // in its register's list, from 0
+  LugarDoCampo lugar;
 
   void guarda(const RegistroLido& lido, std::size_t i) {
     bytes = lido.bytes(i);
     linha = lido.linha.numero;
-    campo = lido.campos[i].numero - 1;
+    lugar = lugarDoCampo(lido, i);
   }
 };
 
@@ -70,7 +70,7 @@ class Faixa final : public Familia {
 
   void confere(const Guardado& campo, const std::string& esperado) const {
     if (!ilegivel_ && campo.bytes != esperado)
-      relator_.naLinhaLida(Regra::FaixaDasReducoes, campo.linha, kE01, campo.campo, entreAspas(campo.bytes),
+      relator_.naLinhaLida(Regra::FaixaDasReducoes, campo.linha, kE01, campo.lugar, entreAspas(campo.bytes),
                            entreAspas(esperado) + " as E12 has it");
   }
 
@@ -78,13 +78,13 @@ class Faixa final : public Familia {
     std::int64_t total = 0, posicao = 0;
     if (gt02_.linha == 0 || !leNumero(gt02_.bytes, total)) return;
     if (!ilegivel_ && total < vendas_)
-      relator_.naLinhaLida(Regra::GrandeTotal, gt02_.linha, kE02, gt02_.campo, reais(total),
+      relator_.naLinhaLida(Regra::GrandeTotal, gt02_.linha, kE02, gt02_.lugar, reais(total),
                            "no less than " + reais(vendas_) + ", the gross sales of E12");
     if (gt11_.linha == 0 || !leNumero(gt11_.bytes, posicao)) return;
     for (std::size_t i = gt11_.bytes.size(); i < 18; ++i)
       total /= 10;  // of a covered one, the leading digits
     if (posicao < total)
-      relator_.naLinhaLida(Regra::GrandeTotal, gt11_.linha, kE11, gt11_.campo, entreAspas(gt11_.bytes),
+      relator_.naLinhaLida(Regra::GrandeTotal, gt11_.linha, kE11, gt11_.lugar, entreAspas(gt11_.bytes),
                            "no less than " +
                                entreAspas(contadorEscrito(total, static_cast<int>(gt11_.bytes.size()))) +
                                " as in E02");

@@ -13,6 +13,11 @@ constexpr std::size_t kConteudoMostrado = 4096;  // of a line, in a finding
 
 }  // namespace
 
+LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo) {
+  const CampoLido& lugar = lido.campos[campo];
+  return {lugar.numero - 1, lugar.posicao + 1, lugar.posicao + lugar.largura};
+}
+
 Relator::Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas)
     : recebe_(recebe), arquivo_(std::move(arquivo)), desligadas_(desligadas) {}
 
@@ -52,15 +57,17 @@ void Relator::naLinha(Regra regra, const RegistroLido& lido, std::string encontr
   recebe_.recebe(achado);
 }
 
-void Relator::naLinhaLida(Regra regra, long linha, const Registro& registro, int campo,
+void Relator::naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
                           std::string encontrado, std::string esperado) {
   if (!ligada(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   achado.linha = linha;
   achado.registro = registro.codigo;
-  if (campo >= 0) {
-    achado.campo = registro.campos[static_cast<std::size_t>(campo)].rotulo;
-    achado.numero = campo + 1;
+  if (lugar.campo >= 0) {
+    achado.campo = registro.campos[static_cast<std::size_t>(lugar.campo)].rotulo;
+    achado.numero = lugar.campo + 1;
+    achado.de = linha > 0 ? lugar.de : 0;
+    achado.ate = linha > 0 ? lugar.ate : 0;
   }
   recebe_.recebe(achado);
 }

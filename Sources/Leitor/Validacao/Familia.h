@@ -11,6 +11,15 @@
 
 namespace cotepe {
 
+/// A field of a register, from 0 in its list, and where it stands on the line, from 1; by default none.
+struct LugarDoCampo {
+  int campo = -1;
+  int de = 0, ate = 0;
+};
+
+/// The place of a field of a line, counted from 0 among those that stand on it.
+LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo);
+
 /// Makes findings of the rules that are on.
 class Relator {
  public:
@@ -23,9 +32,9 @@ class Relator {
                std::string esperado);
   /// About a whole line.
   void naLinha(Regra regra, const RegistroLido& lido, std::string encontrado, std::string esperado);
-  /// About a line that was read before, and a field of its register (below 0 for none).
-  void naLinhaLida(Regra regra, long linha, const Registro& registro, int campo, std::string encontrado,
-                   std::string esperado);
+  /// About a line that was read before (0 for one that is missing), and a field of it.
+  void naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
+                   std::string encontrado, std::string esperado);
   /// About the file; `registro` may be null.
   void noArquivo(Regra regra, const Registro* registro, std::string encontrado, std::string esperado);
 

@@ -81,7 +81,7 @@ class Ordem final : public Familia {
     else if (despachado && i != kE01Indice && bloco.linhas == 0 && !podeFaltar(i))
       ausente(i, std::string("no line of ") + codigo(i));
     if (!despachado && bloco.linhas != 0)
-      relator_.naLinhaLida(Regra::RegistroSobrando, bloco.primeira, registro(i), -1,
+      relator_.naLinhaLida(Regra::RegistroSobrando, bloco.primeira, registro(i), {},
                            std::string("a line of ") + codigo(i),
                            "none in layout " + std::to_string(leitor_.ajuste().versao) +
                                " with the command " + entreAspas(comando_));
@@ -95,11 +95,11 @@ class Ordem final : public Familia {
   void confereVazios(int i, const Bloco& bloco) {
     if (bloco.vazios == 0) return;
     if (bloco.linhas > 1)
-      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), -1,
+      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {},
                            "a placeholder among " + std::to_string(bloco.linhas) + " lines",
                            "a placeholder alone");
     if (registro(i).vazio == Vazio::ForaDoCat52 && leitor_.certamenteCat52() && &bloco != &naoFiscais_)
-      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), -1, "a placeholder in CAT52 mode",
+      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {}, "a placeholder in CAT52 mode",
                            "no line of an empty register");
   }
 

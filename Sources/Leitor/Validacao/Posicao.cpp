@@ -61,7 +61,9 @@ class Posicao final : public Familia {
     if (linha_ != 0) return;
     linha_ = lido.linha.numero;
     for (std::size_t i = 4; i < lido.quantos; ++i) {
-      posicoes_[static_cast<std::size_t>(lido.campos[i].numero - 1)] = lido.bytes(i);
+      const auto campo = static_cast<std::size_t>(lido.campos[i].numero - 1);
+      posicoes_[campo] = lido.bytes(i);
+      lugares_[campo] = lugarDoCampo(lido, i);
       alguma_ = alguma_ || (i < 14 && lido.bytes(i).find_first_not_of('0') != std::string_view::npos);
     }
   }
@@ -73,13 +75,14 @@ class Posicao final : public Familia {
     if (posicao >= maximo.bytes || deuAVolta || posicao.find_first_not_of("0123456789") != std::string::npos)
       return;
     relator_.naLinhaLida(
-        Regra::Posicao, linha_, kE11, static_cast<int>(maximo.posicao.indice()), entreAspas(posicao),
+        Regra::Posicao, linha_, kE11, lugares_[maximo.posicao.indice()], entreAspas(posicao),
         "no less than " + entreAspas(maximo.bytes) + " of " + maximo.fonte->registro->codigo);
   }
 
   Relator& relator_;
   std::array<std::vector<Maximo>, kCatalogo.size()> maximos_;
   std::array<std::string, 20> posicoes_;
+  std::array<LugarDoCampo, 20> lugares_;
   long linha_ = 0;
   bool alguma_ = false;
 };

@@ -58,6 +58,7 @@ class Reducoes final : public Familia {
     reducao.cooIncerto = reducao.linha != 0 || !coo12_.le(lido, reducao.coo);
     reducao.incerta = reducao.linha != 0 || !venda_.le(lido, reducao.vendaBruta);
     reducao.linha = lido.linha.numero;
+    if (!reducao.incerta) lugarVenda_ = lugarDoCampo(lido, venda_.indice());
   }
 
   // The reduction of a record by its CRZ; null, and said, where E12 has none.
@@ -82,7 +83,11 @@ class Reducoes final : public Familia {
     std::int64_t valor = 0;
     if (reducao == nullptr) return;
     const std::string_view totalizador = totalizador_.bytes(lido);
-    if (!valor13_.le(lido, valor) || totalizador.size() != 7) reducao->incerta = true;
+    if (valor13_.le(lido, valor))
+      lugarSoma_ = lugarDoCampo(lido, valor13_.indice());
+    else
+      reducao->incerta = true;
+    if (totalizador.size() != 7) reducao->incerta = true;
     if (totalizador == "OPNF   ") {
       reducao->somaNaoFiscal += valor;
       reducao->linhaSoma = lido.linha.numero;
@@ -114,15 +119,14 @@ class Reducoes final : public Familia {
 
   void confereVenda(const Reducao& reducao) const {
     if (reducao.fiscais == reducao.vendaBruta) return;
-    relator_.naLinhaLida(Regra::TotaisDaReducao, reducao.linha, kE12, static_cast<int>(venda_.indice()),
-                         reais(reducao.vendaBruta), reais(reducao.fiscais) + ", the sum of E13");
+    relator_.naLinhaLida(Regra::TotaisDaReducao, reducao.linha, kE12, lugarVenda_, reais(reducao.vendaBruta),
+                         reais(reducao.fiscais) + ", the sum of E13");
   }
 
   void confereNaoFiscais(const Reducao& reducao) const {
     if (reducao.somaNaoFiscal == reducao.naoFiscais) return;
-    relator_.naLinhaLida(Regra::NaoFiscaisDaReducao, reducao.linhaSoma, kE13,
-                         static_cast<int>(valor13_.indice()), reais(reducao.somaNaoFiscal),
-                         reais(reducao.naoFiscais) + ", the sum of E17");
+    relator_.naLinhaLida(Regra::NaoFiscaisDaReducao, reducao.linhaSoma, kE13, lugarSoma_,
+                         reais(reducao.somaNaoFiscal), reais(reducao.naoFiscais) + ", the sum of E17");
   }
 
   Relator& relator_;
@@ -132,6 +136,7 @@ class Reducoes final : public Familia {
       simbolo_{kE16, "Símbolo do documento"}, venda_{kE12, "Venda bruta diária"}, crz13_{kE13, "CRZ"},
       totalizador_{kE13, "Totalizador parcial"}, valor13_{kE13, "Valor acumulado"}, crz17_{kE17, "CRZ"},
       valor17_{kE17, "Valor acumulado"}, crz18_{kE18, "CRZ"};
+  LugarDoCampo lugarVenda_, lugarSoma_{static_cast<int>(valor13_.indice()), 0, 0};  // the same on every line
 };
 
 }  // namespace

@@ -73,7 +73,7 @@ const std::vector<Par>& pares() {
       {"digits-lost", "UPDATE fita_detalhe SET coo_inicial = 1000000",
        "fita_detalhe[cont_cfd=1].coo_inicial: error digits-lost E10.7 \"COO inicial\": found \"1000000\", "
        "which is written as 000000 in a field of 6 in layout 1, expected at most 6 digits (correct it, or "
-       "take layout 2 where the field is wider there)",
+       "take layout 2, where the field has 9 digits)",
        "UPDATE fita_detalhe SET coo_inicial = 999999"},
       {"number-wide", "UPDATE pagamento_cupom SET valor_pagamento = 100000000000 WHERE cont_coo = 12",
        "pagamento_cupom[cont_coo=12,indice_meio_pagamento=1].valor_pagamento: error number-wide E21.10 "

@@ -218,9 +218,7 @@ INSTANTIATE_TEST_SUITE_P(
          "12345",
          {"intervencao[cont_cro=1].cont_crz: error digits-lost E09.10 \"CRZ\": found \"12345\", which is "
           "written as "
-          "2345 in a field of 4, expected at most 4 digits (correct it, or take layout 2 where the field is "
-          "wider "
-          "there)"}},
+          "2345 in a field of 4, expected at most 4 digits (correct it)"}},
         {"intervencao", "cont_crz", "9999", {}},
         {"fita_detalhe",
          "coo_final",
@@ -228,17 +226,19 @@ INSTANTIATE_TEST_SUITE_P(
          {"fita_detalhe[cont_cfd=1].coo_final: error digits-lost E10.8 \"COO final\": found \"1234567\", "
           "which is "
           "written as 234567 in a field of 6 in layout 1, expected at most 6 digits (correct it, or take "
-          "layout 2 "
-          "where the field is wider there)"}},
+          "layout 2, where the field has 9 digits)"}},
+        {"fita_detalhe",
+         "coo_final",
+         "1234567890",
+         {"fita_detalhe[cont_cfd=1].coo_final: error digits-lost E10.8 \"COO final\": found \"1234567890\", "
+          "which is written as 567890 in a field of 6 in layout 1, expected at most 6 digits (correct it)"}},
         {"fita_detalhe", "coo_final", "999999", {}},
         {"dados_ecf",
          "num_caixa",
          "1234",
          {"dados_ecf[num_serie=SERIAL].num_caixa: error digits-lost E01.10 \"Nº sequencial do ECF\": found "
           "\"1234\", "
-          "which is written as 123 in a field of 3, expected at most 3 digits (correct it, or take layout 2 "
-          "where "
-          "the field is wider there)"}},
+          "which is written as 123 in a field of 3, expected at most 3 digits (correct it)"}},
         {"tentativas_sb",
          "numero",
          "12345",
@@ -300,17 +300,27 @@ INSTANTIATE_TEST_SUITE_P(
          "'123456789012345.67'",
          {"posicao_totalizadores_contadores.valor_gt: error digits-lost E02.12 \"Totalizador geral (GT)\": "
           "found "
-          "\"123456789012345.67\", whose last character E02 loses; in E11.15 too, expected at most 17 "
-          "characters "
-          "(correct it, or take layout 2 where the field is wider there)"}},
+          "\"123456789012345.67\", whose last character E02 loses, expected at most 17 characters (correct "
+          "it)"}},
+        {"posicao_totalizadores_contadores",
+         "valor_gt",
+         "'0001234567890123.45'",
+         {"posicao_totalizadores_contadores.valor_gt: error digits-lost E02.12 \"Totalizador geral (GT)\": "
+          "found \"0001234567890123.45\", which E02 does not use, expected at most 17 characters (correct "
+          "it)"}},
+        {"posicao_totalizadores_contadores",
+         "valor_gt",
+         "1e30",
+         {"posicao_totalizadores_contadores.valor_gt: error number-wide E02.12 \"Totalizador geral (GT)\": "
+          "found \"1.0e+30\", which is written as 9223372036854775807 in a field of 18; in E11.15 too, "
+          "expected at most 16 digits before the point (correct it)"}},
         {"posicao_totalizadores_contadores", "valor_gt", "'12345678901234.67'", {}},
         {"dados_usuario",
          "valor_gt",
          "12345678901234.56",
          {"dados_usuario[seq_usuario=1].valor_gt: error digits-lost E02.12 \"Totalizador geral (GT)\": found "
-          "\"12345678901234.6\", a binary number, of which 15 digits are kept, expected a text (correct it, "
-          "or take "
-          "layout 2 where the field is wider there)"}},
+          "\"12345678901234.6\", a binary number, of which 15 digits are kept, expected a text (store "
+          "it as a text)"}},
         {"dados_usuario",
          "cnpj",
          "'12.345.678/0001-90'",

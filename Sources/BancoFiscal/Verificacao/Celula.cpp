@@ -105,15 +105,19 @@ const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
 
 // The first field that breaks a rule makes the problem, the others are told with it.
 void Conferencia::acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia,
-                       std::string esperado) {
+                       std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
     if (problema.regra != regra) continue;
     if (destino != nullptr) problema.outros.push_back(destino);
     return;
   }
   const std::string valor = celula_.nulo ? "NULL" : citado(celula_.texto);
-  problemas_.push_back(
-      {regra, valor + (consequencia.empty() ? "" : ", ") + consequencia, std::move(esperado), destino, {}});
+  problemas_.push_back({regra,
+                        valor + (consequencia.empty() ? "" : ", ") + consequencia,
+                        std::move(esperado),
+                        destino,
+                        {},
+                        conserto});
 }
 
 void Conferencia::nulo() {

@@ -43,6 +43,7 @@ struct Problema {
   std::string encontrado, esperado;
   const Destino* destino = nullptr;
   std::vector<const Destino*> outros;  // hit in the same way
+  const char* conserto = nullptr;      // what to do, where the rule's own advice does not do
 };
 
 /// Everything that is wrong with a value, one problem for each rule that it breaks.
@@ -74,8 +75,9 @@ class Conferencia {
   void digitosVerificadores();
   void data();
 
-  void acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia,
-            std::string esperado);
+  void grandeTotalDoE02(const Destino& destino);
+  void acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia, std::string esperado,
+            const char* conserto = nullptr);
   void paraCada(void (Conferencia::*parte)(const Destino*));
   bool vale(const Destino& destino) const;
   const Destino* primeiro(bool (*serve)(const Campo&)) const;

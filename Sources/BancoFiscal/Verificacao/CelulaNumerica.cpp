@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "Financial.h"
+#include "Leiaute/Catalogo.h"
 #include "Leiaute/Texto.h"
 #include "Validacao/NumeroFiscal.h"
 #include "Verificacao/Celula.h"
@@ -122,6 +123,7 @@ void Conferencia::inteiro(const Destino* destino) {
   const int largura = larguraNominal(*destino->campo, meta_.alcance.menorLeiaute());
   const int sobra = static_cast<int>(numero.inteiros.size()) - largura;
   if (sobra <= 0) return;
+  const bool contador = destino->campo->especie == Especie::Contador;
   if (destino->campo->desloca)
     return acha(RegraDoBanco::Desloca, destino,
                 "which moves the later fields " + std::to_string(sobra) + (sobra == 1 ? " byte" : " bytes") +
@@ -129,32 +131,41 @@ void Conferencia::inteiro(const Destino* destino) {
                 ateDigitos(largura));
   acha(RegraDoBanco::DigitosPerdidos, destino,
        escrito(destino) + " in a field of " + std::to_string(largura) +
-           (destino->campo->especie == Especie::Contador
-                ? " in layout " + std::to_string(meta_.alcance.menorLeiaute())
-                : ""),
-       ateDigitos(largura));
+           (contador ? " in layout " + std::to_string(meta_.alcance.menorLeiaute()) : ""),
+       ateDigitos(largura),
+       contador && meta_.alcance.menorLeiaute() == 1 && numero.inteiros.size() <= 9
+           ? "correct it, or take layout 2, where the field has 9 digits"
+           : nullptr);
+}
+
+// The greatest grand total goes to E02 through a text of 17 characters.
+void Conferencia::grandeTotalDoE02(const Destino& destino) {
+  acha(RegraDoBanco::DigitosPerdidos, &destino,
+       celula_.texto.size() == kMaximoDoGt ? "whose last character E02 loses" : "which E02 does not use",
+       "at most 17 characters");
 }
 
 void Conferencia::dinheiro(const Destino* destino) {
   const Numero numero = leNumero(celula_.texto, true);
-  if (!numero.valido)
+  if (coluna_.maximo && destino != nullptr && destino->registro == &kE02 &&
+      celula_.texto.size() >= kMaximoDoGt)
+    return grandeTotalDoE02(*destino);
+  const std::size_t expoente = celula_.texto.find("e+");
+  const bool enorme = celula_.real && !numero.negativo && expoente != std::string_view::npos;
+  if (!numero.valido && !enorme)
     return acha(RegraDoBanco::NaoNumero, destino, escrito(destino), "digits and a decimal point");
   if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, escrito(destino), "no sign");
   if (destino == nullptr) return;
   const int casas = celula_.casas == 3 ? 3 : 2, largura = destino->campo->largura;
-  if (static_cast<int>(numero.inteiros.size()) + casas > largura)
+  if (enorme || static_cast<int>(numero.inteiros.size()) + casas > largura)
     return acha(RegraDoBanco::NumeroLargo, destino,
                 escrito(destino) + " in a field of " + std::to_string(largura),
                 ateDigitos(largura - casas) + " before the point");
   if (static_cast<int>(numero.decimais.size()) > casas)
     acha(RegraDoBanco::Arredondado, destino, escrito(destino), std::to_string(casas) + " decimal places");
-  if (coluna_.maximo && celula_.texto.size() >= kMaximoDoGt)
-    return acha(
-        RegraDoBanco::DigitosPerdidos, destino,
-        celula_.texto.size() == kMaximoDoGt ? "whose last character E02 loses" : "which E02 does not use",
-        "at most 17 characters");
   if (celula_.real && leDecimal(std::string(celula_.texto).c_str()) >= kSemCentavos)
-    acha(RegraDoBanco::DigitosPerdidos, destino, "a binary number, of which 15 digits are kept", "a text");
+    acha(RegraDoBanco::DigitosPerdidos, destino, "a binary number, of which 15 digits are kept", "a text",
+         "store it as a text");
 }
 
 void Conferencia::numeroFiscal(const Destino* destino) {

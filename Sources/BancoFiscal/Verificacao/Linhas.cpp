@@ -185,7 +185,7 @@ void Passada::relata(const ColunaVerificada& coluna, const Problema& problema,
   std::string encontrado = problema.encontrado;
   if (!problema.outros.empty()) encontrado += "; in " + enumera(problema.outros) + " too";
   contexto_.relata(problema.regra, {forma_.nome, chave(pergunta), coluna.nome}, coluna.leitores,
-                   problema.destino, encontrado, problema.esperado);
+                   problema.destino, encontrado, problema.esperado, problema.conserto);
 }
 
 void Passada::confereQuantas(long linhas) const {

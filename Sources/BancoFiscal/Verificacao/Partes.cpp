@@ -61,7 +61,8 @@ std::string Contexto::leitores(std::string_view tabela, std::string_view coluna)
 }
 
 void Contexto::relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro,
-                      const Destino* destino, std::string encontrado, std::string esperado) const {
+                      const Destino* destino, std::string encontrado, std::string esperado,
+                      const char* conserto) const {
   if (!ligada(regra)) return;
   const DescricaoDaRegraDoBanco& daRegra = descricao(regra);
   Achado achado;
@@ -79,7 +80,7 @@ void Contexto::relata(RegraDoBanco regra, const Lugar& lugar, const std::string&
   }
   achado.encontrado = std::move(encontrado);
   achado.esperado = std::move(esperado);
-  achado.conserto = daRegra.conserto;
+  achado.conserto = conserto != nullptr ? conserto : daRegra.conserto;
   recebe_.recebe(achado);
 }
 

@@ -60,7 +60,7 @@ class Contexto {
 
   /// A finding of a rule that is on; `registro` is one or more codes, the field may be null.
   void relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
-              std::string encontrado, std::string esperado) const;
+              std::string encontrado, std::string esperado, const char* conserto = nullptr) const;
 
  private:
   sqlite3* banco_;

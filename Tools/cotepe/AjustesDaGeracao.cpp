@@ -31,6 +31,8 @@ Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
   return movimento && ultimo < *movimento ? *movimento : ultimo;
 }
 
+std::string diaEmPalavras(const Dia& dia) { return dia.iso() == kDiaSemNada ? "no day" : dia.iso(); }
+
 std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
   return "layout " + std::to_string(leiaute.versao) + " with CAT52 " + (leiaute.cat52 ? "on" : "off");
 }
@@ -56,6 +58,7 @@ void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
 
 std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
                                      const OpcoesDeAjuste& opcoes) {
+  if (!opcoes.de.empty() && !opcoes.ate.empty()) exigePeriodo(opcoes.de, opcoes.ate);
   const Dia de = !opcoes.de.empty()       ? exigeDia("--from", opcoes.de)
                  : lidos.primeiro.empty() ? diaDe(kDiaSemNada)
                                           : diaDe(comHifens(lidos.primeiro));
@@ -98,7 +101,7 @@ std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
   return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value(), umLeiaute) +
          ", CAT52 " + (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value(), umModo) +
          ", command " + (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) +
-         ", from " + ajuste.de.iso() + de(!opcoes.de.empty()) + " to " + ajuste.ate.iso() +
+         ", from " + diaEmPalavras(ajuste.de) + de(!opcoes.de.empty()) + " to " + diaEmPalavras(ajuste.ate) +
          de(!opcoes.ate.empty()) + iguais;
 }
 

@@ -14,6 +14,7 @@
 #include "ErroDoBanco.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Numero.h"
 #include "SaidaDeAchados.h"
 #include "Sinais.h"
 #include "Verificacao/Verificador.h"
@@ -63,10 +64,7 @@ OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
   if (opcoes.de.empty() || opcoes.ate.empty())
     throw Falha(kUsoErrado, "wrong usage", opcoes.de.empty() ? "--from" : "--to", "nothing",
                 "both days of the period or none", "give the other one too");
-  const Dia de = exigeDia("--from", opcoes.de), ate = exigeDia("--to", opcoes.ate);
-  if (ate < de)
-    throw Falha(kUsoErrado, "wrong usage", "--to " + opcoes.ate, "a day before --from " + opcoes.de,
-                "that day or a later one", "correct one of them");
+  const auto [de, ate] = exigePeriodo(opcoes.de, opcoes.ate);
   verificacao.de = de.iso();
   verificacao.ate = ate.iso();
   return verificacao;
@@ -126,7 +124,7 @@ Execucao declaraCheck(CLI::App& comando) {
       ->check(CLI::IsMember({"text", "json", "sarif"}));
   comando.add_option("--max-findings", o->maximo, "Print no more than this many; the counts stay whole")
       ->type_name("COUNT")
-      ->check(CLI::NonNegativeNumber);
+      ->check(numeroDesde(0));
   comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
       ->type_name("RULE")
       ->delimiter(',')

@@ -62,4 +62,11 @@ Dia exigeDia(const std::string& opcao, const std::string& texto) {
               "DDMMYYYY or YYYY-MM-DD", "correct it");
 }
 
+std::pair<Dia, Dia> exigePeriodo(const std::string& de, const std::string& ate) {
+  const Dia primeiro = exigeDia("--from", de), ultimo = exigeDia("--to", ate);
+  if (!(ultimo < primeiro)) return {primeiro, ultimo};
+  throw Falha(kUsoErrado, "wrong usage", "--to " + ate, "a day before --from " + de,
+              "that day or a later one", "correct one of them");
+}
+
 }  // namespace cotepe::programa

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace cotepe::programa {
 
@@ -27,5 +28,8 @@ class Dia {
 
 /// Reads the day that an option gives. Throws Falha (kUsoErrado).
 Dia exigeDia(const std::string& opcao, const std::string& texto);
+
+/// Reads what --from and --to give, the second no day before the first. Throws Falha (kUsoErrado).
+std::pair<Dia, Dia> exigePeriodo(const std::string& de, const std::string& ate);
 
 }  // namespace cotepe::programa

@@ -57,14 +57,11 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   RegistroLido lido;
   while (linhas < lugar.linha && registros.proximo(lido)) ++linhas;
   relatorio.confereLeitura();
-  const std::string onde = lugarComLinha(relatorio.nome(), lugar);
-  if (linhas < lugar.linha)
-    throw Falha(kUsoErrado, "no such line", onde, "a file of " + std::to_string(linhas) + " lines",
-                linhas == 0 ? "a report with lines" : "a line from 1 to " + std::to_string(linhas),
-                "correct it");
+  if (linhas < lugar.linha) naoTemLinha(relatorio.nome(), lugar.linha, linhas);
   if (lido.registro == nullptr)
-    throw Falha(kUsoErrado, "cannot explain the line", onde, "one that begins with no register's code",
-                "E01 to E22", "see cotepe validate, which says what is wrong with it");
+    throw Falha(kUsoErrado, "cannot explain the line", lugarComLinha(relatorio.nome(), lugar),
+                "one that begins with no register's code", "E01 to E22",
+                "see cotepe validate, which says what is wrong with it");
   guarda(pedida, lido, {registros.ajuste().versao, registros.certamenteCat52()});
 }
 

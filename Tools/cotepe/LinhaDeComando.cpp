@@ -35,6 +35,17 @@ constexpr char kRodape[] =
     "  5  the identity query failed\n"
     "  128 and the signal's number: interrupted";
 
+// What is wrong with the arguments, and whose help says what they may be.
+[[noreturn]] void recusa(const CLI::App& app, const CLI::ParseError& erro) {
+  const auto lidos = app.get_subcommands();
+  const auto sobras = app.remaining();
+  if (lidos.empty() && !sobras.empty() && sobras.front().substr(0, 1) != "-")
+    throw Falha(kUsoErrado, "wrong usage", "command", sobras.front(), "one that there is",
+                "see cotepe --help");
+  const std::string comando = lidos.empty() ? "" : ' ' + lidos.front()->get_name();
+  throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe" + comando + " --help");
+}
+
 }  // namespace
 
 void declara(CLI::App& app, Execucao& escolhida) {
@@ -60,7 +71,7 @@ Execucao leLinhaDeComando(int argc, const char* const* argv) {
   } catch (const CLI::CallForVersion& versao) {
     return [texto = versao.what() + std::string("\n")] { escreveNaSaidaPadrao(texto); };
   } catch (const CLI::ParseError& erro) {
-    throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe --help");
+    recusa(app, erro);
   }
   return escolhida;
 }

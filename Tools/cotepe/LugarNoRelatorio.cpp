@@ -41,4 +41,11 @@ LugarNoRelatorio lugarNoRelatorio(const std::string& texto) {
               "correct it");
 }
 
+void naoTemLinha(const std::string& nome, long linha, long linhas) {
+  throw Falha(kUsoErrado, "no such line", nome + ':' + std::to_string(linha),
+              "a file of " + std::to_string(linhas) + (linhas == 1 ? " line" : " lines"),
+              linhas == 0 ? "a report with lines" : "a line from 1 to " + std::to_string(linhas),
+              "correct it");
+}
+
 }  // namespace cotepe::programa

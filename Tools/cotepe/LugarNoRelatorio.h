@@ -15,4 +15,7 @@ struct LugarNoRelatorio {
 /// rest is the file, which may have colons of its own. Throws Falha (kUsoErrado).
 LugarNoRelatorio lugarNoRelatorio(const std::string& texto);
 
+/// Throws the Falha (kUsoErrado) of a line that a report of `linhas` lines has not.
+[[noreturn]] void naoTemLinha(const std::string& nome, long linha, long linhas);
+
 }  // namespace cotepe::programa

@@ -34,17 +34,14 @@ void exigeForaDoBanco(const std::string& opcao, const std::string& arquivo, cons
 }  // namespace
 
 Periodo confere(const OpcoesDoGenerate& opcoes) {
-  const Periodo periodo{exigeDia("--from", opcoes.de), exigeDia("--to", opcoes.ate)};
-  if (periodo.ate < periodo.de)
-    usoErrado("--to " + opcoes.ate, "a day before --from " + opcoes.de, "that day or a later one",
-              "correct one of them");
+  const auto [de, ate] = exigePeriodo(opcoes.de, opcoes.ate);
   if (opcoes.guardaParcial && opcoes.paraStdout())
     usoErrado("--keep-partial", "--output -", "a file to keep", "name a file or leave out --keep-partial");
   exigeTexto("--serial", opcoes.identidade.serial, 20);
   exigeTexto("--model", opcoes.identidade.modelo, 20);
   exigeTexto("--type", opcoes.identidade.tipo, 7);
   exigeTexto("--sb-version", opcoes.versaoSb, 10);
-  return periodo;
+  return {de, ate};
 }
 
 void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& destino) {

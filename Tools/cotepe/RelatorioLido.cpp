@@ -1,6 +1,7 @@
 #include "RelatorioLido.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,8 +15,10 @@ namespace {
 Descritor abre(const std::string& caminho) {
   if (caminho == "-") return {};
   Descritor arquivo(open(caminho.c_str(), O_RDONLY | O_CLOEXEC));
-  if (arquivo.aberto()) return arquivo;
-  throw Falha(kUsoErrado, "cannot open the report", caminho, motivoDoSistema(errno),
+  struct stat situacao {};
+  const bool pasta = arquivo.aberto() && fstat(arquivo.numero(), &situacao) == 0 && S_ISDIR(situacao.st_mode);
+  if (arquivo.aberto() && !pasta) return arquivo;
+  throw Falha(kUsoErrado, "cannot open the report", caminho, pasta ? "a folder" : motivoDoSistema(errno),
               "a file that can be read", "correct the name");
 }
 

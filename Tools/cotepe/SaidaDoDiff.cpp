@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include "Numero.h"
+
 namespace cotepe::programa {
 
 SaidaDeAchados::Opcoes OpcoesDeDiferencas::paraStdout() const {
@@ -19,7 +21,7 @@ void declaraDiferencas(CLI::App& comando, OpcoesDeDiferencas& opcoes) {
       .add_option("--max-findings", opcoes.maximo,
                   "Print no more than this many differences; the counts stay whole")
       ->type_name("COUNT")
-      ->check(CLI::NonNegativeNumber);
+      ->check(numeroDesde(0));
 }
 
 }  // namespace cotepe::programa

@@ -8,6 +8,8 @@
 #include "Exibicao.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "LugarNoRelatorio.h"
+#include "Numero.h"
 #include "Periodo.h"
 #include "RelatorioLido.h"
 #include "Selecao.h"
@@ -49,17 +51,24 @@ FormatoDeExibicao formatoDe(const OpcoesDoShow& opcoes) {
 
 void executa(const OpcoesDoShow& opcoes) {
   const Selecao selecao = selecaoDe(opcoes);
+  if (!opcoes.de.empty() && !opcoes.ate.empty()) exigePeriodo(opcoes.de, opcoes.ate);
   Periodo periodo(diaPedido("--from", opcoes.de), diaPedido("--to", opcoes.ate));
+  if (opcoes.tabela && opcoes.formato != "text")
+    throw Falha(kUsoErrado, "wrong usage", "--table", "--format " + opcoes.formato, "text",
+                "leave one of them out");
   RelatorioLido relatorio(opcoes.arquivo);
   FluxoDeSaida fluxo;
   const auto exibicao = novaExibicao(formatoDe(opcoes), fluxo, opcoes.mascara);
   LeitorDeRegistros registros(relatorio.linhas());
+  long linhas = 0;
   for (RegistroLido lido; registros.proximo(lido);) {
+    linhas = lido.linha.numero;
     if (periodo.aceita(lido) && selecao.aceita(lido)) exibicao->mostra(lido);
-    if (selecao.linha == lido.linha.numero) break;
+    if (selecao.linha == linhas) break;
   }
   fluxo.conclui();
   relatorio.confereLeitura();
+  if (linhas < selecao.linha) naoTemLinha(relatorio.nome(), selecao.linha, linhas);
 }
 
 }  // namespace
@@ -72,15 +81,13 @@ Execucao declaraShow(CLI::App& comando) {
       ->delimiter(',')
       ->expected(1)
       ->take_all();
-  comando.add_option("--line", o->selecao.linha, "Only this line")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber);
+  comando.add_option("--line", o->selecao.linha, "Only this line")->type_name("N")->check(numeroDesde(1));
   comando.add_option("--coo", o->selecao.coo, "Only records with this COO")
       ->type_name("N")
-      ->check(CLI::NonNegativeNumber);
+      ->check(numeroDesde(0));
   comando.add_option("--crz", o->selecao.crz, "Only records with this CRZ")
       ->type_name("N")
-      ->check(CLI::NonNegativeNumber);
+      ->check(numeroDesde(0));
   comando.add_option("--from", o->de, "Only records of this day or later, DDMMYYYY or YYYY-MM-DD")
       ->type_name("DAY");
   comando.add_option("--to", o->ate, "Only records of this day or earlier")->type_name("DAY");

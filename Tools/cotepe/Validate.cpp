@@ -10,6 +10,7 @@
 #include "Descritor.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Numero.h"
 #include "RelatorioLido.h"
 #include "SaidaDeAchados.h"
 #include "Validacao/Validador.h"
@@ -79,7 +80,7 @@ Execucao declaraValidate(CLI::App& comando) {
       ->check(CLI::IsMember({"text", "json", "sarif"}));
   comando.add_option("--max-findings", o->maximo, "Print no more than this many; the counts stay whole")
       ->type_name("COUNT")
-      ->check(CLI::NonNegativeNumber);
+      ->check(numeroDesde(0));
   comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
       ->type_name("RULE")
       ->delimiter(',')

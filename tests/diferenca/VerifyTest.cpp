@@ -142,9 +142,8 @@ TEST_F(Verify, AReportWithoutReductionsIsProved) {
   const Fim fim = verifica();
   EXPECT_EQ(fim.situacao, 0) << fim.saida;
   EXPECT_EQ(fim.erros,
-            "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from 0001-01-01 "
-            "(derived) "
-            "to 0001-01-01 (derived)\n");
+            "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from no day "
+            "(derived) to no day (derived)\n");
 }
 
 // Of MFD no record has the movement, and E01 has the day of issue alone, which here is another reduction's
@@ -193,6 +192,16 @@ TEST_F(Verify, WhatCannotRunEndsWith2) {
       << fim.erros;
   Banco(em("base.db")).sql("DROP TABLE dados_ecf");
   EXPECT_EQ(verifica({"--quiet"}).situacao, 2);
+}
+
+TEST_F(Verify, PeriodThatEndsBeforeItBeginsIsRefused) {
+  criaBanco();
+  geraComo({});
+  const Fim fim = verifica({"--from", "02012024", "--to", "01012024"});
+  EXPECT_EQ(fim.situacao, 2);
+  EXPECT_EQ(fim.erros,
+            "cotepe: wrong usage: --to 01012024: found a day before --from 02012024, expected that day or a "
+            "later one; correct one of them\n");
 }
 
 TEST_F(Verify, TheDatabaseIsNotWrittenAndNoFileIsLeft) {

@@ -528,7 +528,8 @@ TEST_F(Explain, WhatIsNotThereIsRefused) {
       {{"r.txt:1", "--db", "nada.db"},
        "cannot open the database: nada.db: found No such file or directory, expected a fiscal database in a "
        "file; check --db\n"},
-      {{"r.txt:1", "--format", "xml"}, "wrong usage: --format: xml not in {text,json}; see cotepe --help\n"},
+      {{"r.txt:1", "--format", "xml"},
+       "wrong usage: --format: xml not in {text,json}; see cotepe explain --help\n"},
   };
   for (const auto& recusa : kRecusas) {
     std::vector<std::string> todos = {"explain"};

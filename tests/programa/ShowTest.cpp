@@ -41,4 +41,46 @@ TEST_F(Show, HelpSaysWhatBelongsToAPeriod) {
       std::string::npos);
 }
 
+class ShowErrado : public Cena {
+ protected:
+  ShowErrado() { escreveArquivo(em("r.txt"), "E01\nE02\n"); }
+
+  void recusa(std::vector<std::string> opcoes, const std::string& mensagem) {
+    opcoes.insert(opcoes.begin(), {"show", "r.txt"});
+    const Fim fim = roda(opcoes, pasta());
+    EXPECT_EQ(fim.situacao, 2) << mensagem;
+    EXPECT_EQ(fim.erros, "cotepe: " + mensagem + "\n");
+    EXPECT_EQ(fim.saida, "") << mensagem;
+  }
+};
+
+TEST_F(ShowErrado, LineThatTheReportHasNotIsRefused) {
+  recusa({"--line", "3"},
+         "no such line: r.txt:3: found a file of 2 lines, expected a line from 1 to 2; correct it");
+  EXPECT_EQ(roda({"show", "r.txt", "--line", "2"}, pasta()).situacao, 0);
+}
+
+TEST_F(ShowErrado, PeriodThatEndsBeforeItBeginsIsRefused) {
+  recusa({"--from", "02012024", "--to", "2024-01-01"},
+         "wrong usage: --to 2024-01-01: found a day before --from 02012024, expected that day or a later "
+         "one; correct one of them");
+}
+
+TEST_F(ShowErrado, TableIsOfTextAlone) {
+  recusa({"--table", "--format", "csv"},
+         "wrong usage: --table: found --format csv, expected text; leave one of them out");
+}
+
+TEST_F(ShowErrado, FolderIsNoReport) {
+  for (const std::vector<std::string>& comando : std::vector<std::vector<std::string>>{
+           {"show", "."}, {"validate", "."}, {"diff", ".", "r.txt"}, {"explain", ".:1"}}) {
+    const Fim fim = roda(comando, pasta());
+    EXPECT_EQ(fim.situacao, 2) << comando[0];
+    EXPECT_EQ(fim.erros,
+              "cotepe: cannot open the report: .: found a folder, expected a file that can be read; correct "
+              "the name\n");
+    EXPECT_EQ(fim.saida, "") << comando[0];
+  }
+}
+
 }  // namespace

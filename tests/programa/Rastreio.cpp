@@ -55,6 +55,13 @@ void conclui(const Destino& destino, pid_t filho) {
   if (destino.tipo == Destino::MataDepois) kill(filho, SIGKILL);
 }
 
+// Whether a sanitizer tries a piece of memory: it has a pipe of its own for that. Only stdout and stderr are
+// pipes of the program.
+bool doSanitizador(const Chamada& chamada) {
+  return (chamada.numero == SYS_write || chamada.numero == SYS_close) &&
+         chamada.argumentos[0] > STDERR_FILENO && chamada.alvo().compare(0, 5, "pipe:") == 0;
+}
+
 // Lets the child go on to its next stop. False when it has none.
 bool adiante(pid_t filho, int& estado) {
   const int sinal = WSTOPSIG(estado) == kParadaEmChamada ? 0 : WSTOPSIG(estado);
@@ -91,6 +98,7 @@ std::optional<int> rastreia(pid_t filho, const Regra& regra) {
       ptrace(PTRACE_DETACH, filho, nullptr, nullptr);
       return std::nullopt;
     }
+    if (doSanitizador(chamada)) continue;
     prepara(destino = regra(chamada), chamada);
     if (destino.tipo == Destino::MataAntes) return std::nullopt;
   }

@@ -36,33 +36,43 @@ class SoAjustes final : public cotepe::Execucao {
   void falha(const char* /*mensagem*/) override {}
 };
 
-// A row that notes which of its columns are read.
+// A row that notes which of its columns are read, all of them being `texto`.
 class FonteEspia final : public cotepe::Fonte {
  public:
+  explicit FonteEspia(const char* texto) : texto_(texto) {}
   const char* texto(int coluna) const override {
     lidas.insert(coluna);
-    return "";
+    return texto_;
   }
   int bytes(int coluna) const override {
     lidas.insert(coluna);
     return 1;
   }
   mutable std::set<int> lidas;
+
+ private:
+  const char* texto_;
 };
 
-// The columns of its query that a field reads, counted from 0.
-std::set<int> colunasLidas(const Campo& campo) {
+// The columns of its query that a field reads from a row of `texto`, counted from 0.
+std::set<int> lidasDe(const Campo& campo, const char* texto) {
   Ninguem ninguem;
   cotepe::Ajustes ajustes;
   ajustes.versao = 2;
   ajustes.larguraDoContador = 9;
   ajustes.moduloDoContador = 1000000000;
   SoAjustes execucao(ajustes, ninguem);
-  FonteEspia fonte;
+  const FonteEspia fonte(texto);
   cotepe::Linha linha;
   compoe(linha, cotepe::Campos(&campo, 1), fonte, execucao);
-  if (campo.origem.coluna >= 0) fonte.lidas.insert(campo.origem.coluna);
   return fonte.lidas;
+}
+
+// The columns of its query that a field reads or names.
+std::set<int> colunasLidas(const Campo& campo) {
+  std::set<int> lidas = lidasDe(campo, "");
+  if (campo.origem.coluna >= 0) lidas.insert(campo.origem.coluna);
+  return lidas;
 }
 
 std::string comLimites(std::string sql) {
@@ -117,6 +127,26 @@ TEST(Catalogo, EveryQueryPreparesAndReturnsTheColumnsThatItsListReads) {
         EXPECT_LT(lida, colunas[static_cast<std::size_t>(campo.origem.consulta)]);
       }
     }
+  }
+}
+
+// Those who trace a value back to the database rest on it.
+TEST(Catalogo, AFieldThatIsWorkedOutNamesTheColumnThatDecidesIt) {
+  const struct {
+    const char *codigo, *rotulo, *texto;  // of a row of this text
+    std::set<int> lidas;
+  } kCasos[] = {{"E01", "Tipo de ECF", "", {0}}, {"E01", "Data inicial", "", {2}},
+                {"E01", "Data final", "", {3}},  {"E09", "Tipo de intervenção", "X", {3}},
+                {"E16", "GNF", "CN", {1, 5}},    {"E16", "GRG", "RG", {2, 5}},
+                {"E16", "CDC", "CC", {3, 5}},    {"E16", "CRZ", "RZ", {4, 5}}};
+  for (const auto& caso : kCasos) {
+    SCOPED_TRACE(testing::Message() << caso.codigo << " " << caso.rotulo);
+    const auto campos = cotepe::registroDe(caso.codigo)->campos;
+    const auto* campo = std::find_if(campos.begin(), campos.end(),
+                                     [&](const Campo& c) { return std::string(c.rotulo) == caso.rotulo; });
+    ASSERT_NE(campo, campos.end());
+    EXPECT_EQ(lidasDe(*campo, caso.texto), caso.lidas);
+    EXPECT_EQ(campo->origem.coluna, *caso.lidas.begin());
   }
 }
 

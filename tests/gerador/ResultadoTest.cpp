@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <fstream>
+#include <new>
 #include <sstream>
 #include <stdexcept>
 
@@ -143,7 +144,8 @@ TEST_F(Resultado, FourWhereverTheFileStopsGrowing) {
   comVersoes(40000);
   ASSERT_EQ(gera(), 0);
   const auto inteiro = conteudo(kRelatorio);
-  for (const rlim_t limite : {rlim_t{0}, rlim_t{1}, rlim_t{1000}, rlim_t{1} << 20, rlim_t{inteiro.size() - 1}}) {
+  for (const rlim_t limite :
+       {rlim_t{0}, rlim_t{1}, rlim_t{1000}, rlim_t{1} << 20, rlim_t{inteiro.size() - 1}}) {
     int resultado = 0;
     {
       const LimiteDeArquivo cheio(limite);
@@ -234,6 +236,17 @@ TEST_F(Resultado, EveryQueryMayFailAndTheRunIsStillDone) {
                 "Erro no select - TipoE14", "Erro no select - TipoE15", "Erro no select - TipoE16",
                 "Erro no select - TipoE", "Erro no select - TipoE18", "Erro no select - TipoE19",
                 "Erro no select - TipoE20", "Erro no select - TipoE21", "Erro no select - TipoE21"}));
+}
+
+TEST_F(Resultado, FourWithoutMemoryAndTheReportIsClosedWithTheLinesBefore) {
+  bancada.comIdentidade();
+  ASSERT_EQ(gera(), 0);
+  const auto inteiro = conteudo(kRelatorio);
+  bancada.sql("DROP TABLE intervencao");
+  g_aoRegistrar = [] { throw std::bad_alloc(); };
+  EXPECT_EQ(gera(), 4);
+  g_aoRegistrar = nullptr;
+  EXPECT_EQ(conteudo(kRelatorio), inteiro.substr(0, inteiro.find("E09")));
 }
 
 TEST_F(Resultado, ExceptionOfTheHostPassesThroughAndClosesTheReport) {

@@ -130,6 +130,7 @@ void Diferenca::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
   while (a.ha || b.ha) {
     if (a.ha && b.ha && mesmaLinha(a.lido.linha, b.lido.linha)) {
       ++pares_;
+      confereOrdem(a.lido, b.lido, b.ordem);
       a.avanca();
       b.avanca();
     } else {
@@ -176,6 +177,7 @@ void Diferenca::chega(Lado& lado, Lado& outro, bool esperado) {
 
 void Diferenca::confronta(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem) {
   ++pares_;
+  confereOrdem(esperado, encontrado, ordem);
   if (mesmaLinha(esperado.linha, encontrado.linha)) return;
   const int larguras = confrontaCampos(esperado, encontrado, ordem);
   const int outras = confrontaResto(esperado, encontrado, ordem);
@@ -244,6 +246,18 @@ int Diferenca::confrontaResto(const RegistroLido& esperado, const RegistroLido& 
   if (!mesmoFim(esperado.linha, encontrado.linha))
     aponta("line-end", nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
   return diferentes;
+}
+
+// Both sides are read in their order, so that pairs which are in order come in order.
+void Diferenca::confereOrdem(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem) {
+  const bool fora = esperado.linha.numero < ultimaEsperada_ || encontrado.linha.numero < ultimaEncontrada_;
+  ultimaEsperada_ = std::max(ultimaEsperada_, esperado.linha.numero);
+  ultimaEncontrada_ = std::max(ultimaEncontrada_, encontrado.linha.numero);
+  if (!fora || !opcoes_.comOrdem) return;
+  Achado achado = achadoEm("order", esperado, encontrado, ordem);
+  achado.encontrado = "the record out of its place";
+  achado.esperado = "the order of " + opcoes_.esperado;
+  saida_.recebe(achado);
 }
 
 // A register is over when both sides are in a later one, or at their end.

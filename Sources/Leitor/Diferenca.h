@@ -17,13 +17,15 @@ namespace cotepe {
 /// yet; none for files that are equal, at most the records of one register where nothing matches.
 ///
 /// Each difference is one finding about the second report. Its rule: "field", "missing" and "added" (a whole
-/// record), "line" (bytes behind the last field, or too many to compare), "line-end", and once, at the end,
-/// "layout" for records whose values are the same in fields of other widths.
+/// record), "line" (bytes behind the last field, or too many to compare), "line-end", "order" (a record out
+/// of its place), and once, at the end, "layout" for records whose values are the same in fields of other
+/// widths.
 class Diferenca {
  public:
   struct Opcoes {
     std::string esperado, encontrado;  // what people call the first and the second report
     bool comCarimbo = false;           // whether date and hour of E11 count
+    bool comOrdem = false;             // whether the order of the lines does
   };
 
   Diferenca(RecebeAchados& saida, Opcoes opcoes) : saida_(saida), opcoes_(std::move(opcoes)) {}
@@ -66,6 +68,7 @@ class Diferenca {
   void confronta(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   int confrontaCampos(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   int confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  void confereOrdem(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   void fecha(Lado& esperado, Lado& encontrado);
   void faltaOuSobra(Pendentes& pendentes, bool falta);
   Achado achadoEm(const char* regra, const RegistroLido& esperado, const RegistroLido& encontrado,
@@ -75,6 +78,7 @@ class Diferenca {
   Opcoes opcoes_;
   long pares_ = 0;
   long soLarguras_ = 0;
+  long ultimaEsperada_ = 0, ultimaEncontrada_ = 0;  // greatest line numbers of the pairs so far
 };
 
 }  // namespace cotepe

@@ -13,7 +13,7 @@ namespace {
 
 struct OpcoesDoDiff {
   std::string a, b;
-  bool comCarimbo = false;
+  bool comCarimbo = false, comOrdem = false;
   OpcoesDeDiferencas saida;
 };
 
@@ -23,7 +23,7 @@ void executa(const OpcoesDoDiff& opcoes) {
   RelatorioLido a(opcoes.a), b(opcoes.b);
   FluxoDeSaida fluxo;
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
-  Diferenca diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo});
+  Diferenca diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem});
   diferenca.compara(a.linhas(), b.linhas());
   saida.termina();
   fluxo.conclui();
@@ -39,6 +39,7 @@ Execucao declaraDiff(CLI::App& comando) {
   comando.add_option("A", o->a, "The report to go by; - for stdin")->required();
   comando.add_option("B", o->b, "The report to look at; - for stdin")->required();
   comando.add_flag("--with-stamp", o->comCarimbo, "Compare the time of generation in E11, too");
+  comando.add_flag("--with-order", o->comOrdem, "Compare the order of the records, too");
   declaraDiferencas(comando, o->saida);
   comando.footer(
       "Records are aligned by register and key, such as COO and item. What is printed is about B: what was\n"

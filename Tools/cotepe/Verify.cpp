@@ -49,7 +49,7 @@ class Verificacao {
     const auto gerado = gera(ajuste);
     RelatorioLido esperado(gerado->temporario()), encontrado(opcoes_.relatorio);
     progresso_.limpa();
-    Diferenca(saida, {"the report of " + opcoes_.banco, encontrado.nome(), false})
+    Diferenca(saida, {"the report of " + opcoes_.banco, encontrado.nome(), false, true})
         .compara(esperado.linhas(), encontrado.linhas());
     esperado.confereLeitura();
     encontrado.confereLeitura();

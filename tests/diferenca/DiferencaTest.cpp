@@ -17,10 +17,11 @@ struct Coletor : RecebeAchados {
   void recebe(const Achado& achado) override { textos.push_back(textoDoAchado(achado)); }
 };
 
-Textos diferencas(const std::string& a, const std::string& b, bool comCarimbo = false) {
+Textos diferencas(const std::string& a, const std::string& b, bool comCarimbo = false,
+                  bool comOrdem = false) {
   Coletor coletor;
   LeitorDeLinhas linhasA{std::string_view(a)}, linhasB{std::string_view(b)};
-  Diferenca(coletor, {"a.txt", "b.txt", comCarimbo}).compara(linhasA, linhasB);
+  Diferenca(coletor, {"a.txt", "b.txt", comCarimbo, comOrdem}).compara(linhasA, linhasB);
   return coletor.textos;
 }
 
@@ -84,6 +85,28 @@ TEST(Diferenca, TheOrderOfRecordsInARegisterIsNoDifference) {
   Relatorio r = Relatorio::bom();
   r.permuta(20, 22);
   EXPECT_EQ(contraBom(r), Textos());
+}
+
+TEST(Diferenca, TheOrderCountsWhenAsked) {
+  const std::string bom = Relatorio::bom().texto();
+  EXPECT_EQ(diferencas(bom, bom, false, true), Textos());
+  Relatorio emUmRegistro = Relatorio::bom();
+  emUmRegistro.permuta(20, 21);
+  EXPECT_EQ(
+      diferencas(bom, emUmRegistro.texto(), false, true),
+      Textos{"b.txt:21: error order E14: found the record out of its place, expected the order of a.txt "
+             "(CCF 31; line 20 of a.txt)"});
+  Relatorio entreRegistros = Relatorio::bom();
+  entreRegistros.permuta(7, 9);
+  EXPECT_NE(diferencas(bom, entreRegistros.texto(), false, true), Textos());
+}
+
+TEST(Diferenca, RecordsThatAreMissingOrAddedLeaveTheOthersInOrder) {
+  Relatorio menos = Relatorio::bom();
+  menos.remove(21);
+  const std::string bom = Relatorio::bom().texto();
+  EXPECT_EQ(diferencas(bom, menos.texto(), false, true).size(), 1U);
+  EXPECT_EQ(diferencas(menos.texto(), bom, false, true).size(), 1U);
 }
 
 TEST(Diferenca, RecordsOfOneKeyAreTakenInOrder) {

@@ -86,6 +86,21 @@ TEST_F(Verify, ARecordTakenOutIsMissing) {
       "error, 0 warnings\n");
 }
 
+TEST_F(Verify, RecordsThatChangedPlacesEndWith1) {
+  criaBanco();
+  geraComo({});
+  std::string texto = leArquivo(em("r.txt"));
+  const std::size_t primeiro = texto.find("E12"), segundo = texto.find("E12", primeiro + 1);
+  const std::string linha = texto.substr(primeiro, segundo - primeiro);
+  texto.erase(primeiro, linha.size());
+  escreveArquivo(em("r.txt"), texto.insert(texto.find('\n', primeiro) + 1, linha));
+  const Fim fim = verifica({"--quiet"});
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(fim.saida,
+            "r.txt:11: error order E12: found the record out of its place, expected the order of the report "
+            "of base.db (CRZ 11; line 10 of the report of base.db)\n1 error, 0 warnings\n");
+}
+
 TEST_F(Verify, TheStampIsNotCompared) {
   criaBanco();
   geraComo({});

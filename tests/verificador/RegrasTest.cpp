@@ -46,7 +46,7 @@ TEST(Verificador, RowCount) {
           "(leave the row that is valid now)"});
   EXPECT_EQ(depoisDe("DELETE FROM versao_sb"),
             Linhas{"versao_sb: error row-count E01 and E07: found 0 rows, without which fields are left out, "
-                   "expected at least one (leave the row that is valid now)"});
+                   "expected at least one (store it)"});
   EXPECT_EQ(
       depoisDe("INSERT INTO moeda SELECT * FROM moeda"),
       Linhas{

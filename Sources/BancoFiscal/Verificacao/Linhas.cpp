@@ -197,7 +197,8 @@ void Passada::confereQuantas(long linhas) const {
           (poucas ? ", without which fields are left out" : ", each of which adds fields or records"),
       forma_.maximo == 0   ? "at least one"
       : forma_.minimo == 0 ? "one at most"
-                           : "one");
+                           : "one",
+      poucas ? "store it" : nullptr);
 }
 
 void Passada::confereOrdem(const ColunaLigada& coluna) const {

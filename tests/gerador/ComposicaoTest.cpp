@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
@@ -23,6 +24,21 @@ class SemAplicacao : public Hospedeiro {
   const char* tipo() override { return ""; }
   void dataHoraAtual(char* /*saida*/) override {}
   void preenche(char* /*texto*/, char* /*destino*/, int /*largura*/) override {}
+};
+
+// Puts the text whole, blanks up to the width, and so many characters more; no terminator.
+class ComSobra : public SemAplicacao {
+ public:
+  explicit ComSobra(std::size_t sobra) : sobra_(sobra) {}
+  void preenche(char* texto, char* destino, int largura) override {
+    std::string posto(texto);
+    posto.resize(std::max(posto.size(), static_cast<std::size_t>(largura)), ' ');
+    posto.append(sobra_, '!');
+    std::copy(posto.begin(), posto.end(), destino);
+  }
+
+ private:
+  std::size_t sobra_;
 };
 
 // So many rows whose every column is "x".
@@ -88,6 +104,60 @@ TEST(Tabela, WithoutARowHasThePlaceholderThatTheRegisterSays) {
 
 TEST(Tabela, WithRowsHasNoPlaceholder) {
   EXPECT_EQ(escreve(kUmaColuna, Vazio::Sempre, false, 1), Gravadas{"E99x "});
+}
+
+TEST(Tabela, ThatBeginsWithAColumnHasItsBlankInThePlaceholder) {
+  static constexpr std::array<Campo, 1> kLetra = {letra("", coluna(0))};
+  EXPECT_EQ(escreve(kLetra, Vazio::Sempre, false, 1), Gravadas{"x"});
+  EXPECT_EQ(escreve(kLetra, Vazio::Sempre, false, 0), Gravadas{" "});
+}
+
+TEST(Tabela, CountsItsRecords) {
+  SemAplicacao aplicacao;
+  EmMemoria execucao(false, 0, aplicacao);
+  Linhas linhas(3);
+  EXPECT_EQ(gravaLinhas(execucao, kUmaColuna, linhas, linhas), 3);
+  EXPECT_EQ(execucao.gravadas.size(), 3U);
+}
+
+std::string composta(Campos campos, const Fonte& fonte, SemAplicacao&& aplicacao = {}) {
+  EmMemoria execucao(false, 0, aplicacao);
+  Linha linha;
+  compoe(linha, campos, fonte, execucao);
+  return std::string(linha.texto());
+}
+
+TEST(Composicao, TheDecimalPlacesMayStandInTheFirstColumn) {
+  const std::array<Campo, 1> kDecimal = {decimal("", 7, coluna(1)).casas(0)};
+  const SemFonte nada;
+  EXPECT_EQ(composta(kDecimal, FonteCom(FonteCom(nada, 0, "3"), 1, "1.5")), "0001500");
+  EXPECT_EQ(composta(kDecimal, FonteCom(FonteCom(nada, 0, "2"), 1, "1.5")), "0000150");
+}
+
+TEST(Composicao, OfWhatTheHostPutsNoMoreIsTakenThanTheWidthOrTheText) {
+  const std::array<Campo, 1> kNome = {preenchido("", 5, coluna(0))};
+  const SemFonte nada;
+  EXPECT_EQ(composta(kNome, FonteCom(nada, 0, "ab"), ComSobra(1)), "ab   ");
+  EXPECT_EQ(composta(kNome, FonteCom(nada, 0, "abcdefg"), ComSobra(1)), "abcdefg");
+}
+
+// What is put outside the room is seen by a sanitizer, or by the allocator.
+TEST(Composicao, ATextStaysInItsRoomWhereverTheLineEnds) {
+  const std::string texto(90, 'x');
+  for (int antes = 800; antes < 1100; ++antes) {
+    const std::string inicio(static_cast<std::size_t>(antes), 'a');
+    const std::array<Campo, 2> campos = {cotepe::texto("", antes, constante(inicio.c_str())),
+                                         cotepe::texto("", 100, constante(texto.c_str()))};
+    EXPECT_EQ(composta(campos, SemFonte()), inicio + texto + "          ") << antes;
+  }
+}
+
+TEST(Composicao, ATextThatTheHostPlacesStaysInItsRoomHoweverLong) {
+  for (std::size_t tamanho = 3000; tamanho < 3040; ++tamanho) {
+    const std::string texto(tamanho, 'x');
+    const std::array<Campo, 1> campos = {preenchido("", 20, constante(texto.c_str()))};
+    EXPECT_EQ(composta(campos, SemFonte(), ComSobra(0)), texto);
+  }
 }
 
 TEST(SemFonte, HasEmptyTexts) {

@@ -199,6 +199,15 @@ TEST(Numero, IsZeroFilledWithItsSignWithinTheWidth) {
   EXPECT_EQ(numero(-1, 2), "-1");
 }
 
+TEST(Numero, WithItsSignHasRoomForTheLineFeedWhereverItStands) {
+  for (std::size_t antes = 950; antes < 1030; ++antes) {
+    Linha linha;
+    linha.poe(std::string(antes, 'a'), antes);
+    linha.avanca(linha.escreveNumero(-1, 30), 30);
+    EXPECT_EQ(linha.comFimDeLinha(), std::string(antes, 'a') + "-" + std::string(28, '0') + "1\n") << antes;
+  }
+}
+
 TEST(Numero, WithoutSignOfANegativeOneIsItsTwosComplement) {
   EXPECT_EQ(semSinal(static_cast<std::uint64_t>(std::int64_t{-100}), 13), "18446744073709551516");
 }

@@ -226,6 +226,7 @@ TEST(Decimal, IsReadAsStrtodDoes) {
                             "1.5",
                             "12.34",
                             "1,5",
+                            "1/5",
                             "1.2.3",
                             "1.5abc",
                             "abc",

@@ -20,6 +20,20 @@ TEST(Releitura, NumbersAreDigitsAlone) {
   }
 }
 
+TEST(Releitura, BlanksAreBlanksAlone) {
+  EXPECT_TRUE(soBrancos(""));
+  for (std::size_t n = 1; n <= 20; ++n) {
+    const std::string brancos(n, ' ');
+    EXPECT_TRUE(soBrancos(brancos)) << n;
+    for (std::size_t i = 0; i < n; ++i)
+      for (const char c : std::string("!0\0", 3)) {
+        std::string outros = brancos;
+        outros[i] = c;
+        EXPECT_FALSE(soBrancos(outros)) << n << ' ' << i << ' ' << static_cast<int>(c);
+      }
+  }
+}
+
 TEST(Releitura, NumbersAreReadWholeUpTo64Bits) {
   std::int64_t valor = -1;
   EXPECT_TRUE(leNumero("000000000000123456", valor));
@@ -39,6 +53,15 @@ TEST(Releitura, DaysAreThoseOfTheCalendar) {
     EXPECT_TRUE(dataPossivel(dia)) << dia;
   for (const char* dia : {"20230229", "19000229", "20240431", "20241301", "20240001", "20240100", "00000101",
                           "2024010", "2024 101", "        ", "202401010"})
+    EXPECT_FALSE(dataPossivel(dia)) << dia;
+}
+
+TEST(Releitura, EveryMonthHasItsLastDay) {
+  for (const char* dia : {"20230131", "20230228", "20230331", "20230430", "20230531", "20230630", "20230731",
+                          "20230831", "20230930", "20231031", "20231130", "20231231"})
+    EXPECT_TRUE(dataPossivel(dia)) << dia;
+  for (const char* dia : {"20230132", "20230229", "20230332", "20230431", "20230532", "20230631", "20230732",
+                          "20230832", "20230931", "20231032", "20231131", "20231232"})
     EXPECT_FALSE(dataPossivel(dia)) << dia;
 }
 

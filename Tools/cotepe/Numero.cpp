@@ -16,7 +16,7 @@ CLI::Validator numeroDesde(long menor) {
                ? std::string()
                : (texto.empty() ? "nothing" : texto) + " is no number from " + std::to_string(menor) + " on";
   };
-  return CLI::Validator(recusa, "");
+  return {recusa, ""};
 }
 
 }  // namespace cotepe::programa

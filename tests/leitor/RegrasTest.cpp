@@ -130,6 +130,16 @@ const std::vector<Caso>& casos() {
         "\"MODELO              \" as in line 2" +
         kGere},
        [](Relatorio& r) { r.troca(1, 52, "MODELO", "MODELA"); }},
+      {"identity",
+       [](Relatorio& r) { r.troca(6, 45, "11222333000181", "11444777000161"); },
+       {":6:45-58: error identity E08.5 \"CNPJ do usuário\": found \"11444777000161\", expected "
+        "\"11222333000181\" as in E01" +
+        kGere},
+       [](Relatorio& r) {
+         for (const auto& [linha, posicao] :
+              std::vector<std::pair<int, int>>{{1, 99}, {2, 45}, {3, 45}, {4, 45}, {6, 45}, {8, 71}})
+           r.troca(linha, posicao, "11222333000181", "11444777000161");
+       }},
       {"key-order",
        [](Relatorio& r) { r.permuta(36, 37); },
        {":37:53-67: error key-order E18.7 \"Meio de pagamento\": found \"CARTAO         \" after "

@@ -260,7 +260,7 @@ testing::AssertionResult concordam(std::uint64_t semente, Nivel nivel, const Pas
 // COTEPE_DIFERENCIAL: how many databases, 60 or in the long form 20,000; COTEPE_SEMENTE: the first seed. One
 // database in four is clean.
 TEST(Diferencial, GeneratorAgreesWithTheSecondReading) {
-  const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", casos(60, 20000));
+  const std::uint64_t quantos = doAmbiente("COTEPE_DIFERENCIAL", casos<std::uint64_t>(60, 20000));
   Relato relato("Differential",
                 "random databases, all commands, layouts and modes, against a second reading");
   const std::uint64_t primeira = doAmbiente("COTEPE_SEMENTE", 1);

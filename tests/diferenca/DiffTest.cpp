@@ -58,4 +58,19 @@ TEST_F(Diff, WhatCannotBeReadEndsWith2) {
             "cotepe: wrong usage: A and B: found stdin twice, expected two reports; name one of them\n");
 }
 
+TEST_F(Diff, TheOrderOfRecordsCountsWhenAsked) {
+  const std::string cabeca = "E07" + std::string(41, ' ');
+  const std::string um = cabeca + "01.00.00  20220101\n", dois = cabeca + "01.00.01  20230101\n";
+  escreveArquivo(em("x.txt"), um + dois);
+  escreveArquivo(em("y.txt"), dois + um);
+  EXPECT_EQ(roda({"diff", "x.txt", "y.txt"}, pasta()).situacao, 0);
+  EXPECT_EQ(roda({"diff", "--with-order", "x.txt", "x.txt"}, pasta()).situacao, 0);
+  const Fim fim = roda({"diff", "--with-order", "x.txt", "y.txt"}, pasta());
+  EXPECT_EQ(fim.situacao, 1);
+  EXPECT_EQ(
+      fim.saida,
+      "y.txt:2: error order E07: found the record out of its place, expected the order of x.txt (Versão "
+      "do software básico 01.00.00; line 1 of x.txt)\n1 error, 0 warnings\n");
+}
+
 }  // namespace

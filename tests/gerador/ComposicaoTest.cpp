@@ -172,6 +172,7 @@ TEST(FonteCom, ChangesOneColumnAlone) {
   EXPECT_STREQ(comOutra.texto(4), "quatro");
   EXPECT_STREQ(comOutra.texto(3), "x");
   EXPECT_EQ(comOutra.bytes(3), 1);
+  EXPECT_EQ(comOutra.bytes(4), 6);
 }
 
 TEST(Especies, ADateThatIsReadyIsEightWideAndAnHourSix) {

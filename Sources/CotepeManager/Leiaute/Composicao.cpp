@@ -116,9 +116,9 @@ std::size_t escreve(Linha& linha, const Campo& campo, std::size_t largura, const
       return escreveDecimal(linha, campo, texto, largura, fonte);
     case Especie::Data:
     case Especie::Hora:
-      return escreveData(linha, campo.especie, texto);
+      break;
   }
-  return 0;
+  return escreveData(linha, campo.especie, texto);
 }
 
 std::size_t larguraEm(const Campo& campo, const Execucao& execucao) {

@@ -1,6 +1,8 @@
 // The engine: a list of fields applied to a row makes a data record, applied to nothing a placeholder record.
 #pragma once
 
+#include <cstring>
+
 #include "Leiaute/Campo.h"
 #include "Leiaute/Execucao.h"
 #include "Leiaute/Linha.h"
@@ -19,7 +21,9 @@ class FonteCom final : public Fonte {
  public:
   FonteCom(const Fonte& base, int coluna, const char* texto) : base_(base), coluna_(coluna), texto_(texto) {}
   const char* texto(int coluna) const override { return coluna == coluna_ ? texto_ : base_.texto(coluna); }
-  int bytes(int coluna) const override { return base_.bytes(coluna); }
+  int bytes(int coluna) const override {
+    return coluna == coluna_ ? static_cast<int>(std::strlen(texto_)) : base_.bytes(coluna);
+  }
 
  private:
   const Fonte& base_;

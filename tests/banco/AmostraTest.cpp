@@ -128,6 +128,31 @@ TEST_F(Amostra, WhatAKilledWriterLeftIsRemovedAndWhatALivingOneHasIsNot) {
   close(escritor);
 }
 
+TEST_F(Amostra, WhereEveryTemporaryNameIsTakenTheLastIsNamed) {
+  for (int i = 0; i < 100; ++i)
+    ASSERT_EQ(mkdir(pasta_.arquivo("a.incompleto" + std::to_string(i)).c_str(), 0700), 0);
+  EXPECT_EQ(erroAoCriar(pasta_.arquivo("a")),
+            "cannot create the database: " + pasta_.arquivo("a.incompleto99") +
+                ": found a file that exists already, expected a name that is free; choose another name, or "
+                "move the file away");
+  EXPECT_EQ(pasta_.nomes().size(), 100U);
+}
+
+TEST_F(Amostra, WithoutADescriptorForTheDatabaseNothingIsLeft) {
+  rlimit antes{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &antes), 0);
+  const int livre = dup(STDERR_FILENO);  // the one that the temporary file will have
+  close(livre);
+  const rlimit umSo{static_cast<rlim_t>(livre) + 1, antes.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &umSo), 0);
+  const auto erro = erroAoCriar(pasta_.arquivo("a"));
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &antes), 0);
+  EXPECT_EQ(erro, "cannot create the database: " + pasta_.arquivo("a.incompleto0") +
+                      ": found unable to open database file, expected a file that can be written; choose "
+                      "another place");
+  EXPECT_TRUE(pasta_.nomes().empty());
+}
+
 TEST_F(Amostra, ADanglingLinkIsRefused) {
   ASSERT_EQ(symlink("/nowhere/at/all", pasta_.arquivo("a").c_str()), 0);
   EXPECT_NE(erroAoCriar(pasta_.arquivo("a")), "");

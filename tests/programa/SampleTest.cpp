@@ -1,4 +1,10 @@
 // The commands sample and schema.
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
 #include "Cena.h"
 
 #include "Esquema.h"
@@ -54,6 +60,60 @@ TEST_F(Sample, FullDiskGivesFourAndLeavesNothing) {
   EXPECT_EQ(fim.situacao, 4);
   EXPECT_EQ(fim.erros.substr(0, 34), "cotepe: cannot write the database:") << fim.erros;
   EXPECT_EQ(nomes(), Nomes{});
+}
+
+// The steps by which a whole database gets its name.
+class NomeDaAmostra : public Cena {
+ protected:
+  // The run of `sample` in which the n-th call (from 1) of each of these kinds fails.
+  struct Erro {
+    long chamada;
+    int vez, codigo;
+  };
+  Fim amostraCom(const std::vector<Erro>& erros) const {
+    std::vector<int> vezes(erros.size());
+    const auto regra = [&](const Chamada& chamada) {
+      for (std::size_t i = 0; i < erros.size(); ++i)
+        if (chamada.numero == erros[i].chamada && ++vezes[i] == erros[i].vez)
+          return Destino{Destino::Erra, erros[i].codigo};
+      return Destino{};
+    };
+    Processo processo({"sample", "base.db", "--days", "1", "--coupons-per-day", "1", "--quiet"});
+    return processo.naPasta(pasta()).comRegra(regra).inicia().espera();
+  }
+};
+
+TEST_F(NomeDaAmostra, DiskWithoutLinksIsServedByARename) {
+  for (const int codigo : {EPERM, EOPNOTSUPP, ENOSYS}) {
+    const Fim fim = amostraCom({{SYS_link, 1, codigo}});
+    EXPECT_EQ(fim.situacao, 0) << fim.erros;
+    EXPECT_EQ(nomes(), Nomes{"base.db"}) << codigo;
+    EXPECT_EQ(gera({"--output", "r.txt", "--force"}).situacao, 0) << codigo;
+    for (const auto& nome : nomes()) unlink(em(nome).c_str());
+  }
+}
+
+TEST_F(NomeDaAmostra, NoneIsGivenAndNothingIsLeftWhereALinkARenameOrTheDiskFails) {
+  const std::vector<std::pair<std::vector<Erro>, const char*>> casos = {
+      {{{SYS_link, 1, EIO}}, "./base.db: found Input/output error"},
+      {{{SYS_link, 1, EPERM}, {SYS_rename, 1, EACCES}}, "./base.db: found Permission denied"},
+      {{{SYS_fsync, 1, EIO}}, "./base.db.incompleto0: found Input/output error"},
+  };
+  for (const auto& [erros, achado] : casos) {
+    const Fim fim = amostraCom(erros);
+    EXPECT_EQ(fim.situacao, 4) << achado;
+    EXPECT_EQ(fim.erros, std::string("cotepe: cannot create the database: ") + achado +
+                             ", expected a folder that can be written and has room; choose another place or "
+                             "free some space\n");
+    EXPECT_EQ(nomes(), Nomes{}) << achado;
+  }
+}
+
+TEST_F(NomeDaAmostra, ThatDoesNotReachTheDiskIsAFailureThoughTheDatabaseIsWhole) {
+  const Fim fim = amostraCom({{SYS_fsync, 2, EIO}});
+  EXPECT_EQ(fim.situacao, 4);
+  EXPECT_EQ(fim.erros.substr(0, 66), "cotepe: cannot create the database: ./: found Input/output error, ");
+  EXPECT_EQ(nomes(), Nomes{"base.db"});
 }
 
 TEST_F(Sample, SchemaMakesADatabaseWithoutRows) {

@@ -21,9 +21,10 @@ void Quorvel_GravaLog(char* mensagem) {
   if (g_aoRegistrar != nullptr) g_aoRegistrar();
 }
 
-void RtcAbsoluteTime::GetCurrentDateTime() { tm_ = std::tm{}; }
+// The clock must be read before it is printed.
+void RtcAbsoluteTime::GetCurrentDateTime() { tm_.tm_year = 124; }
 void RtcAbsoluteTime::ToStrDateTime(char* /*dateFormat*/, char* /*timeFormat*/, char* out) {
-  std::strcpy(out, g_carimbo.c_str());
+  std::strcpy(out, tm_.tm_year == 124 ? g_carimbo.c_str() : "");
 }
 
 namespace {

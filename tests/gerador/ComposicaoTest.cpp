@@ -11,6 +11,7 @@
 
 #include "Leiaute/Especies.h"
 #include "Leiaute/Registro.h"
+#include "Leiaute/Texto.h"
 
 namespace {
 
@@ -178,6 +179,8 @@ TEST(FonteCom, ChangesOneColumnAlone) {
 TEST(Especies, ADateThatIsReadyIsEightWideAndAnHourSix) {
   EXPECT_EQ(dataPronta("", coluna(0)).largura, 8);
   EXPECT_EQ(horaPronta("", coluna(0)).largura, 6);
+  EXPECT_EQ(kLarguraData, 8U);  // AAAAMMDD
+  EXPECT_EQ(kLarguraHora, 6U);  // HHMMSS
 }
 
 }  // namespace

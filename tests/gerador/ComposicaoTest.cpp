@@ -156,8 +156,12 @@ TEST(Composicao, ATextStaysInItsRoomWhereverTheLineEnds) {
 TEST(Composicao, ATextThatTheHostPlacesStaysInItsRoomHoweverLong) {
   for (std::size_t tamanho = 3000; tamanho < 3040; ++tamanho) {
     const std::string texto(tamanho, 'x');
-    const std::array<Campo, 1> campos = {preenchido("", 20, constante(texto.c_str()))};
-    EXPECT_EQ(composta(campos, SemFonte(), ComSobra(0)), texto);
+    for (const std::size_t largura : {std::size_t{20}, std::size_t{3100}}) {
+      const std::array<Campo, 1> campos = {
+          preenchido("", static_cast<int>(largura), constante(texto.c_str()))};
+      const std::size_t sobram = largura > tamanho ? largura - tamanho : 0;
+      EXPECT_EQ(composta(campos, SemFonte(), ComSobra(0)), texto + std::string(sobram, ' ')) << tamanho;
+    }
   }
 }
 

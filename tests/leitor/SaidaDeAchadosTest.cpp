@@ -158,6 +158,11 @@ TEST(Json, AnyBytesMakeAValidString) {
   EXPECT_EQ(textoJson(std::string("\0", 1)), "\"\\u0000\"");
 }
 
+TEST(Json, UriOfAFileKeepsLettersDigitsAndSeparatorsAlone) {
+  EXPECT_EQ(uriDoArquivo("/azAZ09-._~/a b"), "/azAZ09-._~/a%20b");
+  EXPECT_EQ(uriDoArquivo("m\xC3\xAAs%#?.txt"), "m%C3%AAs%25%23%3F.txt");
+}
+
 TEST(Trecho, LongLineIsCutAroundTheBytesMeant) {
   std::string linha(300, 'a');
   linha.replace(199, 3, "XYZ");

@@ -1,5 +1,6 @@
 // Lines of every length and end.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -26,6 +27,20 @@ TEST(LeitorDeLinhas, EndsAtEachLineFeed) {
   EXPECT_EQ(linhasDe(""), Textos());
   EXPECT_EQ(linhasDe("a\nbc\n"), (Textos{"a", "bc"}));
   EXPECT_EQ(linhasDe("\n\n"), (Textos{"", ""}));
+}
+
+TEST(LeitorDeLinhas, ReadsADescriptorAndTellsItsErrors) {
+  int tubo[2];
+  ASSERT_EQ(pipe(tubo), 0);
+  ASSERT_EQ(write(tubo[1], "a\nbc\n", 5), 5);
+  close(tubo[1]);
+  LeitorDeLinhas leitor(tubo[0]);
+  EXPECT_EQ(linhasDe(leitor), (Textos{"a", "bc"}));
+  EXPECT_EQ(leitor.erro(), 0);
+  close(tubo[0]);
+  LeitorDeLinhas fechado(-1);
+  EXPECT_EQ(linhasDe(fechado), Textos());
+  EXPECT_EQ(fechado.erro(), EBADF);
 }
 
 TEST(LeitorDeLinhas, LastLineMayLackItsEnd) {

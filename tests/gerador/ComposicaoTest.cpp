@@ -133,6 +133,8 @@ TEST(Composicao, TheDecimalPlacesMayStandInTheFirstColumn) {
   const SemFonte nada;
   EXPECT_EQ(composta(kDecimal, FonteCom(FonteCom(nada, 0, "3"), 1, "1.5")), "0001500");
   EXPECT_EQ(composta(kDecimal, FonteCom(FonteCom(nada, 0, "2"), 1, "1.5")), "0000150");
+  const std::array<Campo, 1> kSempreDuas = {decimal("", 7, coluna(1))};
+  EXPECT_EQ(composta(kSempreDuas, FonteCom(FonteCom(nada, 0, "3"), 1, "1.5")), "0000150");
 }
 
 TEST(Composicao, OfWhatTheHostPutsNoMoreIsTakenThanTheWidthOrTheText) {

@@ -33,10 +33,10 @@ class Dia {
     for (int cupom = 0; cupom < cupons_; ++cupom) {
       const auto hora = std::int64_t{kFechamento - kAbertura} * cupom / cupons_;
       passaAte(kAbertura + static_cast<int>(hora));
-      ecf_.emite(sorteiaCupomFiscal(aleatorio_), agora());
-      if (aleatorio_.chance(40)) ecf_.emite(sorteiaRecebimento(aleatorio_), agora());
+      emite([&] { return sorteiaCupomFiscal(aleatorio_); });
+      if (aleatorio_.chance(40)) emite([&] { return sorteiaRecebimento(aleatorio_); });
       if (aleatorio_.chance(5)) ecf_.emiteRelatorioGerencial(agora());
-      if (aleatorio_.chance(5)) ecf_.emite(movimentoDeCaixa(NaoFiscal::sangria, sangria()), agora());
+      if (aleatorio_.chance(5)) emite([&] { return movimentoDeCaixa(NaoFiscal::sangria, sangria()); });
     }
   }
 
@@ -44,7 +44,7 @@ class Dia {
   // in the evening, or now and then after midnight.
   void fecha(bool comFita, bool podeAtrasar) {
     passaAte(kFechamento);
-    ecf_.emite(movimentoDeCaixa(NaoFiscal::sangria, sangria()), agora());
+    emite([&] { return movimentoDeCaixa(NaoFiscal::sangria, sangria()); });
     ecf_.emiteRelatorioGerencial(agora());
     if (comFita) ecf_.emiteFitaDetalhe(agora());
     if (podeAtrasar && aleatorio_.chance(80)) passaAte(kMeiaNoite + aleatorio_.entre(60, 5400));
@@ -52,6 +52,13 @@ class Dia {
   }
 
  private:
+  // The hour is drawn before the document: the order of two arguments would be the compiler's.
+  template <class Faz>
+  void emite(Faz documento) {
+    const DataHora quando = agora();
+    ecf_.emite(documento(), quando);
+  }
+
   // A document takes some seconds, less on a crowded day, so that those of one coupon end before the next
   // coupon.
   DataHora agora() {
@@ -90,7 +97,8 @@ ResumoDaAmostra preencheBanco(sqlite3* banco, const OpcoesDaAmostra& opcoes, int
   Aleatorio aleatorio(opcoes.semente);
   gravaCadastro(banco, aleatorio, primeiroDia);
   const auto contadores = contadoresIniciais(aleatorio);
-  Ecf ecf(banco, contadores, Centavos{100} * aleatorio.entre(1000000, 3000000) + aleatorio.entre(0, 99));
+  const Centavos reais = aleatorio.entre(1000000, 3000000);
+  Ecf ecf(banco, contadores, 100 * reais + aleatorio.entre(0, 99));
   for (int dia = 0; dia < opcoes.dias; ++dia) {
     const bool ultimo = dia + 1 == opcoes.dias;
     if (dia % kDiasEntreIntervencoes == kDiasEntreIntervencoes / 2) {

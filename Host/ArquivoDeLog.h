@@ -1,9 +1,11 @@
-// A log of one line a message, on stderr or at the end of a file.
+/// @file
+/// A log of one line a message, on stderr or at the end of a file.
 #pragma once
 
 #include <cstdio>
 #include <memory>
 
+/// Where the messages of failed queries go: stderr until a file is opened. Owns the file.
 class ArquivoDeLog {
  public:
   /// Sends the log to the end of a file, created where there is none. False, with errno set and the log where

@@ -1,4 +1,5 @@
-// The application's log, as the generator calls it.
+/// @file
+/// The application's log, as the generator calls it.
 #pragma once
 
 /// Appends one message line to the application's log. This one writes to `logDoAplicativo` (ArquivoDeLog.h).

@@ -1,5 +1,6 @@
-// What the application knows of the printer: terminated texts, empty when unknown. The database goes before
-// them.
+/// @file
+/// What the application knows of the printer: terminated texts, empty when unknown. The database goes before
+/// them.
 #pragma once
 
 extern char g_Serial[30];    ///< serial number

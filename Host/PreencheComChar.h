@@ -1,4 +1,5 @@
-// Padding into a fixed width.
+/// @file
+/// Padding into a fixed width.
 #pragma once
 
 /// Places `texto` into exactly `tamanho` bytes at `destino`, without a terminator, filled with `caractere`.

@@ -1,4 +1,5 @@
-// The clock.
+/// @file
+/// The clock.
 #pragma once
 
 #include <ctime>

@@ -1,4 +1,5 @@
-// The generator of the type-E register file (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database.
+/// @file
+/// The generator of the type-E register file (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database.
 #pragma once
 
 #include <cstdio>
@@ -39,10 +40,12 @@ class CotepeManager {
   /// Layout version. 1: document counters of 6 digits. Any other value: of 9 digits. Exactly 2 adds the
   /// fields of layout 2 and register E22.
   void setVersaoAtoCotepe(int versao);
+  /// The value last set.
   int getVersaoAtoCotepe() const;
 
   /// CAT52 mode: no placeholder records for registers without a row, and no texts in E14.
   void setCAT52(bool cat52);
+  /// The value last set.
   bool isCAT52() const;
 
   /// Writes the report of a period to the file named, created or truncated: one record a line, LF endings.

@@ -11,12 +11,16 @@ namespace cotepe {
 /// each register's start and end. Borrows both for its lifetime.
 class Geracao {
  public:
+  /// Over an open database, which is only read; layout version 1, CAT52 mode off.
   Geracao(sqlite3* banco, Hospedeiro& hospedeiro) : gerador_(banco), hospedeiro_(hospedeiro) {}
 
+  /// As CotepeManager::setVersaoAtoCotepe.
   void setVersaoAtoCotepe(int versao) { gerador_.setVersaoAtoCotepe(versao); }
+  /// As CotepeManager::setCAT52.
   void setCAT52(bool cat52) { gerador_.setCAT52(cat52); }
 
-  /// As CotepeManager::GeraRegistrosTipoE.
+  /// As CotepeManager::GeraRegistrosTipoE. What the host's functions throw leaves it, after the report is
+  /// closed.
   int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comando) {
     return gerador_.gera(arquivo, dataInicial, dataFinal, comando, hospedeiro_);
   }

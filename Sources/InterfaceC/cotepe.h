@@ -1,100 +1,113 @@
-/* The generator of the type-E register file (Ato COTEPE/ICMS 17/04) for hosts in C and in languages that call
+/** @file
+   The generator of the type-E register file (Ato COTEPE/ICMS 17/04) for hosts in C and in languages that call
    C. Link with libcotepe; nothing else of the host is needed at link time. */
 #ifndef COTEPE_H
 #define COTEPE_H
 
 #ifdef __cplusplus
+/** No function throws. */
 #define COTEPE_NOEXCEPT noexcept
 extern "C" {
 #else
 #define COTEPE_NOEXCEPT
 #endif
 
+/** What the shared library exports. */
 #define COTEPE_API __attribute__((visibility("default")))
 
 /* NOLINTBEGIN(modernize-use-using): C has typedef alone. */
 struct sqlite3;
 
-/* A generator over one database: its settings and its callbacks. Generators are independent of each other and
-   nothing is shared behind them: different ones may run at once on different threads, each over a connection
-   of its own. One generator runs one report at a time; a call on it from within one of its own callbacks, or
-   from another thread while it runs, does nothing and returns COTEPE_BUSY. */
+/** A generator over one database: its settings and its callbacks. Generators are independent of each other
+   and nothing is shared behind them: different ones may run at once on different threads, each over a
+   connection of its own. One generator runs one report at a time; a call on it from within one of its own
+   callbacks, or from another thread while it runs, does nothing and returns COTEPE_BUSY. */
 typedef struct cotepe_generator cotepe_generator;
 
-/* What a function returns; cotepe_result_text has the words. */
+/** What a function returns; cotepe_result_text has the words. */
 enum cotepe_result {
   COTEPE_DONE = 0,
-  COTEPE_INCOMPLETE = 1,     /* the report is there, but a register's query failed: it may lack lines */
-  COTEPE_BAD_ARGUMENT = 2,   /* a null pointer, or a day of fewer than 8 characters; nothing was done */
-  COTEPE_CANNOT_OPEN = 3,    /* the report could not be opened for writing; errno says why */
-  COTEPE_CANNOT_WRITE = 4,   /* the report is not whole: disk full, I/O error, out of memory */
-  COTEPE_NO_IDENTITY = 5,    /* the printer's identity could not be read; the report is empty */
-  COTEPE_NO_MEMORY = 6,      /* out of memory outside a run; nothing was changed */
-  COTEPE_BUSY = 7,           /* the generator is running; nothing was changed */
-  COTEPE_BAD_TIME = 8,       /* the clock gave no time of the calendar; the report is not whole */
-  COTEPE_CALLBACK_FAILED = 9 /* a C++ exception left a callback; the report is not whole */
+  COTEPE_INCOMPLETE = 1,     /**< the report is there, but a register's query failed: it may lack lines */
+  COTEPE_BAD_ARGUMENT = 2,   /**< a null pointer, or a day of fewer than 8 characters; nothing was done */
+  COTEPE_CANNOT_OPEN = 3,    /**< the report could not be opened for writing; errno says why */
+  COTEPE_CANNOT_WRITE = 4,   /**< the report is not whole: disk full, I/O error, out of memory */
+  COTEPE_NO_IDENTITY = 5,    /**< the printer's identity could not be read; the report is empty */
+  COTEPE_NO_MEMORY = 6,      /**< out of memory outside a run; nothing was changed */
+  COTEPE_BUSY = 7,           /**< the generator is running; nothing was changed */
+  COTEPE_BAD_TIME = 8,       /**< the clock gave no time of the calendar; the report is not whole */
+  COTEPE_CALLBACK_FAILED = 9 /**< a C++ exception left a callback; the report is not whole */
 };
 
-/* Local time: a day that exists, of the years 1 to 9999, months from 1; hours to 23, seconds to 59. */
+/** Local time: a day that exists, of the years 1 to 9999. */
 typedef struct cotepe_time {
-  int year, month, day, hour, minute, second;
+  int year;   /**< with the century */
+  int month;  /**< 1 to 12 */
+  int day;    /**< from 1 */
+  int hour;   /**< 0 to 23 */
+  int minute; /**< 0 to 59 */
+  int second; /**< 0 to 59 */
 } cotepe_time;
 
 /* Each callback is given the pointer that was set with it, and is called on the thread that runs
    cotepe_generate. Texts are the generator's, and valid during the call only. */
 
-/* One message of one line, when a query failed; sqlite3_errmsg of the database still has the reason. */
+/** One message of one line, when a query failed; sqlite3_errmsg of the database still has the reason. */
 typedef void (*cotepe_log_callback)(void* user, const char* message);
 
-/* Fills in the current time. *now comes as zeros, which are no time: left so, the run ends with
+/** Fills in the current time. *now comes as zeros, which are no time: left so, the run ends with
    COTEPE_BAD_TIME. */
 typedef void (*cotepe_clock_callback)(void* user, cotepe_time* now);
 
-/* The end of a register such as "E14": how many lines it wrote, and whether each of its queries ended
+/** The end of a register such as "E14": how many lines it wrote, and whether each of its queries ended
    normally (1) or not (0). */
 typedef void (*cotepe_register_callback)(void* user, const char* code, long long lines, int complete);
 
-/* Makes a generator over an open database, which stays the host's: it is only read, never closed, and must
+/** Makes a generator over an open database, which stays the host's: it is only read, never closed, and must
    outlive the generator. It must come from the same SQLite library that libcotepe is linked with. Layout 1,
    CAT52 mode off, no identity, no log, the system's local time. *generator is null when it fails. */
 COTEPE_API int cotepe_create(struct sqlite3* database, cotepe_generator** generator) COTEPE_NOEXCEPT;
 
-/* Ends a generator; null is let be. */
+/** Ends a generator; null is let be. */
 COTEPE_API int cotepe_destroy(cotepe_generator* generator) COTEPE_NOEXCEPT;
 
-/* Layout version. 1: document counters of 6 digits. Any other value: of 9 digits. Exactly 2 adds the fields
+/** Layout version. 1: document counters of 6 digits. Any other value: of 9 digits. Exactly 2 adds the fields
    of layout 2 and register E22. */
 COTEPE_API int cotepe_set_layout(cotepe_generator* generator, int version) COTEPE_NOEXCEPT;
 
-/* CAT52 mode, other than 0 is on: no placeholder records for registers without a row, no texts in E14. */
+/** CAT52 mode, other than 0 is on: no placeholder records for registers without a row, no texts in E14. */
 COTEPE_API int cotepe_set_cat52(cotepe_generator* generator, int on) COTEPE_NOEXCEPT;
 
-/* What the host knows of the printer, copied; null is unknown. What the database has goes before it. */
+/** What the host knows of the printer, copied; null is unknown. What the database has goes before it. */
 COTEPE_API int cotepe_set_identity(cotepe_generator* generator, const char* serial, const char* model,
                                    const char* type) COTEPE_NOEXCEPT;
 
-/* The callbacks; null takes one away. Without a log the messages are dropped. */
+/** Where messages go; null takes the callback away, and messages are dropped. */
 COTEPE_API int cotepe_set_log(cotepe_generator* generator, cotepe_log_callback callback,
                               void* user) COTEPE_NOEXCEPT;
+
+/** Who is told of the end of each register; null takes the callback away. */
 COTEPE_API int cotepe_set_register_callback(cotepe_generator* generator, cotepe_register_callback callback,
                                             void* user) COTEPE_NOEXCEPT;
 
-/* Where E11's time of generation comes from: a callback, or a fixed time, the last one set; null is the
-   system's local time. A fixed time that is none of the calendar is COTEPE_BAD_TIME and changes nothing. */
+/** Where E11's time of generation comes from: this callback, in place of a fixed time set before; null is the
+   system's local time. */
 COTEPE_API int cotepe_set_clock(cotepe_generator* generator, cotepe_clock_callback callback,
                                 void* user) COTEPE_NOEXCEPT;
+
+/** E11's time of generation, copied, in place of a callback set before; null is the system's local time. One
+   that is none of the calendar is COTEPE_BAD_TIME and changes nothing. */
 COTEPE_API int cotepe_set_time(cotepe_generator* generator, const cotepe_time* time) COTEPE_NOEXCEPT;
 
-/* Writes the report of a period to the file named, created or truncated: one record a line, LF endings. Days
+/** Writes the report of a period to the file named, created or truncated: one record a line, LF endings. Days
    are DDMMYYYY, first and last, both included. The command is "MF", "MFD", "TDM" or "RZ", compared whole; any
    other text gives E01 and E02 only. A register whose query fails is logged and the run goes on. */
 COTEPE_API int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
                                const char* last_day, const char* command) COTEPE_NOEXCEPT;
 
-/* English words for a result, never null. */
+/** English words for a result, never null. */
 COTEPE_API const char* cotepe_result_text(int result) COTEPE_NOEXCEPT;
 
-/* Version of the library that runs, such as "1.2.3". */
+/** Version of the library that runs, such as "1.2.3". */
 COTEPE_API const char* cotepe_version(void) COTEPE_NOEXCEPT;
 
 /* NOLINTEND(modernize-use-using) */

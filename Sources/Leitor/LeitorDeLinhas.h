@@ -12,21 +12,21 @@ namespace cotepe {
 /// One line of a file. `texto` is without its line end and is valid until the next line is read; it may hold
 /// any byte, NUL among them.
 struct LinhaLida {
-  std::string_view texto;
-  long numero = 0;            // from 1
-  std::uint64_t posicao = 0;  // of its first byte in the file, from 0
-  std::uint64_t tamanho = 0;  // in bytes, of the whole line: more than `texto` holds where it was cut
-  bool comCr = false;         // it ended with CR and LF
-  bool semFim = false;        // the file ended before a line-feed
+  std::string_view texto;     ///< borrowed
+  long numero = 0;            ///< from 1
+  std::uint64_t posicao = 0;  ///< of its first byte in the file, from 0
+  std::uint64_t tamanho = 0;  ///< in bytes, of the whole line: more than `texto` holds where it was cut
+  bool comCr = false;         ///< it ended with CR and LF
+  bool semFim = false;        ///< the file ended before a line-feed
 };
 
 /// Reads lines out of large blocks; nothing is allocated per line. Memory is one block, or the longest line
 /// where that is longer, up to `kMaximo`: of an even longer line the first `kGuardado` bytes are given.
 class LeitorDeLinhas {
  public:
-  static constexpr std::size_t kBloco = std::size_t{1} << 18;
-  static constexpr std::size_t kMaximo = std::size_t{1} << 22;
-  static constexpr std::size_t kGuardado = kMaximo / 2;
+  static constexpr std::size_t kBloco = std::size_t{1} << 18;   ///< bytes read at a time
+  static constexpr std::size_t kMaximo = std::size_t{1} << 22;  ///< bytes of the longest line given whole
+  static constexpr std::size_t kGuardado = kMaximo / 2;         ///< bytes given of a longer one
 
   /// Fills a buffer: returns the count of bytes, 0 at the end, below 0 (errno set) when it cannot.
   using Leitura = std::function<long(char* destino, std::size_t tamanho)>;
@@ -35,6 +35,7 @@ class LeitorDeLinhas {
   explicit LeitorDeLinhas(int descritor);
   /// Reads from memory, which must live longer.
   explicit LeitorDeLinhas(std::string_view memoria);
+  /// Reads what `leitura` gives.
   explicit LeitorDeLinhas(Leitura leitura);
 
   /// Goes to the next line; false at the end, and when reading failed.

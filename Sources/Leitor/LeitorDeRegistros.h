@@ -13,17 +13,18 @@ namespace cotepe {
 
 /// One line read against the catalogue; valid until the next line is read.
 struct RegistroLido {
-  LinhaLida linha;
-  const Registro* registro = nullptr;  // null where the line begins with no register's code
-  int indice = -1;                     // of the register in the catalogue
-  const CampoLido* campos = nullptr;   // in the order of the line
-  std::size_t quantos = 0;
-  bool medidaCerta =
-      false;  // the line is as long as its register is under the file's layout and mode; otherwise the
-              // fields are those of the record that was expected, as far as the line goes
-  int comprimento = 0;  // that was expected
-  bool vazio = false;   // a placeholder record
+  LinhaLida linha;                     ///< the line itself
+  const Registro* registro = nullptr;  ///< null where the line begins with no register's code
+  int indice = -1;                     ///< of the register in the catalogue
+  const CampoLido* campos = nullptr;   ///< in the order of the line
+  std::size_t quantos = 0;             ///< fields that stand on the line
+  /// The line is as long as its register is under the file's layout and mode; otherwise the fields are those
+  /// of the record that was expected, as far as the line goes.
+  bool medidaCerta = false;
+  int comprimento = 0;  ///< that was expected
+  bool vazio = false;   ///< a placeholder record
 
+  /// The bytes of a field, counted from 0 among those on the line; valid as long as the line.
   std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
 };
 
@@ -36,6 +37,7 @@ struct RegistroLido {
 ///   for (RegistroLido registro; registros.proximo(registro);) ...
 class LeitorDeRegistros {
  public:
+  /// Borrows the lines, which must be those of one report from its start.
   explicit LeitorDeRegistros(LeitorDeLinhas& linhas);
 
   /// Goes to the next line; false at the end of the file, or when it cannot be read (LeitorDeLinhas::erro).
@@ -52,9 +54,11 @@ class LeitorDeRegistros {
   /// The first of them: the file's own, once its lines have told them apart.
   const AjusteDoLeiaute& ajuste() const;
 
+  ///@{
   /// Whether every setting that is still possible has CAT52, or none has it.
   bool certamenteCat52() const { return (ajustes_ & kForaDoCat52) == 0; }
   bool certamenteForaDoCat52() const { return (ajustes_ & ~kForaDoCat52) == 0; }
+  ///@}
 
  private:
   static constexpr unsigned kForaDoCat52 = 1 | 4 | 16;

@@ -19,6 +19,7 @@ class Periodo {
   /// AAAAMMDD, both included; empty for no bound.
   Periodo(std::string de, std::string ate) : de_(std::move(de)), ate_(std::move(ate)) {}
 
+  /// Whether the record belongs to the period; to be asked of every record in turn.
   bool aceita(const RegistroLido& lido);
 
  private:

@@ -9,10 +9,11 @@
 
 namespace cotepe {
 
+/// How findings are written.
 enum class FormatoDeAchados : std::uint8_t {
-  Texto,  // one line a finding
-  Json,   // one object a line, and a last one with the counts
-  Sarif,  // one SARIF 2.1.0 document
+  Texto,  ///< one line a finding
+  Json,   ///< one object a line, and a last one with the counts
+  Sarif,  ///< one SARIF 2.1.0 document
 };
 
 /// The format of a name as --format takes it ("text", "json", "sarif"); false for any other name.
@@ -28,27 +29,33 @@ std::string textoDoAchado(const Achado& achado);
 /// Writes findings to a stream, which must live longer, and counts them.
 class SaidaDeAchados : public RecebeAchados {
  public:
+  /// How, and how many.
   struct Opcoes {
-    FormatoDeAchados formato = FormatoDeAchados::Texto;
-    long maximo = -1;       // how many are written; below 0 all of them. The counts stay whole.
-    bool comLinha = false;  // of text: under each finding its line, and a caret under the bytes meant
-    bool cores = false;     // of text
+    FormatoDeAchados formato = FormatoDeAchados::Texto;  ///< text, JSON lines or SARIF
+    long maximo = -1;       ///< how many are written; below 0 all of them. The counts stay whole.
+    bool comLinha = false;  ///< of text: under each finding its line, and a caret under the bytes meant
+    bool cores = false;     ///< of text
   };
 
   /// Options of a text for the file descriptor given: the line and the caret on a terminal, colours there too
   /// unless NO_COLOR is set and not empty.
   static Opcoes opcoesPara(int descritor);
 
+  /// Borrows the stream, and copies the options.
   SaidaDeAchados(std::ostream& saida, const Opcoes& opcoes);
 
+  /// Writes one, unless there were `maximo`, and counts it.
   void recebe(const Achado& achado) override;
 
   /// Ends the document; nothing may follow. Text ends with a line of counts when there was a finding.
   void termina();
 
+  ///@{
+  /// How many came, written or not.
   long erros() const { return erros_; }
   long avisos() const { return avisos_; }
   long total() const { return erros_ + avisos_; }
+  ///@}
 
  private:
   void escreveTexto(const Achado& achado);

@@ -11,11 +11,12 @@ namespace cotepe {
 
 /// All that is given must hold; what is not given does not count.
 struct Selecao {
-  std::vector<int> registros;  // places in the catalogue; empty for all
-  long linha = 0;              // from 1; 0 for all
-  std::int64_t coo = -1;       // of the field COO; below 0 for all
-  std::int64_t crz = -1;       // of the field CRZ; below 0 for all
+  std::vector<int> registros;  ///< places in the catalogue; empty for all
+  long linha = 0;              ///< from 1; 0 for all
+  std::int64_t coo = -1;       ///< of the field COO; below 0 for all
+  std::int64_t crz = -1;       ///< of the field CRZ; below 0 for all
 
+  /// Whether the record is wanted.
   bool aceita(const RegistroLido& lido) const;
 };
 

@@ -9,21 +9,23 @@
 
 namespace cotepe {
 
+/// What a field's bytes stand for.
 enum class TipoDeValor : std::uint8_t {
   Texto,
   Inteiro,
-  Decimal,        // money in reais, and quantities
-  Identificador,  // digits that are no amount: CNPJ, CPF
+  Decimal,        ///< money in reais, and quantities
+  Identificador,  ///< digits that are no amount: CNPJ, CPF
   Data,
   Hora,
-  Ausente,  // a date or an hour of blanks
-  Bytes,    // not of its kind, cut short, or partly covered by another field: as it stands
+  Ausente,  ///< a date or an hour of blanks
+  Bytes,    ///< not of its kind, cut short, or partly covered by another field: as it stands
 };
 
+/// A field's bytes, understood.
 struct Valor {
-  TipoDeValor tipo = TipoDeValor::Texto;
-  std::string
-      texto;  // for programs: 1234.56, 2024-01-31, 23:59:59, without leading zeros and trailing blanks
+  TipoDeValor tipo = TipoDeValor::Texto;  ///< what the text is
+  /// For programs: 1234.56, 2024-01-31, 23:59:59, without leading zeros and trailing blanks.
+  std::string texto;
 };
 
 /// The value of a field of the record, counted from 0 among those that stand on the line.

@@ -10,16 +10,16 @@ struct Registro;
 
 /// The settings and the identity of a run; the texts are borrowed and terminated.
 struct Ajustes {
-  int versao = 1;
-  bool cat52 = false;
-  int larguraDoContador = 0;  // digits
-  int moduloDoContador = 0;
-  const char* nrFabricacao = "";
-  const char* modelo = "";
-  const char* usuario = "";
-  const char* comando = "";
-  const char* dataHoraInicial = "";  // YYYY-MM-DD 00:00:00
-  const char* dataHoraFinal = "";    // YYYY-MM-DD 23:59:59
+  int versao = 1;                    ///< of the layout, as CotepeManager::setVersaoAtoCotepe takes it
+  bool cat52 = false;                ///< CAT52 mode
+  int larguraDoContador = 0;         ///< digits
+  int moduloDoContador = 0;          ///< ten to the power of that width
+  const char* nrFabricacao = "";     ///< serial number of the printer
+  const char* modelo = "";           ///< its model
+  const char* usuario = "";          ///< order number of the user
+  const char* comando = "";          ///< at most 3 characters of the command given
+  const char* dataHoraInicial = "";  ///< YYYY-MM-DD 00:00:00
+  const char* dataHoraFinal = "";    ///< YYYY-MM-DD 23:59:59
 };
 
 /// The services and the knowledge of the application around the generator.
@@ -30,11 +30,13 @@ class Hospedeiro {
   /// Appends one message line to the application's log.
   virtual void registraLog(const char* mensagem) = 0;
 
+  ///@{
   /// What is known of the printer without its database; empty when unknown. Need not be terminated after
   /// 30 (serial, modelo) or 15 bytes (tipo): callers bound their copies.
   virtual const char* serial() = 0;
   virtual const char* modelo() = 0;
   virtual const char* tipo() = 0;
+  ///@}
 
   /// Leaves the current time in `saida` as AAAAMMDD, one separator, HHMMSS; `saida` holds 41 zeroed bytes.
   virtual void dataHoraAtual(char* saida) = 0;
@@ -45,16 +47,20 @@ class Hospedeiro {
   /// A query failed whose register logs nothing then.
   virtual void falhaSemMensagem() {}
 
+  ///@{
   /// Follow a run register by register: its start, and its end with the number of lines that it wrote and
   /// whether each of its queries ended normally.
   virtual void inicia(const Registro& /*registro*/) {}
   virtual void conclui(const Registro& /*registro*/, long /*linhas*/, bool /*completo*/) {}
+  ///@}
 };
 
 /// A row of a query; its texts are valid until the next row. NULL is an empty text.
 class Fonte {
  public:
+  /// The text of a column, counted from 0, terminated. Throws std::bad_alloc.
   virtual const char* texto(int coluna) const = 0;
+  /// Its length in bytes, without the terminator.
   virtual int bytes(int coluna) const = 0;
 
  protected:
@@ -81,10 +87,12 @@ class Execucao {
  public:
   virtual ~Execucao() = default;
 
+  /// The settings and the identity of the run.
   const Ajustes& ajustes() const { return ajustes_; }
+  /// The application, borrowed.
   Hospedeiro& hospedeiro() const { return hospedeiro_; }
 
-  /// Opens a query. Each "%s" in `sql` stands for a bound of the period, first and last in turn. A query
+  /// Opens a query. Each "\%s" in `sql` stands for a bound of the period, first and last in turn. A query
   /// that cannot be prepared has no row and is not complete.
   virtual std::unique_ptr<Leitura> consulta(const char* sql) = 0;
 
@@ -96,6 +104,7 @@ class Execucao {
   virtual void falha(const char* mensagem) = 0;
 
  protected:
+  /// The texts of `ajustes` and the host must outlive the run.
   Execucao(const Ajustes& ajustes, Hospedeiro& hospedeiro) : ajustes_(ajustes), hospedeiro_(hospedeiro) {}
 
  private:

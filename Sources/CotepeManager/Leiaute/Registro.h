@@ -13,28 +13,30 @@ namespace cotepe {
 /// When a register without a row holds one placeholder record.
 enum class Vazio : std::uint8_t { Nunca, ForaDoCat52, Sempre };
 
-/// A query of a register, "%s" standing for the period's bounds, and what is logged when it fails (null:
+/// A query of a register, "\%s" standing for the period's bounds, and what is logged when it fails (null:
 /// nothing).
 struct ConsultaDoRegistro {
-  const char* sql;
-  const char* falha;
+  const char* sql;    ///< one statement
+  const char* falha;  ///< the message, or null
 };
 
 /// The commands under which a register is written, as a set of bits.
 enum Comandos : std::uint8_t { kNenhum = 0, kMF = 1, kMFD = 2, kTDM = 4, kRZ = 8, kOutro = 16, kTodos = 31 };
 
+/// A register as data: its code, its fields, its queries and its writer. All that it points to lives for
+/// ever.
 struct Registro {
-  static constexpr std::size_t kConsultas = 4;
+  static constexpr std::size_t kConsultas = 4;  ///< the most queries that a register has
 
-  const char* codigo;
-  const char* nome;  // the law's, UTF-8
-  Campos campos;     // of a record for which every query returns one row
-  ConsultaDoRegistro consultas[kConsultas];
-  unsigned comandos;         // of Comandos
-  bool soNaVersao2 = false;  // dispatched in layout 2 only
-  Vazio vazio = Vazio::ForaDoCat52;
-  bool finalizaAntesDeRegistrar = false;  // a failed query is finalized before its message is logged
-  void (*escreve)(Execucao&, const Registro&) = nullptr;
+  const char* codigo;                        ///< "E01" to "E22"
+  const char* nome;                          ///< the law's, UTF-8
+  Campos campos;                             ///< of a record for which every query returns one row
+  ConsultaDoRegistro consultas[kConsultas];  ///< null where there are fewer
+  unsigned comandos;                         ///< of Comandos
+  bool soNaVersao2 = false;                  ///< dispatched in layout 2 only
+  Vazio vazio = Vazio::ForaDoCat52;          ///< when it has a placeholder record
+  bool finalizaAntesDeRegistrar = false;     ///< a failed query is finalized before its message is logged
+  void (*escreve)(Execucao&, const Registro&) = nullptr;  ///< writes its lines
 
   /// Whether the command given, compared whole, writes this register.
   bool despachado(const char* comando, int versao) const;

@@ -10,7 +10,7 @@
 
 namespace cotepe {
 
-/// In the order of kRegras.
+/// The rules; `descricao` has the words of each.
 enum class Regra : std::uint8_t {
   FimDeLinha,
   RegistroDesconhecido,
@@ -54,20 +54,24 @@ enum class Regra : std::uint8_t {
   Quantas
 };
 
+/// How many rules there are.
 constexpr std::size_t kQuantasRegras = static_cast<std::size_t>(Regra::Quantas);
 
+/// A rule in words; the texts live for ever.
 struct DescricaoDaRegra {
-  const char* nome;  // as --disable takes it
-  Severidade severidade;
-  const char* resumo;    // one line
-  const char* conserto;  // what to do about a finding
+  const char* nome;       ///< as --disable takes it
+  Severidade severidade;  ///< of its findings
+  const char* resumo;     ///< one line
+  const char* conserto;   ///< what to do about a finding
 };
 
+/// The words of a rule.
 const DescricaoDaRegra& descricao(Regra regra);
 
 /// The rule of a name; false when there is none.
 bool regraDe(std::string_view nome, Regra& regra);
 
+/// Some of the rules, by their number.
 using ConjuntoDeRegras = std::bitset<kQuantasRegras>;
 
 }  // namespace cotepe

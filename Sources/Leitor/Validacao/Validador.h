@@ -11,23 +11,25 @@
 
 namespace cotepe {
 
+/// What a validation is told.
 struct OpcoesDeValidacao {
-  std::string arquivo;  // its name in the findings
-  ConjuntoDeRegras desligadas;
+  std::string arquivo;          ///< its name in the findings
+  ConjuntoDeRegras desligadas;  ///< rules that are not looked at
 };
 
 /// Reads a report to its end and gives every finding to `recebe`, in one pass: most of them at their line,
 /// those of whole documents and of the whole file at the end.
 ///
-/// Memory does not grow with the lines, but with the documents: 40 bytes, and up to twice as many while
-/// tables grow, for each coupon of E14 and E19, of which items and payments stand elsewhere in the file; and
-/// some hundred for each Z reduction.
+/// Of each coupon of E14 and E19 something is remembered, since its items and payments stand elsewhere in the
+/// file: the last pages of it in memory, the others in a temporary file without a name (in TMPDIR), or in
+/// memory too where there is no room for one.
 ///
 ///   Validador validador(saida, opcoes);
 ///   LeitorDeLinhas linhas(descritor);
 ///   if (!validador.valida(linhas)) ... linhas.erro() ...
 class Validador {
  public:
+  /// Borrows `recebe`, and copies the options.
   Validador(RecebeAchados& recebe, const OpcoesDeValidacao& opcoes);
   ~Validador();
   Validador(const Validador&) = delete;

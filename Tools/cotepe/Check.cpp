@@ -2,9 +2,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-#include <iomanip>
 #include <memory>
-#include <sstream>
 #include <vector>
 
 #include "BancoSomenteLeitura.h"
@@ -15,6 +13,7 @@
 #include "Falha.h"
 #include "FluxoDeSaida.h"
 #include "Numero.h"
+#include "RegrasNomeadas.h"
 #include "SaidaDeAchados.h"
 #include "Sinais.h"
 #include "Verificacao/Verificador.h"
@@ -33,33 +32,14 @@ struct OpcoesDoCheck {
   std::vector<std::string> desligadas;
 };
 
-void listaRegras() {
-  std::ostringstream lista;
-  for (std::size_t i = 0; i < kQuantasRegrasDoBanco; ++i) {
-    const DescricaoDaRegraDoBanco& regra = descricao(static_cast<RegraDoBanco>(i));
-    lista << std::left << std::setw(19) << regra.nome << std::setw(9)
-          << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
-  }
-  escreveNaSaidaPadrao(lista.str());
-}
-
-RegrasDoBanco desliga(const std::vector<std::string>& nomes) {
-  RegrasDoBanco desligadas;
-  for (const std::string& nome : nomes) {
-    RegraDoBanco regra{};
-    if (!regraDe(nome, regra))
-      throw Falha(kUsoErrado, "wrong usage", "--disable", nome, "the name of a rule",
-                  "see cotepe check --rules");
-    desligadas.set(static_cast<std::size_t>(regra));
-  }
-  return desligadas;
-}
-
 OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
   if (opcoes.banco.empty())
     throw Falha(kUsoErrado, "wrong usage", "--db", "nothing", "a fiscal database", "name it");
-  OpcoesDaVerificacao verificacao{
-      opcoes.banco, {opcoes.comando, opcoes.leiaute, opcoes.cat52}, "", "", desliga(opcoes.desligadas)};
+  OpcoesDaVerificacao verificacao{opcoes.banco,
+                                  {opcoes.comando, opcoes.leiaute, opcoes.cat52},
+                                  "",
+                                  "",
+                                  regrasDesligadas<RegraDoBanco, RegrasDoBanco>(opcoes.desligadas, "check")};
   if (opcoes.de.empty() && opcoes.ate.empty()) return verificacao;
   if (opcoes.de.empty() || opcoes.ate.empty())
     throw Falha(kUsoErrado, "wrong usage", opcoes.de.empty() ? "--from" : "--to", "nothing",
@@ -85,7 +65,7 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificaca
 }
 
 void executa(const OpcoesDoCheck& opcoes) {
-  if (opcoes.regras) return listaRegras();
+  if (opcoes.regras) return listaRegras<RegraDoBanco>(kQuantasRegrasDoBanco, 19);
   const OpcoesDaVerificacao verificacao = confere(opcoes);
   FluxoDeSaida fluxo;
   SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);

@@ -1,9 +1,7 @@
 // cotepe validate: a report held to the rules.
 #include <unistd.h>
 
-#include <iomanip>
 #include <memory>
-#include <sstream>
 #include <vector>
 
 #include "Comandos.h"
@@ -11,6 +9,7 @@
 #include "Falha.h"
 #include "FluxoDeSaida.h"
 #include "Numero.h"
+#include "RegrasNomeadas.h"
 #include "RelatorioLido.h"
 #include "SaidaDeAchados.h"
 #include "Validacao/Validador.h"
@@ -25,33 +24,12 @@ struct OpcoesDoValidate {
   bool regras = false;
 };
 
-void listaRegras() {
-  std::ostringstream lista;
-  for (std::size_t i = 0; i < kQuantasRegras; ++i) {
-    const DescricaoDaRegra& regra = descricao(static_cast<Regra>(i));
-    lista << std::left << std::setw(21) << regra.nome << std::setw(9)
-          << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
-  }
-  escreveNaSaidaPadrao(lista.str());
-}
-
-ConjuntoDeRegras desliga(const std::vector<std::string>& nomes) {
-  ConjuntoDeRegras desligadas;
-  for (const std::string& nome : nomes) {
-    Regra regra{};
-    if (!regraDe(nome, regra))
-      throw Falha(kUsoErrado, "wrong usage", "--disable", nome, "the name of a rule",
-                  "see cotepe validate --rules");
-    desligadas.set(static_cast<std::size_t>(regra));
-  }
-  return desligadas;
-}
-
 void executa(const OpcoesDoValidate& opcoes) {
-  if (opcoes.regras) return listaRegras();
+  if (opcoes.regras) return listaRegras<Regra>(kQuantasRegras, 21);
   if (opcoes.arquivo.empty())
     throw Falha(kUsoErrado, "wrong usage", "FILE", "nothing", "a report, or - for stdin", "name it");
-  const ConjuntoDeRegras desligadas = desliga(opcoes.desligadas);
+  const ConjuntoDeRegras desligadas =
+      regrasDesligadas<Regra, ConjuntoDeRegras>(opcoes.desligadas, "validate");
   RelatorioLido relatorio(opcoes.arquivo);
 
   FluxoDeSaida fluxo;

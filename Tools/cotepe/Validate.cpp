@@ -62,8 +62,7 @@ Execucao declaraValidate(CLI::App& comando) {
   comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
       ->type_name("RULE")
       ->delimiter(',')
-      ->expected(1)
-      ->take_all();
+      ->allow_extra_args(false);
   comando.add_flag("--rules", o->regras, "List the rules and exit");
   comando.footer(
       "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"

@@ -57,6 +57,13 @@ TEST_F(Uso, HelpOfACommandNamesItsOptionsAndEveryExitStatus) {
     EXPECT_TRUE(contem(roda({comando, "--help"}).saida, kSituacoes)) << comando;
 }
 
+// What follows the name of a rule is not one too: here it is the report, which is not there.
+TEST_F(Uso, DisableTakesOneRuleAndLeavesTheReport) {
+  const Fim fim = roda({"validate", "--disable", "line-end", "none.txt"});
+  EXPECT_EQ(fim.situacao, 2);
+  EXPECT_NE(fim.erros.find("none.txt"), std::string::npos) << fim.erros;
+}
+
 TEST_F(Uso, VersionIsOneLine) {
   const Fim fim = roda({"--version"});
   EXPECT_EQ(fim.situacao, 0);

@@ -49,8 +49,7 @@ void poeDigitos(char* fim, std::uint64_t valor) noexcept {
 // Copies the digits that `texto` begins with, `maximo` at most, and returns how many there were.
 std::size_t copiaDigitos(char* destino, const char* texto, std::size_t maximo) noexcept {
   std::size_t digitos = 0;
-  for (; digitos < maximo && texto[digitos] >= '0' && texto[digitos] <= '9'; ++digitos)
-    destino[digitos] = texto[digitos];
+  for (char c = *texto; c >= '0' && c <= '9' && digitos < maximo; c = texto[digitos]) destino[digitos++] = c;
   return digitos;
 }
 

@@ -2,7 +2,9 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME cotepe)
 set(CPACK_PACKAGE_VENDOR cotepe)
-set(CPACK_PACKAGE_CONTACT "cotepe maintainers <maintainers@cotepe.example>" CACHE STRING "Maintainer of the packages")
+# The one who answers for the packages. Unless told they are a local build, for which nobody does.
+set(COTEPE_PACOTE_CONTATO "Local build of cotepe <nobody@cotepe.invalid>" CACHE STRING "Maintainer of the packages")
+set(CPACK_PACKAGE_CONTACT "${COTEPE_PACOTE_CONTATO}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

@@ -1,0 +1,66 @@
+#!/bin/sh
+# The packages in a Debian that has nothing else: confere.sh BUILD ROOT. apt installs them there with what they
+# depend on; the program, and a host in C, must do there what the program of the build does here. To be run by
+# `unshare --mount`, which takes the root's /proc away at the end.
+set -eu
+construcao=$1
+raiz=$2
+fontes=$(dirname "$0")/../..
+
+falha() { echo "tests/pacotes: $*" >&2; exit 1; }
+la() { chroot "$raiz" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive "$@"; }
+apt() { la apt-get -qq -y -o APT::Install-Recommends=false "$@" >>"$construcao/apt.txt" 2>&1 || { cat "$construcao/apt.txt"; exit 1; }; }
+
+# mes PROGRAM...: a shop's days, their report, and both looked at, in the folder dia of where the program runs.
+mes() {
+  "$@" sample dia/loja.db --days 3 --coupons-per-day 5 --start 2024-01-01 --quiet &&
+    "$@" generate --db dia/loja.db --from 01012024 --to 31012024 --layout 2 --quiet --output dia/loja.txt &&
+    "$@" validate dia/loja.txt &&
+    "$@" verify dia/loja.txt --db dia/loja.db
+}
+
+# parado FILE: a report with the time of E11 as the clock of examples/c has it.
+parado() { sed '/^E11/s/^\(.\{122\}\)[0-9]\{14\}/\120240229083000/' "$1"; }
+
+programa() {
+  apt install /pacotes/cotepe.deb
+  la cotepe --version | grep -qx "cotepe $versao" || falha "cotepe --version"
+  mes la cotepe >"$construcao/dia/la.txt" 2>&1 || { cat "$construcao/dia/la.txt"; falha "the program"; }
+  parado "$raiz/dia/loja.txt" | cmp "$construcao/esperado.txt" - || falha "another report than the build's program writes"
+  echo "cotepe $versao: installed; its report is that of the build's program"
+  apt purge --autoremove cotepe
+  ! la sh -c 'ls -d /usr/bin/cotepe /usr/share/*/cotepe* /usr/share/man/man1/cotepe*' 2>/dev/null || falha "purge left these"
+}
+
+# Compiled with nothing but the root's headers and libraries, and run without the package that holds the headers.
+biblioteca() {
+  apt install /pacotes/libcotepe.deb /pacotes/libcotepe-dev.deb
+  pasta=$(echo "$raiz"/usr/lib/*/pkgconfig)
+  opcoes=$(PKG_CONFIG_SYSROOT_DIR=$raiz PKG_CONFIG_LIBDIR=$pasta pkg-config --cflags --libs cotepe sqlite3)
+  # shellcheck disable=SC2086
+  gcc --sysroot="$raiz" -o "$raiz/dia/hospedeiro" "$fontes/examples/c/main.c" $opcoes
+  apt purge --autoremove libcotepe-dev
+  la dia/hospedeiro dia/loja.db dia/da_biblioteca.txt 01012024 31012024 | grep -qx "cotepe $versao: done" || falha "the host in C"
+  cmp "$construcao/esperado.txt" "$raiz/dia/da_biblioteca.txt" || falha "another report than the program writes"
+  readelf -d "$raiz/dia/hospedeiro" | grep -q 'NEEDED.*libcotepe\.so\.' || falha "not linked with the shared library"
+  echo "libcotepe $versao: installed; a host in C writes that report"
+}
+
+raiz=$(cd "$raiz" && pwd)
+versao=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$construcao/CMakeCache.txt")
+mkdir -p "$raiz/pacotes" "$raiz/dia"
+rm -f "$raiz"/dia/*
+cp "$construcao"/cotepe_*.deb "$raiz/pacotes/cotepe.deb"
+cp "$construcao"/libcotepe[0-9]*.deb "$raiz/pacotes/libcotepe.deb"
+cp "$construcao"/libcotepe-dev_*.deb "$raiz/pacotes/libcotepe-dev.deb"
+mount -t proc proc "$raiz/proc"
+: >"$construcao/apt.txt"
+apt update
+
+programa_da_construcao=$(cd "$construcao" && pwd)/Tools/cotepe/cotepe
+rm -rf "$construcao/dia"
+mkdir "$construcao/dia"
+(cd "$construcao" && mes "$programa_da_construcao" >dia/aqui.txt 2>&1)
+parado "$construcao/dia/loja.txt" >"$construcao/esperado.txt"
+programa
+biblioteca

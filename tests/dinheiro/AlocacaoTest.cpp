@@ -4,21 +4,23 @@
 #include <array>
 #include <new>
 
-#include "Alocacao.h"
 #include "Financial.h"
+#include "MemoriaContada.h"
+
+using cotepe::testes::g_memoria;
 
 namespace {
 
 TEST(Allocation, IsCounted) {
-  const auto antes = alocacoes();
+  const auto antes = g_memoria.pedidos();
   void* memoria = operator new(10);
   operator delete(memoria);
-  EXPECT_GT(alocacoes(), antes);
+  EXPECT_GT(g_memoria.pedidos(), antes);
 }
 
 TEST(Allocation, IsNeverDoneByBigInt) {
   std::array<char, 40> area{};
-  const auto antes = alocacoes();
+  const auto antes = g_memoria.pedidos();
   BigInt valor = 12345678901;
   valor = "-39614081257132168796771975168";
   BigInt resto;
@@ -26,12 +28,12 @@ TEST(Allocation, IsNeverDoneByBigInt) {
   valor = (valor << 3 | valor >> 5) ^ ~valor;
   valor.DivisaoComResto(BigInt().Load(9, 9, 9), resto);
   valor.Arredonda(2).Trunca(1).ToStr(area.data(), 40);
-  EXPECT_EQ(alocacoes(), antes);
+  EXPECT_EQ(g_memoria.pedidos(), antes);
 }
 
 TEST(Allocation, IsNeverDoneByFinancial) {
   std::array<char, 60> area{};
-  const auto antes = alocacoes();
+  const auto antes = g_memoria.pedidos();
   Financial valor = 12.34;
   valor = "  -396140812571321687967719751,675e0 ";
   valor = (valor * 3 - 7) / 5 + Financial(valor.ToDouble());
@@ -39,7 +41,7 @@ TEST(Allocation, IsNeverDoneByFinancial) {
   soma +=
       Financial::CentavosDoBanco("0.30000000000000004") + Financial::CentavosDoBanco("12345678901234567.891");
   valor.Arredonda(1).Trunca(0).ToString(area.data(), 60, FIN_STR_4, 4, 1);
-  EXPECT_EQ(alocacoes(), antes);
+  EXPECT_EQ(g_memoria.pedidos(), antes);
   EXPECT_NE(soma, 0);
 }
 

@@ -5,88 +5,21 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <new>
 
 #include "BancoCheio.h"
 #include "Corrida.h"
 #include "LeituraFalha.h"
+#include "MemoriaContada.h"
 #include "Plano.h"
 #include "Relato.h"
 
-namespace {
-
-// One kind of allocation of this process.
-class Memoria {
- public:
-  // The allocation after `boas` good ones fails, alone or with all that follow it, until `concede`.
-  void falha(long boas, bool paraSempre) {
-    pedidos_ = 0;
-    falhas_ = 0;
-    boas_ = boas;
-    paraSempre_ = paraSempre;
-  }
-  // None fails from now on. Returns how many have failed.
-  long concede() {
-    boas_ = -1;
-    return falhas_;
-  }
-
-  // How many were asked for since `falha` was last called.
-  long pedidos() const { return pedidos_; }
-
-  // What is held now.
-  long pendentes() const { return pendentes_; }
-
-  // For the allocators alone: whether this one is to fail; a block more or less is held.
-  bool nega() {
-    const long este = pedidos_++;
-    const bool negada = boas_ >= 0 && (este == boas_ || (paraSempre_ && este > boas_));
-    if (negada) ++falhas_;
-    return negada;
-  }
-  void conta(int blocos) { pendentes_ += blocos; }
-
- private:
-  long boas_ = -1;
-  long pedidos_ = 0, falhas_ = 0, pendentes_ = 0;
-  bool paraSempre_ = false;
-};
-
-// Allocations through operator new, and SQLite's, which are counted from before its first use.
-Memoria g_nossa;
-Memoria g_doSqlite;
-
-void* aloca(std::size_t tamanho) noexcept {
-  if (g_nossa.nega()) return nullptr;
-  g_nossa.conta(1);
-  return std::malloc(tamanho == 0 ? 1 : tamanho);
-}
-
-void libera(void* memoria) noexcept {
-  if (memoria != nullptr) g_nossa.conta(-1);
-  std::free(memoria);
-}
-
-}  // namespace
-
-// Every form, for the sanitizers look at the pairs; not inlined, for the compiler does too.
-[[gnu::noinline]] void* operator new(std::size_t tamanho) {
-  if (void* memoria = aloca(tamanho)) return memoria;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho) { return operator new(tamanho); }
-[[gnu::noinline]] void* operator new(std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void operator delete(void* memoria) noexcept { libera(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria) noexcept { libera(memoria); }
-[[gnu::noinline]] void operator delete(void* memoria, std::size_t /*bytes*/) noexcept { libera(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria, std::size_t /*bytes*/) noexcept { libera(memoria); }
+using cotepe::testes::g_memoria;
+using cotepe::testes::MemoriaContada;
 
 namespace {
+
+// Allocations of SQLite, counted from before its first use.
+MemoriaContada g_doSqlite;
 
 // SQLite's own allocator behind a count. Set before the library is first used, that is before any test.
 class AlocadorDoSqlite {
@@ -117,9 +50,9 @@ class AlocadorDoSqlite {
 const AlocadorDoSqlite kAlocador;
 
 // All of them for the few allocations of ours.
-std::vector<Modo> modos(const Memoria& memoria) {
+std::vector<Modo> modos(const MemoriaContada& memoria) {
   std::vector<Modo> todos = {{"TDM", 1, false}, {"TDM", 2, false}, {"MF", 1, false}};
-  if (formaLonga() || &memoria == &g_nossa)
+  if (formaLonga() || &memoria == &g_memoria)
     todos.insert(todos.end(), {{"MF", 2, false},
                                {"MFD", 1, false},
                                {"MFD", 2, false},
@@ -172,7 +105,7 @@ Guardado guardado(sqlite3* banco = nullptr) {
   // A handle keeps the text of its last error, let it be this one; and pages of its file.
   if (banco != nullptr) sqlite3_exec(banco, "no SQL", nullptr, nullptr, nullptr);
   if (banco != nullptr) sqlite3_db_release_memory(banco);
-  return {g_nossa.pendentes(), g_doSqlite.pendentes(), sqlite3_memory_used()};
+  return {g_memoria.pendentes(), g_doSqlite.pendentes(), sqlite3_memory_used()};
 }
 
 testing::AssertionResult nadaFicou(const Guardado& antes, sqlite3* banco) {
@@ -185,8 +118,8 @@ testing::AssertionResult nadaFicou(const Guardado& antes, sqlite3* banco) {
 }
 
 // The run alone: its file and its messages are looked at when there is memory again.
-int geraSem(Memoria& memoria, CotepeManager& gerador, const Modo& modo, const NomeDoRelatorio& relatorio,
-            long boas, bool paraSempre, long& falhas) {
+int geraSem(MemoriaContada& memoria, CotepeManager& gerador, const Modo& modo,
+            const NomeDoRelatorio& relatorio, long boas, bool paraSempre, long& falhas) {
   gerador.setVersaoAtoCotepe(modo.versao);
   gerador.setCAT52(modo.cat52);
   memoria.falha(boas, paraSempre);
@@ -197,7 +130,7 @@ int geraSem(Memoria& memoria, CotepeManager& gerador, const Modo& modo, const No
 }
 
 // Every allocation of one kind fails in its turn, or every `salto`-th; at the end a run is left untouched.
-void falhaEmCadaUma(Relato& relato, Memoria& memoria, sqlite3* banco, CotepeManager& gerador,
+void falhaEmCadaUma(Relato& relato, MemoriaContada& memoria, sqlite3* banco, CotepeManager& gerador,
                     const Modo& modo, bool paraSempre, long salto) {
   const NomeDoRelatorio relatorio;
   const Corrida inteira = corre(gerador, modo, relatorio);
@@ -224,7 +157,7 @@ void falhaEmCadaUma(Relato& relato, Memoria& memoria, sqlite3* banco, CotepeMana
   }
 }
 
-void confere(Relato& relato, Memoria& memoria, bool lookaside, bool paraSempre, long saltoCurto) {
+void confere(Relato& relato, MemoriaContada& memoria, bool lookaside, bool paraSempre, long saltoCurto) {
   ASSERT_TRUE(kAlocador.posto());
   const Guardado antes = guardado();
   {
@@ -331,12 +264,12 @@ TEST(Memoria, ValueWithoutMemoryForItsTextIsFourAndLeavesNoLine) {
 
 TEST(Memoria, OneAllocationOfOursThatFails) {
   Relato relato("Memory", "every allocation of the generator failing alone");
-  confere(relato, g_nossa, true, false, 1);
+  confere(relato, g_memoria, true, false, 1);
 }
 
 TEST(Memoria, AllAllocationsOfOursThatFailFromOneOn) {
   Relato relato("Memory", "every allocation of the generator failing with all after it");
-  confere(relato, g_nossa, true, true, 1);
+  confere(relato, g_memoria, true, true, 1);
 }
 
 }  // namespace

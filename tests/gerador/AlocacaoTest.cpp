@@ -2,50 +2,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <fstream>
-#include <new>
 #include <sstream>
 #include <string>
-#include <utility>
 
 #include "Bancada.h"
+#include "MemoriaContada.h"
 
-namespace {
-
-// Allocations that are still granted; none fails while it is below zero.
-long g_concedidas = -1;
-
-bool concede() {
-  if (g_concedidas == 0) return false;
-  if (g_concedidas > 0) --g_concedidas;
-  return true;
-}
-
-void* aloca(std::size_t tamanho) noexcept {
-  return concede() ? std::malloc(tamanho == 0 ? 1 : tamanho) : nullptr;
-}
-
-}  // namespace
-
-// Every form, for the sanitizers look at the pairs; not inlined, for the compiler does too.
-[[gnu::noinline]] void* operator new(std::size_t tamanho) {
-  if (void* memoria = aloca(tamanho)) return memoria;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho) { return operator new(tamanho); }
-[[gnu::noinline]] void* operator new(std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void operator delete(void* memoria) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete(void* memoria, std::size_t /*bytes*/) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria, std::size_t /*bytes*/) noexcept {
-  std::free(memoria);
-}
+using cotepe::testes::g_memoria;
 
 namespace {
 
@@ -66,10 +30,10 @@ int gera(Bancada& bancada) {
 // Runs with 0, 1, 2 ... allocations granted until one needs no more; returns how many runs failed.
 int falhaEmCadaUma(Bancada& bancada, const std::string& inteiro) {
   int falhas = 0;
-  for (long concedidas = 0, sobram = 0; sobram == 0; ++concedidas) {
-    g_concedidas = concedidas;
+  for (long concedidas = 0, negadas = 1; negadas != 0; ++concedidas) {
+    g_memoria.falha(concedidas, true);
     const int resultado = gera(bancada);
-    sobram = std::exchange(g_concedidas, -1);
+    negadas = g_memoria.concede();
     if (resultado == 0) {
       EXPECT_EQ(conteudo(), inteiro) << concedidas;
       continue;
@@ -148,13 +112,12 @@ struct Corrida {
 };
 
 Corrida corridaCom(int linhas, int versao) {
-  constexpr long kBastante = 1000000000;
   Bancada bancada;
   bancada.versao(versao);
   enche(bancada, linhas);
-  g_concedidas = kBastante;
+  const long antes = g_memoria.pedidos();
   EXPECT_EQ(gera(bancada), 0);
-  return {kBastante - std::exchange(g_concedidas, -1), conteudo()};
+  return {g_memoria.pedidos() - antes, conteudo()};
 }
 
 long linhasDo(const std::string& registro, const std::string& relatorio) {

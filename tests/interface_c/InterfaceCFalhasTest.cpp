@@ -1,42 +1,10 @@
 // What the C interface returns when something is wrong: every code, and no exception.
 #include <cerrno>
-#include <cstdlib>
-#include <new>
-#include <utility>
 
 #include "Gerador.h"
+#include "MemoriaContada.h"
 
-namespace {
-
-// Allocations that are still granted; none fails while it is below zero.
-long g_concedidas = -1;
-
-void* aloca(std::size_t tamanho) noexcept {
-  if (g_concedidas == 0) return nullptr;
-  if (g_concedidas > 0) --g_concedidas;
-  return std::malloc(tamanho == 0 ? 1 : tamanho);
-}
-
-}  // namespace
-
-// They take the place of the shared library's too. Not inlined, for the compiler looks at the pairs.
-[[gnu::noinline]] void* operator new(std::size_t tamanho) {
-  if (void* memoria = aloca(tamanho)) return memoria;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho) { return operator new(tamanho); }
-[[gnu::noinline]] void* operator new(std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void* operator new[](std::size_t tamanho, const std::nothrow_t& /*nada*/) noexcept {
-  return aloca(tamanho);
-}
-[[gnu::noinline]] void operator delete(void* memoria) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete(void* memoria, std::size_t /*bytes*/) noexcept { std::free(memoria); }
-[[gnu::noinline]] void operator delete[](void* memoria, std::size_t /*bytes*/) noexcept {
-  std::free(memoria);
-}
+using cotepe::testes::g_memoria;  // what the shared library allocates is counted too
 
 namespace {
 
@@ -169,9 +137,9 @@ TEST_F(InterfaceCFalhas, ExceptionOfACallbackGoesNoFurther) {
 
 TEST_F(InterfaceCFalhas, WithoutMemoryNothingIsMade) {
   auto* nenhum = reinterpret_cast<cotepe_generator*>(&bancada);
-  g_concedidas = 0;
+  g_memoria.falha(0, true);
   const int resultado = cotepe_create(bancada.banco(), &nenhum);
-  g_concedidas = -1;
+  g_memoria.concede();
   EXPECT_EQ(resultado, COTEPE_NO_MEMORY);
   EXPECT_EQ(nenhum, nullptr);
 }
@@ -181,9 +149,9 @@ TEST_F(InterfaceCFalhas, WithoutMemoryTheIdentityStays) {
   bancada.sql("UPDATE dados_ecf SET num_serie='', modelo='', tipo=''");
   ASSERT_EQ(cotepe_set_identity(gerador, "SERIE", "MODELO", "TIPO"), COTEPE_DONE);
   for (long concedidas = 0; concedidas < 3; ++concedidas) {
-    g_concedidas = concedidas;
+    g_memoria.falha(concedidas, true);
     const int resultado = cotepe_set_identity(gerador, longo.c_str(), longo.c_str(), longo.c_str());
-    g_concedidas = -1;
+    g_memoria.concede();
     EXPECT_EQ(resultado, COTEPE_NO_MEMORY) << concedidas;
   }
   ASSERT_EQ(gerador.gera("outro"), COTEPE_DONE);
@@ -200,10 +168,10 @@ TEST_F(InterfaceCFalhas, WhicheverAllocationFailsTheReportIsWholeOrTheResultSays
   ASSERT_EQ(gerador.gera("TDM"), COTEPE_DONE);
   const std::string inteiro = gerador.relatorio();
   int falhas = 0;
-  for (long concedidas = 0, sobram = 0; sobram == 0; ++concedidas) {
-    g_concedidas = concedidas;
+  for (long concedidas = 0, negadas = 1; negadas != 0; ++concedidas) {
+    g_memoria.falha(concedidas, true);
     const int resultado = cotepe_generate(gerador, "sem-memoria.txt", "01012024", "31012024", "TDM");
-    sobram = std::exchange(g_concedidas, -1);
+    negadas = g_memoria.concede();
     if (resultado == COTEPE_DONE) continue;
     EXPECT_EQ(resultado, COTEPE_CANNOT_WRITE) << concedidas;
     ++falhas;

@@ -56,9 +56,9 @@ std::string escrita(const Campo& campo, const Registro& registro, int versao) {
     case Especie::DataPronta:
       return "date AAAAMMDD as the clock gives it";
     case Especie::HoraPronta:
-      return "hour HHMMSS as the clock gives it";
+      break;
   }
-  return {};
+  return "hour HHMMSS as the clock gives it";
 }
 
 // Whether a value can need more bytes than the field has.

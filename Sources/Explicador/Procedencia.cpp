@@ -107,7 +107,7 @@ class Procurador {
 
   // The amount that decided: the surcharge, but for a coupon with a discount alone.
   Alvo daOrdem() const {
-    const std::string_view ordem = lido_.bytes(campoDe("Ordem de desconto e acréscimo"));
+    const std::string_view ordem = lido_.bytesDe("Ordem de desconto e acréscimo");
     return daLinha(0, ordem == "D" ? 4 : 5, 0);
   }
 
@@ -118,12 +118,6 @@ class Procurador {
         return daLinha(consulta, 0, 0);
     }
     return daLinha(0, coluna, 0);
-  }
-
-  std::size_t campoDe(const char* rotulo) const {
-    std::size_t i = 0;
-    while (i + 1 < lido_.quantos && std::strcmp(lido_.campos[i].campo->rotulo, rotulo) != 0) ++i;
-    return i;
   }
 
   sqlite3* banco_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <iterator>
 
 #include "Leiaute/Releitura.h"
@@ -13,10 +12,7 @@ namespace {
 using Presentes = std::array<bool, kCatalogo.size()>;
 
 std::string valor(const RegistroLido& lido, const char* rotulo) {
-  for (std::size_t i = 0; i < lido.quantos; ++i)
-    if (std::strcmp(lido.campos[i].campo->rotulo, rotulo) == 0)
-      return std::string(semBrancosNoFim(lido.bytes(i)));
-  return {};
+  return std::string(semBrancosNoFim(lido.bytesDe(rotulo)));
 }
 
 void estende(AjustesDoRelatorio& ajustes, const std::string& data) {

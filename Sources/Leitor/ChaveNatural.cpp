@@ -1,7 +1,6 @@
 #include "ChaveNatural.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
@@ -15,12 +14,10 @@ const std::array<const char*, 2>& camposDaChave(const RegistroLido& lido) {
   return kChavesNaturais[static_cast<std::size_t>(lido.indice)].campos;
 }
 
-// The value of the field with the label; empty where the line has none.
+// The value of the field with the label, which every line of the register has.
 std::string_view valor(const RegistroLido& lido, const char* rotulo) {
-  for (std::size_t i = 0; i < lido.quantos; ++i)
-    if (std::strcmp(lido.campos[i].campo->rotulo, rotulo) == 0)
-      return semEnchimento(lido.campos[i].campo->especie, lido.bytes(i));
-  return {};
+  const std::size_t i = lido.acha(rotulo);
+  return semEnchimento(lido.campos[i].campo->especie, lido.bytes(i));
 }
 
 }  // namespace

@@ -207,9 +207,9 @@ std::unique_ptr<Exibicao> novaExibicao(FormatoDeExibicao formato, std::ostream& 
     case FormatoDeExibicao::Csv:
       return std::make_unique<EmCsv>(saida, mascara);
     case FormatoDeExibicao::CsvDeUmRegistro:
-      return std::make_unique<EmCsvDeUmRegistro>(saida, mascara);
+      break;
   }
-  return nullptr;
+  return std::make_unique<EmCsvDeUmRegistro>(saida, mascara);
 }
 
 }  // namespace cotepe

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <cstring>
 #include <iterator>
+#include <stdexcept>
 
 #include "Leiaute/Releitura.h"
 
@@ -47,11 +46,7 @@ void preencheVazio(Forma& forma) {
     cabecalho = cabecalho && lido.campo->origem.fixa();
     if (cabecalho) forma.inicioVazio = lido.posicao + lido.largura;
     const char c = numerica(lido.campo->especie) ? '0' : ' ';
-    const auto inicio = static_cast<std::size_t>(lido.posicao),
-               largura = static_cast<std::size_t>(lido.largura);
-    std::fill_n(forma.vazio.begin() + lido.posicao, largura, c);
-    if (lido.campo->textoVazio != nullptr)
-      forma.vazio.replace(inicio, std::strlen(lido.campo->textoVazio), lido.campo->textoVazio);
+    std::fill_n(forma.vazio.begin() + lido.posicao, lido.largura, c);
   }
   forma.vazio.erase(0, static_cast<std::size_t>(forma.inicioVazio));
 }
@@ -96,10 +91,10 @@ int indiceDoRegistro(std::string_view codigo) noexcept {
   return numero >= 1 && numero <= kRegistros ? numero - 1 : -1;
 }
 
-int indiceDoCampo(const Registro& registro, const char* rotulo) {
+int indiceDoCampo(const Registro& registro, std::string_view rotulo) {
   for (std::size_t i = 0; i < registro.campos.size(); ++i)
-    if (std::strcmp(registro.campos[i].rotulo, rotulo) == 0) return static_cast<int>(i);
-  std::abort();
+    if (registro.campos[i].rotulo == rotulo) return static_cast<int>(i);
+  throw std::logic_error(std::string(registro.codigo) + " has no field " + std::string(rotulo));
 }
 
 }  // namespace cotepe

@@ -57,8 +57,8 @@ const Forma& forma(int registro, int ajuste, bool vazio);
 /// The place of a register in the catalogue, which goes from E01 up, by its code; below 0 when there is none.
 int indiceDoRegistro(std::string_view codigo) noexcept;
 
-/// The place of a field in its register's list by its label; ends the program when there is none, since
-/// labels are written in the code.
-int indiceDoCampo(const Registro& registro, const char* rotulo);
+/// The place of a field in its register's list by its label. Throws std::logic_error when there is none,
+/// since labels are written in the code.
+int indiceDoCampo(const Registro& registro, std::string_view rotulo);
 
 }  // namespace cotepe

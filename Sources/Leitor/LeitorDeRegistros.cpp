@@ -78,6 +78,17 @@ LeitorDeRegistros::LeitorDeRegistros(LeitorDeLinhas& linhas) : linhas_(linhas) {
 
 const AjusteDoLeiaute& LeitorDeRegistros::ajuste() const { return kAjustesPossiveis[primeiro(ajustes_)]; }
 
+std::size_t RegistroLido::acha(std::string_view rotulo) const {
+  std::size_t i = 0;
+  while (i < quantos && campos[i].campo->rotulo != rotulo) ++i;
+  return i;
+}
+
+std::string_view RegistroLido::bytesDe(std::string_view rotulo) const {
+  const std::size_t i = acha(rotulo);
+  return i < quantos ? bytes(i) : std::string_view();
+}
+
 bool LeitorDeRegistros::proximo(RegistroLido& lido) {
   LinhaLida linha;
   if (!linhas_.proxima(linha)) return false;

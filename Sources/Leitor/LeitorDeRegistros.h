@@ -26,6 +26,12 @@ struct RegistroLido {
 
   /// The bytes of a field, counted from 0 among those on the line; valid as long as the line.
   std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
+
+  ///@{
+  /// The first field with the label: its place among those on the line, or `quantos`; its bytes, or none.
+  std::size_t acha(std::string_view rotulo) const;
+  std::string_view bytesDe(std::string_view rotulo) const;
+  ///@}
 };
 
 /// Reads the records of a report, in the order of the file. What is particular to the generator's lines is

@@ -1,7 +1,6 @@
 #include "Periodo.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Leiaute/Releitura.h"
 
@@ -10,12 +9,8 @@ namespace {
 
 // The number in the field with the label; below 0 where it has none.
 std::int64_t numeroEm(const RegistroLido& lido, const char* rotulo) {
-  for (std::size_t i = 0; i < lido.quantos; ++i) {
-    if (std::strcmp(lido.campos[i].campo->rotulo, rotulo) != 0) continue;
-    std::int64_t valor = 0;
-    return leNumero(lido.bytes(i), valor) ? valor : -1;
-  }
-  return -1;
+  std::int64_t valor = 0;
+  return leNumero(lido.bytesDe(rotulo), valor) ? valor : -1;
 }
 
 }  // namespace

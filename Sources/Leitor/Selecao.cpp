@@ -1,7 +1,6 @@
 #include "Selecao.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Leiaute/Releitura.h"
 
@@ -9,13 +8,8 @@ namespace cotepe {
 namespace {
 
 bool temNumero(const RegistroLido& lido, const char* rotulo, std::int64_t procurado) {
-  for (std::size_t i = 0; i < lido.quantos; ++i) {
-    std::int64_t valor = 0;
-    if (std::strcmp(lido.campos[i].campo->rotulo, rotulo) == 0 && leNumero(lido.bytes(i), valor) &&
-        valor == procurado)
-      return true;
-  }
-  return false;
+  std::int64_t valor = 0;
+  return leNumero(lido.bytesDe(rotulo), valor) && valor == procurado;
 }
 
 }  // namespace

@@ -11,13 +11,12 @@ namespace {
 
 // The decimal places of a scaled field stand in another field of the record.
 std::size_t casasDe(const RegistroLido& lido, const Campo& campo) {
-  if (campo.colunaDasCasas < 0) return 2;
-  for (std::size_t i = 0; i < lido.quantos; ++i) {
-    const Origem& origem = lido.campos[i].campo->origem;
-    if (origem.tipo == Origem::Tipo::Coluna && origem.coluna == campo.colunaDasCasas)
-      return lido.bytes(i) == "3" ? 3 : 2;
-  }
-  return 2;
+  const bool tres = std::any_of(lido.campos, lido.campos + lido.quantos, [&](const CampoLido& outro) {
+    const Origem& origem = outro.campo->origem;
+    return origem.tipo == Origem::Tipo::Coluna && origem.coluna == campo.colunaDasCasas &&
+           outro.em(lido.linha.texto) == "3";
+  });
+  return tres ? 3 : 2;
 }
 
 std::string semZeros(std::string_view digitos) {

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "ChaveNatural.h"
 #include "Relatorio.h"
 #include "SaidaDeAchados.h"
@@ -205,6 +208,21 @@ TEST(Diferenca, OtherWidthsAreToldOnce) {
       Textos{
           "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
           "values are the same)"});
+}
+
+TEST(ChaveNatural, StandsOnEveryFormOfItsRegister) {
+  for (int r = 0; r < static_cast<int>(kCatalogo.size()); ++r)
+    for (const char* rotulo : kChavesNaturais[static_cast<std::size_t>(r)].campos)
+      for (int ajuste = 0; ajuste < static_cast<int>(std::size(kAjustesPossiveis)); ++ajuste)
+        for (const bool vazio : {false, true}) {
+          if (rotulo == nullptr) continue;
+          const Forma& uma = forma(r, ajuste, vazio);
+          const auto tem = [&](const CampoLido& campo) {
+            return campo.campo->rotulo == std::string_view(rotulo);
+          };
+          EXPECT_TRUE(std::any_of(uma.campos.begin(), uma.campos.end(), tem))
+              << uma.registro->codigo << ' ' << rotulo;
+        }
 }
 
 TEST(ChaveNatural, FollowsTheCatalogueAndNamesFieldsThatAreThere) {

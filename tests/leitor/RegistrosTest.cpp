@@ -1,6 +1,8 @@
 // Lines become registers and fields; the file's layout and mode are worked out.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "Relatorio.h"
 
 namespace cotepe {
@@ -45,6 +47,20 @@ TEST(LeitorDeRegistros, FieldsStandWhereTheLayoutPutsThem) {
   EXPECT_EQ(dois.campo("COO"), "000000102");
   EXPECT_EQ(dois.campo("Valor total líquido"), "00000000002900");
   EXPECT_EQ(dois.campo("Assinatura do documento"), std::string(43, 'A') + '=');
+}
+
+TEST(LeitorDeRegistros, FieldIsFoundByItsLabelAndNothingWhereTheLineHasNone) {
+  Leitura leitura(Relatorio::bom(1).texto());
+  const RegistroLido& cupom = leitura.le(20);
+  EXPECT_EQ(cupom.acha("Nº de fabricação do ECF"), 1U);
+  EXPECT_EQ(cupom.bytesDe("COO"), "000102");
+  EXPECT_EQ(cupom.acha("Assinatura do documento"), cupom.quantos);
+  EXPECT_EQ(cupom.bytesDe("Assinatura do documento"), "");
+}
+
+TEST(Forma, LabelThatARegisterHasNotIsAMistakeInTheProgram) {
+  EXPECT_EQ(indiceDoCampo(kE12, "Nº de fabricação do ECF"), 1);
+  EXPECT_THROW(indiceDoCampo(kE12, "Assinatura do documento"), std::logic_error);
 }
 
 TEST(LeitorDeRegistros, LayoutAndModeComeFromTheLines) {

@@ -54,8 +54,7 @@ const char* doVazio(Especie especie) {
 }  // namespace
 
 void Conferencia::porForma() {
-  if (coluna_.forma.forma == Forma::NaoImpressa) return;
-  if (celula_.nulo) return nulo();
+  if (celula_.nulo && coluna_.forma.forma != Forma::NaoImpressa) return nulo();
   switch (coluna_.forma.forma) {
     case Forma::Texto:
     case Forma::TextoUsado:

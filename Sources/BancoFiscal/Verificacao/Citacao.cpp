@@ -13,11 +13,9 @@ constexpr std::size_t kMaximo = 40;
 std::size_t sequencia(std::string_view texto) {
   const auto primeiro = static_cast<unsigned char>(texto[0]);
   if (primeiro < 0x80) return 1;
-  const std::size_t quantos = primeiro >= 0xC2 && primeiro < 0xE0   ? 2
-                              : primeiro >= 0xE0 && primeiro < 0xF0 ? 3
-                              : primeiro >= 0xF0 && primeiro < 0xF5 ? 4
-                                                                    : 0;
-  if (quantos == 0 || quantos > texto.size()) return 0;
+  if (primeiro < 0xC2 || primeiro > 0xF4) return 0;
+  const std::size_t quantos = primeiro < 0xE0 ? 2 : primeiro < 0xF0 ? 3 : 4;
+  if (quantos > texto.size()) return 0;
   for (std::size_t i = 1; i < quantos; ++i)
     if ((static_cast<unsigned char>(texto[i]) & 0xC0U) != 0x80U) return 0;
   return quantos;

@@ -65,6 +65,12 @@ Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
   return exigencia;
 }
 
+// A date that must be there is wrong when it is blank.
+Defeito defeitoDe(const Campo& campo, std::string_view bytes, bool presente) {
+  if (!presente || !soBrancos(bytes)) return defeito(campo.especie, bytes);
+  return deData(campo.especie) ? Defeito::Data : Defeito::Hora;
+}
+
 std::string letrasEsperadas(const char* letras) {
   std::string texto;
   for (const char* letra = letras; *letra != '\0'; ++letra) {
@@ -104,10 +110,8 @@ class CamposDaLinha final : public Familia {
         relator_.noCampo(Regra::Letra, lido, i, entreAspas(bytes), letrasEsperadas(exigencia.letras));
       return;
     }
-    const Defeito achado = defeito(campo.campo->especie, bytes);
+    const Defeito achado = defeitoDe(*campo.campo, bytes, exigencia.presente);
     if (achado != Defeito::Nenhum) return relata(lido, i, achado);
-    if (exigencia.presente && soBrancos(bytes))
-      relata(lido, i, deData(campo.campo->especie) ? Defeito::Data : Defeito::Hora);
     if (exigencia.contribuinte || exigencia.consumidor) confereNumeroFiscal(lido, i, exigencia.consumidor);
     if (campo.campo->desloca) confereLargura(lido, i);
     if (lido.indice == 0 && i + 1 == lido.quantos) confereLeiaute(lido, i);
@@ -127,10 +131,8 @@ class CamposDaLinha final : public Familia {
         return relator_.noCampo(Regra::Alinhamento, lido, i, bytes, "no blank before the text");
       case Defeito::Data:
         return relator_.noCampo(Regra::Data, lido, i, bytes, "a day as AAAAMMDD");
-      case Defeito::Hora:
+      default:  // Hora
         return relator_.noCampo(Regra::Hora, lido, i, bytes, "an hour as HHMMSS");
-      case Defeito::Nenhum:
-        return;
     }
   }
 

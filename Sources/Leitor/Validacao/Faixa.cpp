@@ -27,10 +27,10 @@ class Faixa final : public Familia {
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE01 && lido.medidaCerta && crzInicial_.linha == 0) {
-      crzInicial_.guarda(lido, acha(lido, "CRZ inicial"));
-      crzFinal_.guarda(lido, acha(lido, "CRZ final"));
-      dataInicial_.guarda(lido, acha(lido, "Data inicial"));
-      dataFinal_.guarda(lido, acha(lido, "Data final"));
+      crzInicial_.guarda(lido, lido.acha("CRZ inicial"));
+      crzFinal_.guarda(lido, lido.acha("CRZ final"));
+      dataInicial_.guarda(lido, lido.acha("Data inicial"));
+      dataFinal_.guarda(lido, lido.acha("Data final"));
     } else if (lido.registro == &kE02 && gt02_.linha == 0) {
       gt02_.guarda(lido, gtE02_.indice());
     } else if (lido.registro == &kE11 && gt11_.linha == 0 && gtE11_.indice() < lido.quantos) {

@@ -1,6 +1,5 @@
 #include "Validacao/Familia.h"
 
-#include <cstring>
 #include <utility>
 
 #include "Leiaute/Releitura.h"
@@ -83,12 +82,6 @@ bool Coluna::le(const RegistroLido& lido, std::int64_t& valor) const {
   if (indice() >= lido.quantos) return false;
   const std::string_view lidos = lido.bytes(indice());
   return lidos.size() == static_cast<std::size_t>(lido.campos[indice()].largura) && leNumero(lidos, valor);
-}
-
-std::size_t acha(const RegistroLido& lido, const char* rotulo) {
-  std::size_t i = 0;
-  while (i < lido.quantos && std::strcmp(lido.campos[i].campo->rotulo, rotulo) != 0) ++i;
-  return i;
 }
 
 std::string entreAspas(std::string_view bytes) {

@@ -78,9 +78,6 @@ class Coluna {
   int indice_;
 };
 
-/// The place of the first field with the label among those on the line; `lido.quantos` when there is none.
-std::size_t acha(const RegistroLido& lido, const char* rotulo);
-
 /// Texts for findings: the bytes in quotes, cents as 1234,56, a counter as it would stand in `largura`
 /// digits.
 std::string entreAspas(std::string_view bytes);

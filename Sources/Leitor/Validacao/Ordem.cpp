@@ -62,9 +62,8 @@ class Ordem final : public Familia {
   bool somaNaoFiscal(const RegistroLido& lido) const { return totalizador_.bytes(lido) == "OPNF   "; }
 
   void leComando(const RegistroLido& lido) {
-    const std::size_t campo = acha(lido, "Comando de geração");
     comandoLido_ = lido.medidaCerta;
-    comando_ = semBrancosNoFim(lido.bytes(campo));
+    comando_ = semBrancosNoFim(lido.bytesDe("Comando de geração"));
   }
 
   // Without a user there is no E02, and without an attempt no E22.

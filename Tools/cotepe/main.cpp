@@ -4,6 +4,7 @@
 
 #include "Descritor.h"
 #include "Falha.h"
+#include "Idioma.h"
 #include "LinhaDeComando.h"
 #include "Sinais.h"
 
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
   using namespace cotepe::programa;
   ocupaDescritoresPadrao();
   instalaSinais();
+  cotepe::escolheIdioma();
   try {
     leLinhaDeComando(argc, argv)();
     return kFeito;

@@ -1,0 +1,33 @@
+// The language in which the program speaks to people: messages are English in the code, and the catalogue
+// po/pt_BR.po has them in Portuguese. Data is never translated, nor is anything the library libcotepe says.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace cotepe {
+
+/// What fills the places of a message, in order: "{1}" is the first.
+using Partes = std::initializer_list<std::string_view>;
+
+/// Takes the language of the messages from the environment (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), and no
+/// other habit of a locale: numbers, dates and the reading of bytes stay as in the C locale. The catalogues
+/// are found from the place of the executable, installed, moved or built. For main() alone; without it every
+/// message is English.
+void escolheIdioma();
+
+/// The message in the user's language, in UTF-8; the message itself where the catalogue has none.
+const char* traduz(const char* mensagem);
+
+/// The message in the user's language with its places filled. A place without a part stays as it is written,
+/// and so do other braces: no catalogue can do harm.
+std::string frase(const char* modelo, Partes partes);
+
+/// The same for a counted message, in the form the language has for that count; "{n}" is the count.
+std::string fraseDe(const char* um, const char* varios, long long quantos, Partes partes = {});
+
+/// Marks a message of a table for the catalogue; traduz gives it in the user's language where it is shown.
+constexpr const char* marca(const char* mensagem) { return mensagem; }
+
+}  // namespace cotepe

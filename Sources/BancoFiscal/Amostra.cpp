@@ -6,6 +6,7 @@
 
 #include "ArquivoNovo.h"
 #include "Esquema.h"
+#include "Idioma.h"
 #include "Loja/Calendario.h"
 #include "Loja/Loja.h"
 
@@ -24,31 +25,32 @@ using Banco = std::unique_ptr<sqlite3, FechaBanco>;
 
 [[noreturn]] void falhaDeOpcao(const std::string& opcao, const std::string& valor,
                                const std::string& esperado) {
-  throw ErroDoBanco({"cannot make the sample", opcao, valor, esperado, "correct the option"});
+  throw ErroDoBanco({traduz("cannot make the sample"), opcao, valor, esperado, traduz("correct the option")});
 }
 
 void exigeFaixa(const char* opcao, int valor, int maximo) {
   if (valor >= 1 && valor <= maximo) return;
-  falhaDeOpcao(opcao, std::to_string(valor), "a number from 1 to " + std::to_string(maximo));
+  falhaDeOpcao(opcao, std::to_string(valor), frase("a number from 1 to {1}", {std::to_string(maximo)}));
 }
 
 // The number of the first day, when all options are in order.
 int confere(const OpcoesDaAmostra& opcoes) {
-  exigeFaixa("number of days", opcoes.dias, kMaximoDeDias);
-  exigeFaixa("coupons per day", opcoes.cuponsPorDia, kMaximoDeCupons);
+  exigeFaixa(traduz("number of days"), opcoes.dias, kMaximoDeDias);
+  exigeFaixa(traduz("coupons per day"), opcoes.cuponsPorDia, kMaximoDeCupons);
   const auto primeiro = loja::leDia(opcoes.inicio);
   const int limite = *loja::leDia(kUltimoFim) - opcoes.dias + 1;
   if (!primeiro || *primeiro < *loja::leDia(kPrimeiroInicio) || *primeiro > limite) {
-    falhaDeOpcao("first day", "'" + opcoes.inicio + "'",
-                 std::string("a day YYYY-MM-DD from ") + kPrimeiroInicio + " to " + loja::textoDoDia(limite));
+    falhaDeOpcao(traduz("first day"), "'" + opcoes.inicio + "'",
+                 frase("a day YYYY-MM-DD from {1} to {2}", {kPrimeiroInicio, loja::textoDoDia(limite)}));
   }
   return *primeiro;
 }
 
 void executa(sqlite3* banco, const char* sql, const std::string& onde) {
   if (sqlite3_exec(banco, sql, nullptr, nullptr, nullptr) == SQLITE_OK) return;
-  throw ErroDoBanco({"cannot write the database", onde, sqlite3_errmsg(banco),
-                     "a database that can be written", "free some space or choose another place"});
+  throw ErroDoBanco({traduz("cannot write the database"), onde, sqlite3_errmsg(banco),
+                     traduz("a database that can be written"),
+                     traduz("free some space or choose another place")});
 }
 
 // The file has a temporary name and is thrown away on failure: it needs neither a journal nor order of
@@ -58,8 +60,8 @@ Banco abre(const std::string& arquivo) {
   const int resultado = sqlite3_open_v2(arquivo.c_str(), &aberto, SQLITE_OPEN_READWRITE, nullptr);
   Banco banco(aberto);
   if (resultado != SQLITE_OK) {
-    throw ErroDoBanco({"cannot create the database", arquivo, sqlite3_errstr(resultado),
-                       "a file that can be written", "choose another place"});
+    throw ErroDoBanco({traduz("cannot create the database"), arquivo, sqlite3_errstr(resultado),
+                       traduz("a file that can be written"), traduz("choose another place")});
   }
   executa(aberto,
           "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "ErroDoBanco.h"
+#include "Idioma.h"
 
 namespace cotepe {
 namespace {
@@ -38,13 +39,14 @@ bool aindaTemNome(int arquivo) {
 }
 
 [[noreturn]] void falhaDoSistema(const std::string& onde, int codigo) {
-  throw ErroDoBanco({"cannot create the database", onde, std::generic_category().message(codigo),
-                     "a folder that can be written and has room", "choose another place or free some space"});
+  throw ErroDoBanco({traduz("cannot create the database"), onde, std::generic_category().message(codigo),
+                     traduz("a folder that can be written and has room"),
+                     traduz("choose another place or free some space")});
 }
 
 [[noreturn]] void falhaPorExistir(const std::string& onde) {
-  throw ErroDoBanco({"cannot create the database", onde, "a file that exists already", "a name that is free",
-                     "choose another name, or move the file away"});
+  throw ErroDoBanco({traduz("cannot create the database"), onde, traduz("a file that exists already"),
+                     traduz("a name that is free"), traduz("choose another name, or move the file away")});
 }
 
 // A journal left behind by an earlier database of that name would be played back into the new one.

@@ -2,11 +2,13 @@
 
 #include <utility>
 
+#include "Idioma.h"
+
 namespace cotepe {
 
 ErroDoBanco::ErroDoBanco(Partes partes) {
-  auto texto = partes.oQue + ": " + partes.onde + ": found " + partes.encontrado + ", expected " +
-               partes.esperado + "; " + partes.oQueFazer;
+  auto texto = frase("{1}: {2}: found {3}, expected {4}; {5}",
+                     {partes.oQue, partes.onde, partes.encontrado, partes.esperado, partes.oQueFazer});
   conteudo_ = std::make_shared<const Conteudo>(Conteudo{std::move(partes), std::move(texto)});
 }
 

@@ -1,5 +1,7 @@
 #include "Formas.h"
 
+#include "Idioma.h"
+
 namespace cotepe {
 namespace {
 
@@ -127,16 +129,19 @@ const std::array<Ligacao, 10> kLigacoes = {{
     {"pagamento_cupom", "indice_meio_pagamento", "meio_pagamento", "num_indice", nullptr},
 }};
 
-constexpr char kDobraDocumentos[] = "every total and document of it is written once for each of them";
-constexpr char kDobraItens[] = "every item and payment of it is written once for each of them";
-constexpr char kDobraNome[] = "every record that names it is written once for each of them";
-constexpr char kRepete[] = "two records have the same counter";
-constexpr char kRepeteTotalizador[] =
-    "two records have the same totalizer, or one where their amounts are the same too";
-constexpr char kRepeteMeio[] = "two records have the same means of payment";
+constexpr const char* kDobraVersao =
+    marca("E01 takes each of them for the current version, and the line grows");
+constexpr const char* kDobraDocumentos =
+    marca("every total and document of it is written once for each of them");
+constexpr const char* kDobraItens = marca("every item and payment of it is written once for each of them");
+constexpr const char* kDobraNome = marca("every record that names it is written once for each of them");
+constexpr const char* kRepete = marca("two records have the same counter");
+constexpr const char* kRepeteTotalizador =
+    marca("two records have the same totalizer, or one where their amounts are the same too");
+constexpr const char* kRepeteMeio = marca("two records have the same means of payment");
 
 const std::array<Unicidade, 16> kUnicidades = {{
-    {"versao_sb", "num_sequencia", "E01 takes each of them for the current version, and the line grows"},
+    {"versao_sb", "num_sequencia", kDobraVersao},
     {"intervencao", "cont_cro", kRepete},
     {"fita_detalhe", "cont_cfd", kRepete},
     {"reducao_z", "cont_crz", kDobraDocumentos},

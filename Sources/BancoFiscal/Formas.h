@@ -65,8 +65,8 @@ extern const std::array<Ligacao, 10> kLigacoes;
 /// Columns that tell a row to the joins or to the law, joined by commas: two rows of those meant may not
 /// share them.
 struct Unicidade {
-  const char *tabela, *colunas, *consequencia;
-  const char* quais = nullptr;  // as a condition; null: all
+  const char *tabela, *colunas, *consequencia;  // the last one to be translated
+  const char* quais = nullptr;                  // as a condition; null: all
 };
 extern const std::array<Unicidade, 16> kUnicidades;
 

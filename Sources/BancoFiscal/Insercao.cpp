@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "ErroDoBanco.h"
+#include "Idioma.h"
 
 namespace cotepe {
 
@@ -45,8 +46,9 @@ void Insercao::executa(int colunas) {
 
 void Insercao::exige(bool condicao) {
   if (condicao) return;
-  throw ErroDoBanco({"cannot write the database", "table " + tabela_, sqlite3_errmsg(banco_),
-                     "a row that is stored", "free some space or choose another place"});
+  throw ErroDoBanco({traduz("cannot write the database"), frase("table {1}", {tabela_}),
+                     sqlite3_errmsg(banco_), traduz("a row that is stored"),
+                     traduz("free some space or choose another place")});
 }
 
 }  // namespace cotepe

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Leiaute/Texto.h"
 #include "Verificacao/Citacao.h"
@@ -11,14 +12,14 @@ namespace {
 
 bool qualquer(const Campo& /*campo*/) { return true; }
 
-std::size_t caracteres(std::string_view utf8) {
-  return static_cast<std::size_t>(std::count_if(
-      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+std::ptrdiff_t caracteres(std::string_view utf8) {
+  return std::count_if(utf8.begin(), utf8.end(),
+                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
 }
 
 // Bytes that the field gets: those of the characters that the query leaves, without what the field removes.
-std::size_t bytesNoCampo(const Destino& destino, std::string_view texto) {
-  std::size_t bytes = 0;
+std::ptrdiff_t bytesNoCampo(const Destino& destino, std::string_view texto) {
+  std::ptrdiff_t bytes = 0;
   int contados = 0;
   for (const char c : texto) {
     if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++contados > destino.usados &&
@@ -31,23 +32,19 @@ std::size_t bytesNoCampo(const Destino& destino, std::string_view texto) {
   return bytes;
 }
 
-std::string quantos(std::size_t n, const char* nome) {
-  return std::to_string(n) + ' ' + nome + (n == 1 ? "" : "s");
-}
-
 const char* doVazio(Especie especie) {
   switch (especie) {
     case Especie::Texto:
     case Especie::Preenchido:
-      return "which is written as blanks";
+      return marca("{1}, which is written as blanks");
     case Especie::ComoEsta:
     case Especie::Data:
     case Especie::Hora:
     case Especie::DataPronta:
     case Especie::HoraPronta:
-      return "which ends the line there";
+      return marca("{1}, which ends the line there");
     default:
-      return "which is written as zeros";
+      return marca("{1}, which is written as zeros");
   }
 }
 
@@ -63,7 +60,7 @@ void Conferencia::porForma() {
         if (vale(destino)) texto(destino);
       return;
     case Forma::Casas:
-      return codigo({"2", "3"}, "2 or 3");
+      return codigo({"2", "3"}, traduz("2 or 3"));
     case Forma::Inteiro:
       return paraCada(&Conferencia::inteiro);
     case Forma::Dinheiro:
@@ -76,9 +73,9 @@ void Conferencia::porForma() {
     case Forma::Letra:
     case Forma::SimNao:
       if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
-      return coluna_.forma.forma == Forma::SimNao ? codigo({"S", "N"}, "S or N") : controle();
+      return coluna_.forma.forma == Forma::SimNao ? codigo({"S", "N"}, traduz("S or N")) : controle();
     case Forma::TipoDeDocumento:
-      return codigo({"CN", "RG", "CC", "NC", "RZ"}, "CN, RG, CC, NC or RZ");
+      return codigo({"CN", "RG", "CC", "NC", "RZ"}, traduz("CN, RG, CC, NC or RZ"));
     case Forma::DataHora:
       return data();
     case Forma::NaoImpressa:
@@ -103,27 +100,26 @@ const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
 }
 
 // The first field that breaks a rule makes the problem, the others are told with it.
-void Conferencia::acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia,
+void Conferencia::acha(RegraDoBanco regra, const Destino* destino, std::string encontrado,
                        std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
     if (problema.regra != regra) continue;
     if (destino != nullptr) problema.outros.push_back(destino);
     return;
   }
-  const std::string valor = celula_.nulo ? "NULL" : citado(celula_.texto);
-  problemas_.push_back({regra,
-                        valor + (consequencia.empty() ? "" : ", ") + consequencia,
-                        std::move(esperado),
-                        destino,
-                        {},
-                        conserto});
+  problemas_.push_back({regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});
 }
+
+std::string Conferencia::valor() const { return celula_.nulo ? "NULL" : citado(celula_.texto); }
+
+std::string Conferencia::valorCom(const char* consequencia) const { return frase(consequencia, {valor()}); }
 
 void Conferencia::nulo() {
   if (coluna_.forma.aceitaNulo) return;
   const Destino* destino = primeiro(qualquer);
-  acha(RegraDoBanco::Nulo, destino,
-       destino == nullptr ? "which no query finds" : doVazio(destino->campo->especie), "a value");
+  const char* consequencia =
+      destino == nullptr ? marca("{1}, which no query finds") : doVazio(destino->campo->especie);
+  acha(RegraDoBanco::Nulo, destino, valorCom(consequencia), traduz("a value"));
 }
 
 // A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
@@ -138,10 +134,11 @@ void Conferencia::controle() {
       primeiro(sempre ? qualquer : [](const Campo& campo) { return !campo.trocaNaoAscii; });
   if (destino == nullptr) return;
   acha(RegraDoBanco::Controle, destino,
-       comZero                                        ? "whose zero byte ends the text"
-       : *c == '\n' && !destino->campo->trocaNaoAscii ? "whose line end breaks the line in two"
-                                                      : "whose control character goes into the line",
-       "characters that can be seen");
+       valorCom(comZero ? marca("{1}, whose zero byte ends the text")
+                : *c == '\n' && !destino->campo->trocaNaoAscii
+                    ? marca("{1}, whose line end breaks the line in two")
+                    : marca("{1}, whose control character goes into the line")),
+       traduz("characters that can be seen"));
 }
 
 bool Conferencia::ultimoDaLinha(const Destino& destino) const {
@@ -152,31 +149,34 @@ bool Conferencia::ultimoDaLinha(const Destino& destino) const {
 }
 
 void Conferencia::texto(const Destino& destino) {
-  const auto largura = static_cast<std::size_t>(destino.campo->largura);
-  const std::size_t bytes = bytesNoCampo(destino, celula_.texto);
+  const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
   const bool usado = coluna_.forma.forma == Forma::TextoUsado;
-  const auto deixados = static_cast<std::size_t>(destino.usados);
-  if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > deixados)
+  if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > destino.usados)
     return acha(RegraDoBanco::TextoCortado, &destino,
-                "of which the first " + quantos(deixados, "character") + " are written",
-                "at most " + std::to_string(deixados));
+                frase("{1}, of which the first {2} characters are written",
+                      {valor(), std::to_string(destino.usados)}),
+                frase("at most {1}", {std::to_string(destino.usados)}));
   if (bytes > largura)
     return acha(usado ? RegraDoBanco::TextoCortado : RegraDoBanco::TextoLongo, &destino,
                 ultimoDaLinha(destino)
-                    ? "which makes the line " + quantos(bytes - largura, "byte") + " longer"
-                    : "of which the first " + quantos(largura, "byte") + " are written",
-                "at most " + quantos(largura, "byte"));
+                    ? fraseDe("{1}, which makes the line {n} byte longer",
+                              "{1}, which makes the line {n} bytes longer", bytes - largura, {valor()})
+                    : fraseDe("{1}, of which the first byte is written",
+                              "{1}, of which the first {n} bytes are written", largura, {valor()}),
+                fraseDe("at most {n} byte", "at most {n} bytes", largura));
   if (destino.campo->especie == Especie::ComoEsta && bytes < largura)
     acha(RegraDoBanco::TextoCurto, &destino,
-         "which makes the line " + quantos(largura - bytes, "byte") + " shorter", quantos(largura, "byte"));
+         fraseDe("{1}, which makes the line {n} byte shorter", "{1}, which makes the line {n} bytes shorter",
+                 largura - bytes, {valor()}),
+         fraseDe("{n} byte", "{n} bytes", largura));
 }
 
 void Conferencia::letra(const Destino* destino) {
   acha(RegraDoBanco::TamanhoDaLetra, destino,
-       destino == nullptr      ? "which leaves the row out"
-       : celula_.texto.empty() ? "which ends the line there"
-                               : "of which the first character is written",
-       "one character");
+       valorCom(destino == nullptr      ? marca("{1}, which leaves the row out")
+                : celula_.texto.empty() ? marca("{1}, which ends the line there")
+                                        : marca("{1}, of which the first character is written")),
+       traduz("one character"));
 }
 
 void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
@@ -184,10 +184,10 @@ void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const 
   const Forma forma = coluna_.forma.forma;
   const Destino* destino = primeiro(qualquer);
   acha(RegraDoBanco::Codigo, destino,
-       forma == Forma::Casas             ? "which scales the value as 2 does"
-       : forma == Forma::TipoDeDocumento ? "whose counters are written as zeros"
-       : destino == nullptr              ? "which leaves the row out"
-                                         : "which is written as it stands",
+       valorCom(forma == Forma::Casas             ? marca("{1}, which scales the value as 2 does")
+                : forma == Forma::TipoDeDocumento ? marca("{1}, whose counters are written as zeros")
+                : destino == nullptr              ? marca("{1}, which leaves the row out")
+                                                  : marca("{1}, which is written as it stands")),
        esperado);
 }
 
@@ -197,12 +197,10 @@ void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const M
 }
 
 std::string enumera(const std::vector<const Destino*>& destinos) {
-  std::string texto;
-  for (std::size_t i = 0; i < destinos.size(); ++i) {
-    if (i != 0) texto += i + 1 == destinos.size() ? " and " : ", ";
-    texto += std::string(destinos[i]->registro->codigo) + '.' + std::to_string(destinos[i]->numero);
-  }
-  return texto;
+  std::vector<std::string> campos;
+  for (const Destino* destino : destinos)
+    campos.push_back(std::string(destino->registro->codigo) + '.' + std::to_string(destino->numero));
+  return enumera(campos);
 }
 
 }  // namespace cotepe

@@ -43,7 +43,7 @@ struct Problema {
   std::string encontrado, esperado;
   const Destino* destino = nullptr;
   std::vector<const Destino*> outros;  // hit in the same way
-  const char* conserto = nullptr;      // what to do, where the rule's own advice does not do
+  const char* conserto = nullptr;  // what to do, where the rule's own advice does not do; to be translated
 };
 
 /// Everything that is wrong with a value, one problem for each rule that it breaks.
@@ -76,12 +76,15 @@ class Conferencia {
   void data();
 
   void grandeTotalDoE02(const Destino& destino);
-  void acha(RegraDoBanco regra, const Destino* destino, const std::string& consequencia, std::string esperado,
+  void acha(RegraDoBanco regra, const Destino* destino, std::string encontrado, std::string esperado,
             const char* conserto = nullptr);
   void paraCada(void (Conferencia::*parte)(const Destino*));
   bool vale(const Destino& destino) const;
   const Destino* primeiro(bool (*serve)(const Campo&)) const;
-  std::string escrito(const Destino* destino) const;
+  std::string valor() const;
+  std::string valorCom(const char* consequencia) const;
+  std::string escrito(const Destino& destino) const;
+  std::string comoEscrito(const Destino* destino) const;
   bool ultimoDaLinha(const Destino& destino) const;
 
   const ColunaVerificada& coluna_;

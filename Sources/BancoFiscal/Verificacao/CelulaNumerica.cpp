@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "Financial.h"
+#include "Idioma.h"
 #include "Leiaute/Catalogo.h"
 #include "Leiaute/Texto.h"
 #include "Validacao/NumeroFiscal.h"
@@ -15,6 +16,8 @@ namespace {
 constexpr std::size_t kTamanhoDataHora = 19;
 constexpr std::size_t kMaximoDoGt = 18;  // a greatest grand total of as many characters loses the last one
 constexpr double kSemCentavos = 1e13;    // from here on a binary number has no room for cents in its text
+
+constexpr const char* kEmCampoDe = marca("{1}, which is written as {2} in a field of {3}");
 
 bool digito(char c) { return c >= '0' && c <= '9'; }
 bool digitos(std::string_view texto) {
@@ -47,7 +50,7 @@ std::string formatado(const char* formato, Valores... valores) {
   return texto;
 }
 
-std::string ateDigitos(int n) { return "at most " + std::to_string(n) + (n == 1 ? " digit" : " digits"); }
+std::string ateDigitos(int n) { return fraseDe("at most {n} digit", "at most {n} digits", n); }
 
 // Blanks in the places of a date-time stand for none.
 bool ausente(std::string_view texto) { return texto == kSemDataHora; }
@@ -84,18 +87,17 @@ bool cortadoAntes(const Destino& destino) {
 
 }  // namespace
 
-// What stands in the report for the value.
-std::string Conferencia::escrito(const Destino* destino) const {
-  if (destino == nullptr) return "";
-  const Campo& campo = *destino->campo;
+// What stands in the report for the value; empty where that is no number.
+std::string Conferencia::escrito(const Destino& destino) const {
+  const Campo& campo = *destino.campo;
   std::string texto(celula_.texto);
   const int versao = meta_.alcance.menorLeiaute(), largura = larguraNominal(campo, versao);
-  if (cortadoAntes(*destino)) texto.resize(std::min(texto.size(), static_cast<std::size_t>(largura)));
+  if (cortadoAntes(destino)) texto.resize(std::min(texto.size(), static_cast<std::size_t>(largura)));
   const auto comSinal = [&](std::int64_t valor) {
-    return "which is written as " + formatado("%0*lld", largura, static_cast<long long>(valor));
+    return formatado("%0*lld", largura, static_cast<long long>(valor));
   };
   const auto semSinal = [&](std::int64_t valor) {
-    return "which is written as " + formatado("%0*llu", largura, static_cast<unsigned long long>(valor));
+    return formatado("%0*llu", largura, static_cast<unsigned long long>(valor));
   };
   const std::int64_t modulo = campo.especie == Especie::Contador ? moduloDoContador(versao) : campo.modulo;
   switch (campo.especie) {
@@ -115,10 +117,16 @@ std::string Conferencia::escrito(const Destino* destino) const {
   }
 }
 
+std::string Conferencia::comoEscrito(const Destino* destino) const {
+  const std::string texto = destino == nullptr ? "" : escrito(*destino);
+  return texto.empty() ? valor() : frase("{1}, which is written as {2}", {valor(), texto});
+}
+
 void Conferencia::inteiro(const Destino* destino) {
   const Numero numero = leNumero(celula_.texto, false);
-  if (!numero.valido) return acha(RegraDoBanco::NaoNumero, destino, escrito(destino), "digits alone");
-  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, escrito(destino), "no sign");
+  if (!numero.valido)
+    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
+  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
   if (destino == nullptr) return;
   const int largura = larguraNominal(*destino->campo, meta_.alcance.menorLeiaute());
   const int sobra = static_cast<int>(numero.inteiros.size()) - largura;
@@ -126,23 +134,25 @@ void Conferencia::inteiro(const Destino* destino) {
   const bool contador = destino->campo->especie == Especie::Contador;
   if (destino->campo->desloca)
     return acha(RegraDoBanco::Desloca, destino,
-                "which moves the later fields " + std::to_string(sobra) + (sobra == 1 ? " byte" : " bytes") +
-                    " to the right",
+                fraseDe("{1}, which moves the later fields {n} byte to the right",
+                        "{1}, which moves the later fields {n} bytes to the right", sobra, {valor()}),
                 ateDigitos(largura));
+  const int leiaute = meta_.alcance.menorLeiaute();
   acha(RegraDoBanco::DigitosPerdidos, destino,
-       escrito(destino) + " in a field of " + std::to_string(largura) +
-           (contador ? " in layout " + std::to_string(meta_.alcance.menorLeiaute()) : ""),
+       frase(contador ? marca("{1}, which is written as {2} in a field of {3} in layout {4}") : kEmCampoDe,
+             {valor(), escrito(*destino), std::to_string(largura), std::to_string(leiaute)}),
        ateDigitos(largura),
-       contador && meta_.alcance.menorLeiaute() == 1 && numero.inteiros.size() <= 9
-           ? "correct it, or take layout 2, where the field has 9 digits"
+       contador && leiaute == 1 && numero.inteiros.size() <= 9
+           ? marca("correct it, or take layout 2, where the field has 9 digits")
            : nullptr);
 }
 
 // The greatest grand total goes to E02 through a text of 17 characters.
 void Conferencia::grandeTotalDoE02(const Destino& destino) {
   acha(RegraDoBanco::DigitosPerdidos, &destino,
-       celula_.texto.size() == kMaximoDoGt ? "whose last character E02 loses" : "which E02 does not use",
-       "at most 17 characters");
+       valorCom(celula_.texto.size() == kMaximoDoGt ? marca("{1}, whose last character E02 loses")
+                                                    : marca("{1}, which E02 does not use")),
+       traduz("at most 17 characters"));
 }
 
 void Conferencia::dinheiro(const Destino* destino) {
@@ -153,19 +163,22 @@ void Conferencia::dinheiro(const Destino* destino) {
   const std::size_t expoente = celula_.texto.find("e+");
   const bool enorme = celula_.real && !numero.negativo && expoente != std::string_view::npos;
   if (!numero.valido && !enorme)
-    return acha(RegraDoBanco::NaoNumero, destino, escrito(destino), "digits and a decimal point");
-  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, escrito(destino), "no sign");
+    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits and a decimal point"));
+  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
   if (destino == nullptr) return;
   const int casas = celula_.casas == 3 ? 3 : 2, largura = destino->campo->largura;
   if (enorme || static_cast<int>(numero.inteiros.size()) + casas > largura)
     return acha(RegraDoBanco::NumeroLargo, destino,
-                escrito(destino) + " in a field of " + std::to_string(largura),
-                ateDigitos(largura - casas) + " before the point");
+                frase(kEmCampoDe, {valor(), escrito(*destino), std::to_string(largura)}),
+                fraseDe("at most {n} digit before the point", "at most {n} digits before the point",
+                        largura - casas));
   if (static_cast<int>(numero.decimais.size()) > casas)
-    acha(RegraDoBanco::Arredondado, destino, escrito(destino), std::to_string(casas) + " decimal places");
+    acha(RegraDoBanco::Arredondado, destino, comoEscrito(destino),
+         frase("{1} decimal places", {std::to_string(casas)}));
   if (celula_.real && leDecimal(std::string(celula_.texto).c_str()) >= kSemCentavos)
-    acha(RegraDoBanco::DigitosPerdidos, destino, "a binary number, of which 15 digits are kept", "a text",
-         "store it as a text");
+    acha(RegraDoBanco::DigitosPerdidos, destino,
+         valorCom(marca("{1}, a binary number, of which 15 digits are kept")), traduz("a text"),
+         marca("store it as a text"));
 }
 
 void Conferencia::numeroFiscal(const Destino* destino) {
@@ -173,8 +186,8 @@ void Conferencia::numeroFiscal(const Destino* destino) {
   const bool vazio = numero.empty() && coluna_.forma.forma == Forma::CpfOuCnpj;
   const bool tamanho = coluna_.forma.forma == Forma::Cnpj ? numero.size() == 14 : numero.size() <= 14;
   if (vazio || (digitos(numero) && tamanho)) return;
-  acha(RegraDoBanco::FormaDoNumeroFiscal, destino, escrito(destino),
-       coluna_.forma.forma == Forma::Cnpj ? "14 digits" : "at most 14 digits");
+  acha(RegraDoBanco::FormaDoNumeroFiscal, destino, comoEscrito(destino),
+       coluna_.forma.forma == Forma::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
 }
 
 // A number that is wrong in form has been told already; one of zeros alone is none.
@@ -182,29 +195,30 @@ void Conferencia::digitosVerificadores() {
   if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
   const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);
   if (cnpjValido(catorze) || (coluna_.forma.forma == Forma::CpfOuCnpj && cpfValido(catorze))) return;
-  acha(RegraDoBanco::NumeroFiscal, primeiro([](const Campo&) { return true; }), "",
-       "check digits that are right");
+  acha(RegraDoBanco::NumeroFiscal, primeiro([](const Campo&) { return true; }), valor(),
+       traduz("check digits that are right"));
 }
 
 void Conferencia::data() {
   const std::string_view texto = celula_.texto;
   if (naForma(texto)) {
     if (existe(texto)) return;
-    return acha(RegraDoBanco::DataImpossivel, primeiro([](const Campo&) { return true; }), "",
-                "a day and an hour that exist");
+    return acha(RegraDoBanco::DataImpossivel, primeiro([](const Campo&) { return true; }), valor(),
+                traduz("a day and an hour that exist"));
   }
   if (coluna_.forma.aceitaNulo && ausente(texto)) return;
   const Destino* deData = primeiro([](const Campo& campo) { return campo.especie == Especie::Data; });
   const Destino* deHora = primeiro([](const Campo& campo) { return campo.especie == Especie::Hora; });
   const bool semHora = deHora != nullptr && texto.size() < kTamanhoDataHora;
   if (coluna_.filtra && !texto.empty() && texto == meta_.primeiroDia)
-    return acha(RegraDoBanco::ForaDoPeriodo, deData, "which sorts before the first moment of the period",
-                "YYYY-MM-DD HH:MM:SS");
-  const char* consequencia = texto.size() < 10 || semHora ? "which ends the line there"
-                             : coluna_.filtra             ? "which a period sorts wrongly"
-                                                          : "of which the wrong characters may be written";
-  acha(RegraDoBanco::FormaDaData, texto.size() >= 10 && semHora ? deHora : deData, consequencia,
-       "YYYY-MM-DD HH:MM:SS");
+    return acha(RegraDoBanco::ForaDoPeriodo, deData,
+                valorCom(marca("{1}, which sorts before the first moment of the period")),
+                traduz("YYYY-MM-DD HH:MM:SS"));
+  const char* consequencia = texto.size() < 10 || semHora ? marca("{1}, which ends the line there")
+                             : coluna_.filtra             ? marca("{1}, which a period sorts wrongly")
+                                              : marca("{1}, of which the wrong characters may be written");
+  acha(RegraDoBanco::FormaDaData, texto.size() >= 10 && semHora ? deHora : deData, valorCom(consequencia),
+       traduz("YYYY-MM-DD HH:MM:SS"));
 }
 
 }  // namespace cotepe

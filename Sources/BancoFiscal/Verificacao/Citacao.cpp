@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 
 namespace cotepe {
@@ -52,7 +53,14 @@ std::string legivel(std::string_view valor) {
 
 std::string citado(std::string_view valor) {
   const std::string texto = '"' + legivel(valor) + '"';
-  return valor.size() <= kMaximo ? texto : texto + " of " + std::to_string(valor.size()) + " bytes";
+  return valor.size() <= kMaximo ? texto : frase("{1} of {2} bytes", {texto, std::to_string(valor.size())});
+}
+
+std::string enumera(const std::vector<std::string>& itens) {
+  if (itens.empty()) return {};
+  std::string texto = itens[0];
+  for (std::size_t i = 1; i + 1 < itens.size(); ++i) texto += ", " + itens[i];
+  return itens.size() == 1 ? texto : frase("{1} and {2}", {texto, itens.back()});
 }
 
 }  // namespace cotepe

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace cotepe {
 
@@ -12,5 +13,8 @@ std::string citado(std::string_view valor);
 
 /// The same without quotation marks, for keys.
 std::string legivel(std::string_view valor);
+
+/// "E14, E15 and E21"; empty for none.
+std::string enumera(const std::vector<std::string>& itens);
 
 }  // namespace cotepe

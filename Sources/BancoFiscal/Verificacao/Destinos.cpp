@@ -8,6 +8,7 @@
 
 #include "Leiaute/Catalogo.h"
 #include "Leiaute/Texto.h"
+#include "Verificacao/Citacao.h"
 
 namespace cotepe {
 namespace {
@@ -202,19 +203,14 @@ std::vector<Destino> destinosDe(std::string_view tabela, std::string_view coluna
 }
 
 std::string registrosQueLeem(std::string_view tabela, std::string_view coluna, const Alcance& alcance) {
-  std::vector<const char*> codigos;
+  std::vector<std::string> codigos;
   for (const Registro* registro : kCatalogo) {
     const auto daConsulta = [&](const ConsultaDoRegistro& consulta) { return le(consulta, tabela, coluna); };
     if (alcance.escreve(*registro) &&
         std::any_of(std::begin(registro->consultas), std::end(registro->consultas), daConsulta))
-      codigos.push_back(registro->codigo);
+      codigos.emplace_back(registro->codigo);
   }
-  std::string texto;
-  for (std::size_t i = 0; i < codigos.size(); ++i) {
-    if (i != 0) texto += i + 1 == codigos.size() ? " and " : ", ";
-    texto += codigos[i];
-  }
-  return texto;
+  return enumera(codigos);
 }
 
 }  // namespace cotepe

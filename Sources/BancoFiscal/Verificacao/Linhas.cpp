@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "Idioma.h"
 #include "Leiaute/Texto.h"
 #include "Verificacao/Citacao.h"
 #include "Verificacao/Partes.h"
@@ -53,6 +54,17 @@ std::string entreAspasSql(const std::string& nome) {
 bool dizOPeriodo(const std::string& tabela, const std::string& coluna) {
   return (tabela == "reducao_z" && coluna == "data_movimento") ||
          (tabela == "fita_detalhe" && coluna == "data_hora_emissao");
+}
+
+std::string textosEmDesordem(const Ordem& ordem) {
+  const bool maximo = ordem.uso->uso == Uso::Maximo;
+  if (ordem.outros != 0)
+    return frase(maximo ? marca("the text {1} among numbers, the greatest of which is taken letter by letter")
+                        : marca("the text {1} among numbers, which are sorted letter by letter"),
+                 {ordem.longo});
+  return frase(maximo ? marca("the texts {1} and {2}, the greatest of which is taken letter by letter")
+                      : marca("the texts {1} and {2}, which are sorted letter by letter"),
+               {ordem.curto, ordem.longo});
 }
 
 class Passada {
@@ -183,7 +195,7 @@ void Passada::relata(const ColunaVerificada& coluna, const Problema& problema,
                      const Pergunta& pergunta) const {
   if (!contexto_.ligada(problema.regra)) return;
   std::string encontrado = problema.encontrado;
-  if (!problema.outros.empty()) encontrado += "; in " + enumera(problema.outros) + " too";
+  if (!problema.outros.empty()) encontrado = frase("{1}; in {2} too", {encontrado, enumera(problema.outros)});
   contexto_.relata(problema.regra, {forma_.nome, chave(pergunta), coluna.nome}, coluna.leitores,
                    problema.destino, encontrado, problema.esperado, problema.conserto);
 }
@@ -191,27 +203,25 @@ void Passada::relata(const ColunaVerificada& coluna, const Problema& problema,
 void Passada::confereQuantas(long linhas) const {
   const bool poucas = linhas < forma_.minimo, muitas = forma_.maximo != 0 && linhas > forma_.maximo;
   if (!poucas && !muitas) return;
-  contexto_.relata(
-      RegraDoBanco::QuantasLinhas, {forma_.nome, "", ""}, contexto_.leitores(forma_.nome, ""), nullptr,
-      std::to_string(linhas) + (linhas == 1 ? " row" : " rows") +
-          (poucas ? ", without which fields are left out" : ", each of which adds fields or records"),
-      forma_.maximo == 0   ? "at least one"
-      : forma_.minimo == 0 ? "one at most"
-                           : "one",
-      poucas ? "store it" : nullptr);
+  contexto_.relata(RegraDoBanco::QuantasLinhas, {forma_.nome, "", ""}, contexto_.leitores(forma_.nome, ""),
+                   nullptr,
+                   poucas ? fraseDe("{n} row, without which fields are left out",
+                                    "{n} rows, without which fields are left out", linhas)
+                          : fraseDe("{n} row, each of which adds fields or records",
+                                    "{n} rows, each of which adds fields or records", linhas),
+                   traduz(forma_.maximo == 0   ? marca("at least one")
+                          : forma_.minimo == 0 ? marca("one at most")
+                                               : marca("one")),
+                   poucas ? marca("store it") : nullptr);
 }
 
 void Passada::confereOrdem(const ColunaLigada& coluna) const {
   const Ordem& ordem = coluna.ordem;
   if (ordem.uso == nullptr || ordem.textos == 0 || (ordem.outros == 0 && ordem.menor == ordem.maior)) return;
   const bool maximo = ordem.uso->uso == Uso::Maximo;
-  const std::string encontrado = ordem.outros != 0 ? "the text " + ordem.longo + " among numbers"
-                                                   : "the texts " + ordem.curto + " and " + ordem.longo;
   contexto_.relata(maximo ? RegraDoBanco::MaximoDeTexto : RegraDoBanco::OrdemDeTexto,
                    {forma_.nome, "", coluna.verificada.nome}, coluna.verificada.leitores, nullptr,
-                   encontrado + (maximo ? ", the greatest of which is taken letter by letter"
-                                        : ", which are sorted letter by letter"),
-                   "numbers, or texts of as many digits");
+                   textosEmDesordem(ordem), traduz("numbers, or texts of as many digits"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ErroDoBanco.h"
+#include "Idioma.h"
 
 namespace cotepe {
 
@@ -35,8 +36,8 @@ std::string_view Pergunta::texto(int coluna) const {
 }
 
 void Pergunta::falha() const {
-  throw ErroDoBanco({"cannot check the database", "a query", sqlite3_errmsg(banco_),
-                     "a database that can be read to its end", "restore it from a copy"});
+  throw ErroDoBanco({traduz("cannot check the database"), traduz("a query"), sqlite3_errmsg(banco_),
+                     traduz("a database that can be read to its end"), traduz("restore it from a copy")});
 }
 
 std::vector<std::string> Contexto::colunas(const std::string& tabela) const {
@@ -56,7 +57,7 @@ bool Contexto::tem(const std::string& tabela, const std::string& coluna) const {
 
 std::string Contexto::leitores(std::string_view tabela, std::string_view coluna) const {
   std::string codigos = registrosQueLeem(tabela, coluna, opcoes_.alcance);
-  if (codigos.empty() && !destinosDe(tabela, coluna, opcoes_.alcance).empty()) codigos = "E01 to E22";
+  if (codigos.empty() && !destinosDe(tabela, coluna, opcoes_.alcance).empty()) codigos = traduz("E01 to E22");
   return codigos;
 }
 
@@ -80,7 +81,7 @@ void Contexto::relata(RegraDoBanco regra, const Lugar& lugar, const std::string&
   }
   achado.encontrado = std::move(encontrado);
   achado.esperado = std::move(esperado);
-  achado.conserto = conserto != nullptr ? conserto : daRegra.conserto;
+  achado.conserto = traduz(conserto != nullptr ? conserto : daRegra.conserto);
   recebe_.recebe(achado);
 }
 

@@ -25,7 +25,6 @@ class Pergunta {
   void vincula(int parametro, const std::string& texto);
   bool avanca();
   int tipo(int coluna) const { return sqlite3_column_type(declaracao_, coluna); }
-  std::int64_t inteiro(int coluna) const { return sqlite3_column_int64(declaracao_, coluna); }
   /// Of the present row, until the next one; empty for NULL.
   std::string_view texto(int coluna) const;
 
@@ -58,7 +57,8 @@ class Contexto {
   /// The registers that read the column ("" for any), in words; those of the identity query are all of them.
   std::string leitores(std::string_view tabela, std::string_view coluna) const;
 
-  /// A finding of a rule that is on; `registro` is one or more codes, the field may be null.
+  /// A finding of a rule that is on; `registro` is one or more codes, the field may be null. `conserto`, to
+  /// be translated, stands for the rule's own advice.
   void relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
               std::string encontrado, std::string esperado, const char* conserto = nullptr) const;
 

@@ -50,8 +50,8 @@ constexpr std::size_t kQuantasRegrasDoBanco = static_cast<std::size_t>(RegraDoBa
 struct DescricaoDaRegraDoBanco {
   const char* nome;  // as --disable takes it
   Severidade severidade;
-  const char* resumo;    // one line
-  const char* conserto;  // what to do about a finding
+  const char* resumo;    // one line, to be translated
+  const char* conserto;  // what to do about a finding, to be translated
 };
 
 const DescricaoDaRegraDoBanco& descricao(RegraDoBanco regra);

@@ -1,6 +1,7 @@
 // What must match between tables, and what must be there once.
 #include <algorithm>
 
+#include "Idioma.h"
 #include "Verificacao/Citacao.h"
 #include "Verificacao/Partes.h"
 
@@ -65,13 +66,14 @@ void confereLigacao(const Contexto& contexto, const Ligacao& ligacao) {
   if (!contexto.ligada(regra) || !possivel(contexto, ligacao)) return;
   const std::string leitores = contexto.leitores(ligacao.tabela, ligacao.coluna);
   const std::vector<std::string> chave = chavePresente(contexto, ligacao.tabela);
-  const std::string alvos = std::string(ligacao.alvo) +
-                            (ligacao.outroAlvo == nullptr ? "" : std::string(" or ") + ligacao.outroAlvo);
+  const std::string esperado = ligacao.outroAlvo == nullptr
+                                   ? frase("one of {1}", {ligacao.alvo})
+                                   : frase("one of {1} or {2}", {ligacao.alvo, ligacao.outroAlvo});
   Pergunta pergunta(contexto.banco(), sqlDaLigacao(ligacao, chave));
   while (pergunta.avanca())
     contexto.relata(regra, {ligacao.tabela, chaveDaLinha(pergunta, chave), ligacao.coluna}, leitores, nullptr,
-                    citado(pergunta.texto(0)) + ", with which the row is left out without a word",
-                    std::string("one of ") + alvos);
+                    frase("{1}, with which the row is left out without a word", {citado(pergunta.texto(0))}),
+                    esperado);
 }
 
 void confereUnico(const Contexto& contexto, const Unicidade& unicidade) {
@@ -88,10 +90,10 @@ void confereUnico(const Contexto& contexto, const Unicidade& unicidade) {
                         (unicidade.quais == nullptr ? "" : std::string(" AND ") + unicidade.quais) +
                         " GROUP BY " + unicidade.colunas + " HAVING count(*) > 1");
   while (pergunta.avanca())
-    contexto.relata(RegraDoBanco::Repetido,
-                    {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
-                    contexto.leitores(unicidade.tabela, colunas[0]), nullptr,
-                    std::to_string(pergunta.inteiro(0)) + " rows: " + unicidade.consequencia, "one");
+    contexto.relata(
+        RegraDoBanco::Repetido, {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
+        contexto.leitores(unicidade.tabela, colunas[0]), nullptr,
+        frase("{1} rows: {2}", {pergunta.texto(0), traduz(unicidade.consequencia)}), traduz("one"));
 }
 
 // Payments join the coupons of both kinds by the same counter.
@@ -105,8 +107,9 @@ void confereDoisCupons(const Contexto& contexto) {
     contexto.relata(RegraDoBanco::DoisCupons,
                     {"cupom_nf", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
                     contexto.leitores("pagamento_cupom", "cont_coo"), nullptr,
-                    "a row of cupom_fiscal with the same counter: every payment of it is written for both",
-                    "a counter of its own");
+                    traduz("a row of cupom_fiscal with the same counter: every payment of it is written for "
+                           "both"),
+                    traduz("a counter of its own"));
 }
 
 // Fiscal coupons and other documents are numbered by the same counter.
@@ -121,8 +124,8 @@ void confereCooUnico(const Contexto& contexto) {
     contexto.relata(RegraDoBanco::Repetido,
                     {"outros_documentos", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
                     contexto.leitores("outros_documentos", "cont_coo"), nullptr,
-                    "a row of cupom_fiscal with the same counter: two records have the same counter",
-                    "a counter of its own");
+                    traduz("a row of cupom_fiscal with the same counter: two records have the same counter"),
+                    traduz("a counter of its own"));
 }
 
 // E13 writes the sum of what is not fiscal, which may be wider than its field though no part of it is.
@@ -143,8 +146,9 @@ void confereSomaNaoFiscal(const Contexto& contexto) {
   while (pergunta.avanca())
     contexto.relata(RegraDoBanco::NumeroLargo,
                     {"totalizador_reducao", "cont_crz=" + legivel(pergunta.texto(0)), "valor_base_calculo"},
-                    "", &*e13, citado(pergunta.texto(1)) + ", the sum of what is not fiscal",
-                    "a sum of at most " + std::to_string(inteiros) + " digits before the point");
+                    "", &*e13, frase("{1}, the sum of what is not fiscal", {citado(pergunta.texto(1))}),
+                    fraseDe("a sum of at most {n} digit before the point",
+                            "a sum of at most {n} digits before the point", inteiros));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // What the schema itself must have: tables, columns, and indexes for the queries' searches.
 #include <algorithm>
 
+#include "Idioma.h"
 #include "Verificacao/Partes.h"
 
 namespace cotepe {
@@ -12,7 +13,7 @@ void confereColunas(const Contexto& contexto, const FormaDaTabela& forma) {
     const std::string leitores = contexto.leitores(forma.nome, coluna.nome);
     if (leitores.empty()) continue;
     contexto.relata(RegraDoBanco::ColunaAusente, {forma.nome, "", coluna.nome}, leitores, nullptr,
-                    "no such column, without which the query fails", "the column");
+                    traduz("no such column, without which the query fails"), traduz("the column"));
   }
 }
 
@@ -22,8 +23,10 @@ void confereQuantasColunas(const Contexto& contexto, const FormaDaTabela& forma,
   const auto precisas = static_cast<std::size_t>(fim - forma.colunas.begin());
   if (quantas >= precisas) return;
   contexto.relata(RegraDoBanco::ColunaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
-                  nullptr, std::to_string(quantas) + " columns, which are read by position",
-                  "at least " + std::to_string(precisas));
+                  nullptr,
+                  fraseDe("{n} column, which is read by position", "{n} columns, which are read by position",
+                          static_cast<long long>(quantas)),
+                  frase("at least {1}", {std::to_string(precisas)}));
 }
 
 // The first column of each index of a table, and its row number where a column stands for it.
@@ -48,7 +51,7 @@ void confereEsquema(const Contexto& contexto) {
     const std::size_t quantas = contexto.colunas(forma.nome).size();
     if (quantas == 0)
       contexto.relata(RegraDoBanco::TabelaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
-                      nullptr, "no such table, without which the query fails", "the table");
+                      nullptr, traduz("no such table, without which the query fails"), traduz("the table"));
     else if (forma.porPosicao)
       confereQuantasColunas(contexto, forma, quantas);
     else
@@ -67,7 +70,8 @@ void confereIndices(const Contexto& contexto) {
       continue;
     contexto.relata(RegraDoBanco::SemIndice, {busca.tabela, "", busca.coluna},
                     contexto.leitores(busca.tabela, busca.coluna), nullptr,
-                    "no index that begins with it, so that the table is read again and again", "an index");
+                    traduz("no index that begins with it, so that the table is read again and again"),
+                    traduz("an index"));
   }
 }
 

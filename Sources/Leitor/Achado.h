@@ -9,7 +9,8 @@ namespace cotepe {
 /// How much a finding weighs.
 enum class Severidade : std::uint8_t { Erro, Aviso };
 
-/// One finding. Texts are for people, in English but for the law's labels; what does not apply is empty or 0.
+/// One finding. Texts are for people, in the language of the program but for the law's labels; what does not
+/// apply is empty or 0.
 struct Achado {
   Severidade severidade = Severidade::Erro;  ///< of the rule
   std::string regra;  ///< its name: lower case, words joined by hyphens; what --disable takes

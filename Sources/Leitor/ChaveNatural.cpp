@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
 
@@ -41,7 +42,7 @@ std::string chaveDe(const RegistroLido& lido, long ordem) {
 
 std::string chaveParaPessoas(const RegistroLido& lido, long ordem) {
   if (lido.registro == nullptr || camposDaChave(lido)[0] == nullptr)
-    return ordem == 1 ? std::string() : "number " + std::to_string(ordem);
+    return ordem == 1 ? std::string() : frase("number {1}", {std::to_string(ordem)});
   std::string texto;
   for (const char* rotulo : camposDaChave(lido)) {
     if (rotulo == nullptr) break;

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "ChaveNatural.h"
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
 #include "Valor.h"
@@ -35,7 +36,7 @@ std::string entreAspas(std::string_view bytes) {
 // The value for people and, where that is another text, the bytes too.
 std::string legivel(const RegistroLido& lido, std::size_t campo) {
   const std::string_view bytes = lido.bytes(campo);
-  if (bytes.empty()) return "nothing";
+  if (bytes.empty()) return traduz("nothing");
   const Valor valor = valorDe(lido, campo);
   const bool formado = valor.tipo == TipoDeValor::Decimal || valor.tipo == TipoDeValor::Data ||
                        valor.tipo == TipoDeValor::Hora;
@@ -44,10 +45,11 @@ std::string legivel(const RegistroLido& lido, std::size_t campo) {
 
 // Two texts that look the same are told by the first byte that is not.
 std::string primeiroByte(std::string_view bytes, std::size_t i) {
-  if (i >= bytes.size()) return "the end at byte " + std::to_string(i + 1);
+  const std::string lugar = std::to_string(i + 1);
+  if (i >= bytes.size()) return frase("the end at byte {1}", {lugar});
   char texto[8];
   static_cast<void>(std::snprintf(texto, sizeof texto, "0x%02X", static_cast<unsigned char>(bytes[i])));
-  return "byte " + std::to_string(i + 1) + ' ' + texto;
+  return frase("byte {1} {2}", {lugar, texto});
 }
 
 void diz(Achado& achado, const RegistroLido& esperado, std::size_t i, const RegistroLido& encontrado,
@@ -96,15 +98,21 @@ std::string_view resto(const RegistroLido& lido) {
   return fim < lido.linha.texto.size() ? lido.linha.texto.substr(fim) : std::string_view();
 }
 
+std::string nomeDoResto(std::string_view resto) {
+  if (resto.empty()) return traduz("nothing");
+  return fraseDe("{n} byte {1}", "{n} bytes {1}", static_cast<long long>(resto.size()), {entreAspas(resto)});
+}
+
 const char* nomeDoFim(const LinhaLida& linha) {
-  if (linha.semFim) return "the end of the file";
-  return linha.comCr ? "CR and LF" : "LF";
+  if (linha.semFim) return traduz("the end of the file");
+  return linha.comCr ? traduz("CR and LF") : "LF";
 }
 
 std::string registroComChave(const RegistroLido& lido, long ordem) {
-  if (lido.registro == nullptr) return "a line of no register, " + entreAspas(lido.linha.texto);
+  if (lido.registro == nullptr) return frase("a line of no register, {1}", {entreAspas(lido.linha.texto)});
+  const std::string qual = lido.vazio ? traduz("a placeholder record") : traduz("a record");
   const std::string chave = chaveParaPessoas(lido, ordem);
-  return std::string(lido.vazio ? "a placeholder record" : "a record") + (chave.empty() ? "" : ": ") + chave;
+  return chave.empty() ? qual : qual + ": " + chave;
 }
 
 }  // namespace
@@ -148,10 +156,10 @@ void Diferenca::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
   Achado achado;
   achado.regra = "layout";
   achado.arquivo = opcoes_.encontrado;
-  achado.encontrado = std::to_string(soLarguras_) + (soLarguras_ == 1 ? " record" : " records") +
-                      " in fields of other widths";
-  achado.esperado = "the widths of " + opcoes_.esperado;
-  achado.conserto = "the values are the same";
+  achado.encontrado =
+      fraseDe("{n} record in fields of other widths", "{n} records in fields of other widths", soLarguras_);
+  achado.esperado = frase("the widths of {1}", {opcoes_.esperado});
+  achado.conserto = traduz("the values are the same");
   saida_.recebe(achado);
 }
 
@@ -195,8 +203,8 @@ int Diferenca::confrontaCampos(const RegistroLido& esperado, const RegistroLido&
       Achado achado = achadoEm("field", esperado, encontrado, ordem);
       achado.numero = tem.campos[k].numero;
       achado.campo = rotuloUnico(tem, k);
-      achado.encontrado = i < 0 ? legivel(tem, k) : "no such field";
-      achado.esperado = i < 0 ? "no such field" : legivel(tem, k);
+      achado.encontrado = i < 0 ? legivel(tem, k) : traduz("no such field");
+      achado.esperado = i < 0 ? traduz("no such field") : legivel(tem, k);
       saida_.recebe(achado);
       continue;
     }
@@ -233,16 +241,12 @@ int Diferenca::confrontaResto(const RegistroLido& esperado, const RegistroLido& 
     saida_.recebe(achado);
   };
   const std::string_view restoA = resto(esperado), restoB = resto(encontrado);
-  if (restoA != restoB) {
-    const auto nome = [](std::string_view r) {
-      return r.empty() ? "nothing" : std::to_string(r.size()) + " bytes " + entreAspas(r);
-    };
-    aponta("line", nome(restoB) + " behind the last field", nome(restoA));
-  }
+  if (restoA != restoB)
+    aponta("line", frase("{1} behind the last field", {nomeDoResto(restoB)}), nomeDoResto(restoA));
   if (!inteira(esperado.linha) || !inteira(encontrado.linha))
     aponta("line",
-           "a line of " + std::to_string(encontrado.linha.tamanho) + " bytes, not all of them compared",
-           std::to_string(esperado.linha.tamanho) + " bytes");
+           frase("a line of {1} bytes, not all of them compared", {std::to_string(encontrado.linha.tamanho)}),
+           fraseDe("{n} byte", "{n} bytes", static_cast<long long>(esperado.linha.tamanho)));
   if (!mesmoFim(esperado.linha, encontrado.linha))
     aponta("line-end", nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
   return diferentes;
@@ -255,8 +259,8 @@ void Diferenca::confereOrdem(const RegistroLido& esperado, const RegistroLido& e
   ultimaEncontrada_ = std::max(ultimaEncontrada_, encontrado.linha.numero);
   if (!fora || !opcoes_.comOrdem) return;
   Achado achado = achadoEm("order", esperado, encontrado, ordem);
-  achado.encontrado = "the record out of its place";
-  achado.esperado = "the order of " + opcoes_.esperado;
+  achado.encontrado = traduz("the record out of its place");
+  achado.esperado = frase("the order of {1}", {opcoes_.esperado});
   saida_.recebe(achado);
 }
 
@@ -285,10 +289,10 @@ void Diferenca::faltaOuSobra(Pendentes& pendentes, bool falta) {
     achado.conteudo = guardado->texto;
     if (lido.registro != nullptr) achado.registro = lido.registro->codigo;
     const std::string qual = registroComChave(lido, guardado->ordem);
-    achado.encontrado = falta ? "none" : qual;
-    achado.esperado = falta ? qual : "none";
+    achado.encontrado = falta ? traduz("none") : qual;
+    achado.esperado = falta ? qual : traduz("none");
     if (falta)
-      achado.conserto = "line " + std::to_string(lido.linha.numero) + " of " + opcoes_.esperado;
+      achado.conserto = frase("line {1} of {2}", {std::to_string(lido.linha.numero), opcoes_.esperado});
     else
       achado.linha = lido.linha.numero;
     saida_.recebe(achado);
@@ -305,8 +309,8 @@ Achado Diferenca::achadoEm(const char* regra, const RegistroLido& esperado, cons
   achado.conteudo = std::string(encontrado.linha.texto);
   if (encontrado.registro != nullptr) achado.registro = encontrado.registro->codigo;
   const std::string chave = chaveParaPessoas(encontrado, ordem);
-  achado.conserto = (chave.empty() ? "" : chave + "; ") + "line " + std::to_string(esperado.linha.numero) +
-                    " of " + opcoes_.esperado;
+  achado.conserto = (chave.empty() ? "" : chave + "; ") +
+                    frase("line {1} of {2}", {std::to_string(esperado.linha.numero), opcoes_.esperado});
   return achado;
 }
 

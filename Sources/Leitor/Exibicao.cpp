@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string>
 
+#include "Idioma.h"
 #include "Json.h"
 #include "Leiaute/Releitura.h"
 #include "Valor.h"
@@ -56,12 +57,8 @@ class EmTexto final : public Base {
   void mostra(const RegistroLido& lido) override {
     if (!primeiro_) saida_ << '\n';
     primeiro_ = false;
-    if (lido.registro == nullptr) {
-      saida_ << "line " << lido.linha.numero << ": of no register\n";
-      return;
-    }
-    saida_ << lido.registro->codigo << ", line " << lido.linha.numero << ": " << lido.registro->nome
-           << observacao(lido) << '\n';
+    saida_ << titulo(lido) << '\n';
+    if (lido.registro == nullptr) return;
     std::size_t largura = 0;
     for (std::size_t i = 0; i < lido.quantos; ++i)
       largura = std::max(largura, caracteres(rotuloUnico(lido, i)));
@@ -73,11 +70,14 @@ class EmTexto final : public Base {
   }
 
  private:
-  static std::string observacao(const RegistroLido& lido) {
-    if (!lido.medidaCerta)
-      return " (" + std::to_string(lido.linha.tamanho) + " bytes instead of " +
-             std::to_string(lido.comprimento) + ')';
-    return lido.vazio ? " (placeholder)" : "";
+  static std::string titulo(const RegistroLido& lido) {
+    const std::string numero = std::to_string(lido.linha.numero);
+    if (lido.registro == nullptr) return frase("line {1}: of no register", {numero});
+    const char* modelo = !lido.medidaCerta ? marca("{1}, line {2}: {3} ({4} bytes instead of {5})")
+                         : lido.vazio      ? marca("{1}, line {2}: {3} (placeholder)")
+                                           : marca("{1}, line {2}: {3}");
+    return frase(modelo, {lido.registro->codigo, numero, lido.registro->nome,
+                          std::to_string(lido.linha.tamanho), std::to_string(lido.comprimento)});
   }
 
   bool primeiro_ = true;
@@ -119,7 +119,7 @@ class EmTabela final : public Base {
     campos_ = lido.campos;
     indice_ = lido.indice;
     saida_ << lido.registro->codigo << ": " << lido.registro->nome << '\n';
-    std::string linha = alinhado("line", kLarguraDaLinha, true);
+    std::string linha = alinhado(traduz("line"), kLarguraDaLinha, true);
     for (std::size_t i = 0; i < lido.quantos; ++i)
       if (!cabecalho(lido, i))
         linha +=

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <ostream>
 
+#include "Idioma.h"
 #include "Json.h"
 #include "Trecho.h"
 
@@ -18,7 +19,10 @@ constexpr char kAbreSarif[] =
 constexpr char kVermelho[] = "\033[1;31m", kAmarelo[] = "\033[1;33m", kVerde[] = "\033[1;32m",
                kNormal[] = "\033[0m";
 
-const char* palavra(Severidade severidade) { return severidade == Severidade::Erro ? "error" : "warning"; }
+// For programs; for people it is translated.
+const char* palavra(Severidade severidade) {
+  return severidade == Severidade::Erro ? marca("error") : marca("warning");
+}
 
 std::string lugarNoBanco(const Achado& achado) {
   std::string lugar = achado.tabela;
@@ -48,8 +52,8 @@ std::string sentenca(const Achado& achado) {
   const auto junta = [&texto](const char* separador, const std::string& parte) {
     texto += (texto.empty() ? "" : separador) + parte;
   };
-  if (!achado.encontrado.empty()) junta("", "found " + achado.encontrado);
-  if (!achado.esperado.empty()) junta(", ", "expected " + achado.esperado);
+  if (!achado.encontrado.empty()) junta("", frase("found {1}", {achado.encontrado}));
+  if (!achado.esperado.empty()) junta(", ", frase("expected {1}", {achado.esperado}));
   if (!achado.conserto.empty()) junta(" ", '(' + achado.conserto + ')');
   return texto;
 }
@@ -62,10 +66,6 @@ std::string mensagem(const Achado& achado) {
 std::string depoisDaSeveridade(const Achado& achado) {
   const std::string campo = doCampo(achado);
   return ' ' + achado.regra + (campo.empty() ? "" : ' ' + campo) + ": " + sentenca(achado);
-}
-
-std::string plural(long quantos, const char* nome) {
-  return std::to_string(quantos) + ' ' + nome + (quantos == 1 ? "" : "s");
 }
 
 }  // namespace
@@ -84,7 +84,8 @@ bool formatoDeAchados(const std::string& nome, FormatoDeAchados& formato) {
 
 std::string textoDoAchado(const Achado& achado) {
   const std::string onde = lugar(achado);
-  return (onde.empty() ? onde : onde + ": ") + palavra(achado.severidade) + depoisDaSeveridade(achado);
+  return (onde.empty() ? onde : onde + ": ") + traduz(palavra(achado.severidade)) +
+         depoisDaSeveridade(achado);
 }
 
 SaidaDeAchados::Opcoes SaidaDeAchados::opcoesPara(int descritor) {
@@ -129,8 +130,8 @@ void SaidaDeAchados::escreveTexto(const Achado& achado) {
   if (opcoes_.cores) {
     const std::string onde = lugar(achado);
     saida_ << (onde.empty() ? onde : onde + ": ")
-           << (achado.severidade == Severidade::Erro ? kVermelho : kAmarelo) << palavra(achado.severidade)
-           << kNormal << depoisDaSeveridade(achado) << '\n';
+           << (achado.severidade == Severidade::Erro ? kVermelho : kAmarelo)
+           << traduz(palavra(achado.severidade)) << kNormal << depoisDaSeveridade(achado) << '\n';
   } else {
     saida_ << textoDoAchado(achado) << '\n';
   }
@@ -143,9 +144,10 @@ void SaidaDeAchados::escreveTexto(const Achado& achado) {
 
 void SaidaDeAchados::terminaTexto() {
   if (total() == 0) return;
-  saida_ << plural(erros_, "error") << ", " << plural(avisos_, "warning");
-  if (escritos_ < total()) saida_ << " (" << escritos_ << " shown)";
-  saida_ << '\n';
+  const std::string contagem =
+      fraseDe("{n} error", "{n} errors", erros_) + ", " + fraseDe("{n} warning", "{n} warnings", avisos_);
+  saida_ << (escritos_ < total() ? frase("{1} ({2} shown)", {contagem, std::to_string(escritos_)}) : contagem)
+         << '\n';
 }
 
 void SaidaDeAchados::escreveJson(const Achado& achado) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 #include "Validacao/NumeroFiscal.h"
@@ -11,30 +12,30 @@
 namespace cotepe {
 namespace {
 
-/// What a field must be, beyond its kind.
-struct Exigencia {
-  const char* letras = nullptr;  // the letters of a flag
-  std::string constante;         // what it holds in every data record; empty for no such thing
-  bool presente = false;         // a date or an hour that may not be blank
-  bool contribuinte = false;     // a CNPJ
-  bool consumidor = false;       // a CNPJ or a CPF
-};
-
+/// The letters of a flag, and the same in words.
 struct LetrasDoCampo {
-  const char* rotulo;
-  const char* letras;
+  const char *rotulo, *letras, *esperado;
 };
 
 constexpr LetrasDoCampo kLetras[] = {
-    {"Cancelado (S/N)", "SN"},
-    {"Estornado (S/N)", "SN"},
-    {"Perda de dados da MT", "SN"},
-    {"Tipo do desconto", "VP"},
-    {"Tipo do acréscimo", "VP"},
-    {"Ordem de desconto e acréscimo", " DA"},
-    {"Arredondamento ou truncamento", "AT"},
-    {"Casas decimais da quantidade", "23"},
-    {"Casas decimais do valor unitário", "23"},
+    {"Cancelado (S/N)", "SN", marca("S or N")},
+    {"Estornado (S/N)", "SN", marca("S or N")},
+    {"Perda de dados da MT", "SN", marca("S or N")},
+    {"Tipo do desconto", "VP", marca("V or P")},
+    {"Tipo do acréscimo", "VP", marca("V or P")},
+    {"Ordem de desconto e acréscimo", " DA", marca("a blank, D or A")},
+    {"Arredondamento ou truncamento", "AT", marca("A or T")},
+    {"Casas decimais da quantidade", "23", marca("2 or 3")},
+    {"Casas decimais do valor unitário", "23", marca("2 or 3")},
+};
+
+/// What a field must be, beyond its kind.
+struct Exigencia {
+  const LetrasDoCampo* letras = nullptr;  // of a flag
+  std::string constante;                  // what it holds in every data record; empty for no such thing
+  bool presente = false;                  // a date or an hour that may not be blank
+  bool contribuinte = false;              // a CNPJ
+  bool consumidor = false;                // a CNPJ or a CPF
 };
 
 // Dates whose column is never NULL, or is what the period is judged by.
@@ -57,7 +58,7 @@ std::string constanteDe(const Campo& campo) {
 Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
   Exigencia exigencia;
   for (const LetrasDoCampo& conhecida : kLetras)
-    if (std::strcmp(campo.rotulo, conhecida.rotulo) == 0) exigencia.letras = conhecida.letras;
+    if (std::strcmp(campo.rotulo, conhecida.rotulo) == 0) exigencia.letras = &conhecida;
   exigencia.constante = constanteDe(campo);
   exigencia.presente = (deData(campo.especie) || deHora(campo.especie)) && dataObrigatoria(registro, campo);
   exigencia.consumidor = std::strcmp(campo.rotulo, "CPF/CNPJ do consumidor") == 0;
@@ -69,15 +70,6 @@ Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
 Defeito defeitoDe(const Campo& campo, std::string_view bytes, bool presente) {
   if (!presente || !soBrancos(bytes)) return defeito(campo.especie, bytes);
   return deData(campo.especie) ? Defeito::Data : Defeito::Hora;
-}
-
-std::string letrasEsperadas(const char* letras) {
-  std::string texto;
-  for (const char* letra = letras; *letra != '\0'; ++letra) {
-    if (letra != letras) texto += letra[1] == '\0' ? " or " : ", ";
-    texto += *letra == ' ' ? std::string("a blank") : std::string(1, *letra);
-  }
-  return texto;
 }
 
 class CamposDaLinha final : public Familia {
@@ -106,8 +98,8 @@ class CamposDaLinha final : public Familia {
       return;
     }
     if (exigencia.letras != nullptr) {
-      if (std::strchr(exigencia.letras, bytes[0]) == nullptr || bytes[0] == '\0')
-        relator_.noCampo(Regra::Letra, lido, i, entreAspas(bytes), letrasEsperadas(exigencia.letras));
+      if (std::strchr(exigencia.letras->letras, bytes[0]) == nullptr || bytes[0] == '\0')
+        relator_.noCampo(Regra::Letra, lido, i, entreAspas(bytes), traduz(exigencia.letras->esperado));
       return;
     }
     const Defeito achado = defeitoDe(*campo.campo, bytes, exigencia.presente);
@@ -122,17 +114,17 @@ class CamposDaLinha final : public Familia {
     switch (achado) {
       case Defeito::Digitos:
         return relator_.noCampo(Regra::Digitos, lido, i, bytes,
-                                std::to_string(lido.campos[i].largura) + " digits");
+                                fraseDe("{n} digit", "{n} digits", lido.campos[i].largura));
       case Defeito::Controle:
-        return relator_.noCampo(Regra::Controle, lido, i, bytes, "no control character");
+        return relator_.noCampo(Regra::Controle, lido, i, bytes, traduz("no control character"));
       case Defeito::NaoAscii:
-        return relator_.noCampo(Regra::NaoAscii, lido, i, bytes, "ASCII alone");
+        return relator_.noCampo(Regra::NaoAscii, lido, i, bytes, traduz("ASCII alone"));
       case Defeito::Alinhamento:
-        return relator_.noCampo(Regra::Alinhamento, lido, i, bytes, "no blank before the text");
+        return relator_.noCampo(Regra::Alinhamento, lido, i, bytes, traduz("no blank before the text"));
       case Defeito::Data:
-        return relator_.noCampo(Regra::Data, lido, i, bytes, "a day as AAAAMMDD");
+        return relator_.noCampo(Regra::Data, lido, i, bytes, traduz("a day as AAAAMMDD"));
       default:  // Hora
-        return relator_.noCampo(Regra::Hora, lido, i, bytes, "an hour as HHMMSS");
+        return relator_.noCampo(Regra::Hora, lido, i, bytes, traduz("an hour as HHMMSS"));
     }
   }
 
@@ -140,21 +132,23 @@ class CamposDaLinha final : public Familia {
     const std::string_view bytes = lido.bytes(i);
     if (soZeros(bytes) || cnpjValido(bytes) || (podeSerCpf && cpfValido(bytes))) return;
     relator_.noCampo(Regra::NumeroFiscal, lido, i, entreAspas(bytes),
-                     podeSerCpf ? "a CPF or CNPJ with right check digits" : "a CNPJ with right check digits");
+                     podeSerCpf ? traduz("a CPF or CNPJ with right check digits")
+                                : traduz("a CNPJ with right check digits"));
   }
 
   void confereLargura(const RegistroLido& lido, std::size_t i) {
     const int nominal = lido.campos[i].campo->largura;
     if (lido.campos[i].largura > nominal && lido.bytes(i)[0] == '0')
       relator_.noCampo(Regra::Largura, lido, i, entreAspas(lido.bytes(i)),
-                       std::to_string(nominal) + " digits");
+                       fraseDe("{n} digit", "{n} digits", nominal));
   }
 
   void confereLeiaute(const RegistroLido& lido, std::size_t i) {
     const std::string_view bytes = lido.bytes(i);
-    if (bytes != "AC1704 01.00.00" && bytes != "AC1704 02.00.00")
+    constexpr std::string_view kPrimeiro = "AC1704 01.00.00", kSegundo = "AC1704 02.00.00";
+    if (bytes != kPrimeiro && bytes != kSegundo)
       relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes),
-                       R"("AC1704 01.00.00" or "AC1704 02.00.00")");
+                       frase("{1} or {2}", {entreAspas(kPrimeiro), entreAspas(kSegundo)}));
   }
 
   Relator& relator_;

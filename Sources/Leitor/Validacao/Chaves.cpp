@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 
@@ -106,7 +107,8 @@ class Sequencia {
     if (resto < 0) return foraDeOrdem(relator, lido, segundo_);
     if (resto == 0 && chave_.unica)
       relator.noCampo(Regra::ContadorRepetido, lido, segundo_.indice(),
-                      entreAspas(segundo_.bytes(lido)) + " a second time", "each key once");
+                      frase("{1} a second time", {entreAspas(segundo_.bytes(lido))}),
+                      traduz("each key once"));
   }
 
   void foraDeOrdem(Relator& relator, const RegistroLido& lido, const Coluna& coluna) const {
@@ -116,8 +118,10 @@ class Sequencia {
                               : chave_.tipo == Segundo::Numero ? contadorEscrito(anterior_.segundo, largura)
                                                                : anterior_.texto;
     relator.noCampo(Regra::OrdemDasChaves, lido, coluna.indice(),
-                    entreAspas(coluna.bytes(lido)) + (antes.empty() ? "" : " after " + entreAspas(antes)),
-                    "ascending keys");
+                    antes.empty()
+                        ? entreAspas(coluna.bytes(lido))
+                        : frase("{1} after {2}", {entreAspas(coluna.bytes(lido)), entreAspas(antes)}),
+                    traduz("ascending keys"));
   }
 
   void confereData(Relator& relator, const RegistroLido& lido) {
@@ -125,7 +129,8 @@ class Sequencia {
     if (!dataPossivel(data)) return;
     if (!dataAnterior_.empty() && data < dataAnterior_)
       relator.noCampo(Regra::DataRetrocede, lido, data_.indice(),
-                      entreAspas(data) + " after " + entreAspas(dataAnterior_), "no earlier day");
+                      frase("{1} after {2}", {entreAspas(data), entreAspas(dataAnterior_)}),
+                      traduz("no earlier day"));
     dataAnterior_ = data;
   }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Idioma.h"
 #include "Validacao/Familia.h"
 #include "Validacao/Paginas.h"
 
@@ -17,9 +18,13 @@ std::int64_t limite(int largura) {
   return limite;
 }
 
-std::string faltam(std::int64_t primeiro, std::int64_t ultimo, int largura) {
-  const std::string de = '"' + contadorEscrito(primeiro, largura) + '"';
-  return primeiro == ultimo ? de : de + " to \"" + contadorEscrito(ultimo, largura) + '"';
+std::string citado(std::int64_t contador, int largura) {
+  return entreAspas(contadorEscrito(contador, largura));
+}
+
+std::string semDocumentos(std::int64_t de, std::int64_t ate, int largura) {
+  return frase(de == ate ? marca("no document with COO {1}") : marca("no document with COO {1} to {2}"),
+               {citado(de, largura), citado(ate, largura)});
 }
 
 /// A counter that goes on by one from record to record of a register.
@@ -41,14 +46,16 @@ class Contador {
  private:
   void compara(Relator& relator, const RegistroLido& lido, std::int64_t valor, bool podeRepetir) const {
     const int largura = lido.campos[coluna_.indice()].largura;
+    const std::string_view bytes = coluna_.bytes(lido);
     if (valor > anterior_ + 1)
       relator.noCampo(
           Regra::ContadorAusente, lido, coluna_.indice(),
-          entreAspas(coluna_.bytes(lido)) + " after " + entreAspas(contadorEscrito(anterior_, largura)),
-          faltam(anterior_ + 1, valor - 1, largura) + " between them");
+          frase("{1} after {2}", {entreAspas(bytes), citado(anterior_, largura)}),
+          frase(valor == anterior_ + 2 ? marca("{1} between them") : marca("{1} to {2} between them"),
+                {citado(anterior_ + 1, largura), citado(valor - 1, largura)}));
     if (valor == anterior_ && !podeRepetir)
       relator.noCampo(Regra::ContadorRepetido, lido, coluna_.indice(),
-                      entreAspas(coluna_.bytes(lido)) + " a second time", "each counter once");
+                      frase("{1} a second time", {entreAspas(bytes)}), traduz("each counter once"));
   }
 
   Coluna coluna_;
@@ -80,14 +87,15 @@ class Coos {
     ordena();
     if (ultimo_ >= 0 && coo <= ultimo_) return volta(ultimo_, coo);
     const auto lacuna = [&](std::int64_t de, std::int64_t ate) {
-      relator.noCampo(Regra::ContadorAusente, lido, documento_.indice(),
-                      "no document with COO " + faltam(de, ate, largura_), "it in E14 or E16");
+      relator.noCampo(Regra::ContadorAusente, lido, documento_.indice(), semDocumentos(de, ate, largura_),
+                      traduz("it in E14 or E16"));
     };
     avancaAte(coo, lacuna);
     if (temCupom() && cupomAtual() == coo) {
       passaCupom();
       relator.noCampo(Regra::ContadorRepetido, lido, documento_.indice(),
-                      entreAspas(documento_.bytes(lido)) + ", which E14 has too", "each COO once");
+                      frase("{1}, which E14 has too", {entreAspas(documento_.bytes(lido))}),
+                      traduz("each COO once"));
     }
     passa(coo, lacuna);
   }
@@ -96,8 +104,8 @@ class Coos {
     if (incerto_) return;
     ordena();
     avancaAte(INT64_MAX, [&](std::int64_t de, std::int64_t ate) {
-      relator.noArquivo(Regra::ContadorAusente, &kE14, "no document with COO " + faltam(de, ate, largura_),
-                        "it in E14 or E16");
+      relator.noArquivo(Regra::ContadorAusente, &kE14, semDocumentos(de, ate, largura_),
+                        traduz("it in E14 or E16"));
     });
   }
 

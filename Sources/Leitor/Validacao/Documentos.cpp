@@ -1,8 +1,10 @@
 // Amounts across registers: E14 with its items in E15 and payments in E21, E19 with E20 and E21.
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 #include "Validacao/TabelaDeDocumentos.h"
@@ -110,12 +112,12 @@ class Cupons {
     if (dono != nullptr && (dono->contador == contador || dono->itensIncertos)) return dono;
     if (dono == nullptr && algumIlegivel_) return nullptr;
     const Coluna& errada = dono == nullptr ? colunaCoo : colunaContador;
-    const std::string codigo = papel_.documento.codigo;
+    const char* codigo = papel_.documento.codigo;
+    const int largura = lido.campos[errada.indice()].largura;
     relator.noCampo(Regra::SemDocumento, lido, errada.indice(), entreAspas(errada.bytes(lido)),
-                    dono == nullptr
-                        ? "a COO of " + codigo
-                        : entreAspas(contadorEscrito(dono->contador, lido.campos[errada.indice()].largura)) +
-                              " as in " + codigo);
+                    dono == nullptr ? frase("a COO of {1}", {codigo})
+                                    : frase("{1} as in {2}",
+                                            {entreAspas(contadorEscrito(dono->contador, largura)), codigo}));
     return dono;
   }
 
@@ -123,22 +125,22 @@ class Cupons {
   void confereItens(Relator& relator, const Documento& documento) const {
     const std::int64_t falta = documento.faltaDeItens;
     if (falta == 0 || documento.itensIncertos || (documento.cancelado && !documento.comItem)) return;
-    relator.naLinhaLida(papel_.itens, documento.linha, papel_.documento, lugarSubtotal_,
-                        std::string("items in ") + papel_.item.codigo + " of " + diferenca(falta),
-                        "items that add up to it");
+    relator.naLinhaLida(
+        papel_.itens, documento.linha, papel_.documento, lugarSubtotal_,
+        frase(falta > 0 ? marca("items in {1} of {2} less") : marca("items in {1} of {2} more"),
+              {papel_.item.codigo, reais(std::abs(falta))}),
+        traduz("items that add up to it"));
   }
 
   // What a cancelled coupon was paid with is not looked at: it may have been reversed or not.
   void conferePagamentos(Relator& relator, const Documento& documento) const {
     const std::int64_t falta = documento.faltaDePagamentos;
     if (falta == 0 || documento.pagamentosIncertos || documento.cancelado) return;
-    relator.naLinhaLida(falta > 0 ? papel_.pagamentos : Regra::PagamentoAMais, documento.linha,
-                        papel_.documento, lugarTotal_, "payments in E21 of " + diferenca(falta),
-                        "payments that add up to it");
-  }
-
-  static std::string diferenca(std::int64_t falta) {
-    return falta > 0 ? reais(falta) + " less" : reais(-falta) + " more";
+    relator.naLinhaLida(
+        falta > 0 ? papel_.pagamentos : Regra::PagamentoAMais, documento.linha, papel_.documento, lugarTotal_,
+        frase(falta > 0 ? marca("payments in E21 of {1} less") : marca("payments in E21 of {1} more"),
+              {reais(std::abs(falta))}),
+        traduz("payments that add up to it"));
   }
 
   const Papel& papel_;

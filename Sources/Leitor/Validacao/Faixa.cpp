@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 
@@ -65,13 +66,13 @@ class Faixa final : public Familia {
     if (!soBrancos(emissao)) ultimoDia_ = std::max(ultimoDia_, emissao);
     if (dataPossivel(movimento) && dataPossivel(emissao) && emissao < movimento)
       relator_.noCampo(Regra::DataRetrocede, lido, emissao_.indice(), entreAspas(emissao),
-                       "no day before " + entreAspas(movimento));
+                       frase("no day before {1}", {entreAspas(movimento)}));
   }
 
   void confere(const Guardado& campo, const std::string& esperado) const {
     if (!ilegivel_ && campo.bytes != esperado)
       relator_.naLinhaLida(Regra::FaixaDasReducoes, campo.linha, kE01, campo.lugar, entreAspas(campo.bytes),
-                           entreAspas(esperado) + " as E12 has it");
+                           frase("{1} as E12 has it", {entreAspas(esperado)}));
   }
 
   void confereGrandeTotal() const {
@@ -79,15 +80,15 @@ class Faixa final : public Familia {
     if (gt02_.linha == 0 || !leNumero(gt02_.bytes, total)) return;
     if (!ilegivel_ && total < vendas_)
       relator_.naLinhaLida(Regra::GrandeTotal, gt02_.linha, kE02, gt02_.lugar, reais(total),
-                           "no less than " + reais(vendas_) + ", the gross sales of E12");
+                           frase("no less than {1}, the gross sales of E12", {reais(vendas_)}));
     if (gt11_.linha == 0 || !leNumero(gt11_.bytes, posicao)) return;
     for (std::size_t i = gt11_.bytes.size(); i < 18; ++i)
       total /= 10;  // of a covered one, the leading digits
+    const auto largura = static_cast<int>(gt11_.bytes.size());
     if (posicao < total)
-      relator_.naLinhaLida(Regra::GrandeTotal, gt11_.linha, kE11, gt11_.lugar, entreAspas(gt11_.bytes),
-                           "no less than " +
-                               entreAspas(contadorEscrito(total, static_cast<int>(gt11_.bytes.size()))) +
-                               " as in E02");
+      relator_.naLinhaLida(
+          Regra::GrandeTotal, gt11_.linha, kE11, gt11_.lugar, entreAspas(gt11_.bytes),
+          frase("no less than {1} as in E02", {entreAspas(contadorEscrito(total, largura))}));
   }
 
   Relator& relator_;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
 
@@ -28,7 +29,7 @@ Achado Relator::novo(Regra regra, std::string encontrado, std::string esperado) 
   achado.arquivo = arquivo_;
   achado.encontrado = std::move(encontrado);
   achado.esperado = std::move(esperado);
-  achado.conserto = descrita.conserto;
+  achado.conserto = traduz(descrita.conserto);
   return achado;
 }
 

@@ -20,7 +20,7 @@ struct LugarDoCampo {
 /// The place of a field of a line, counted from 0 among those that stand on it.
 LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo);
 
-/// Makes findings of the rules that are on.
+/// Makes findings of the rules that are on; what was found and expected is translated already.
 class Relator {
  public:
   Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas);

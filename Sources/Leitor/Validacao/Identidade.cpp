@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Idioma.h"
 #include "Validacao/Familia.h"
 
 namespace cotepe {
@@ -20,7 +21,7 @@ class Marca {
       primeira_ = lido.linha.numero;
     } else if (bytes != valor_) {
       relator.noCampo(Regra::Identidade, lido, campo, entreAspas(bytes),
-                      entreAspas(valor_) + " as in line " + std::to_string(primeira_));
+                      frase("{1} as in line {2}", {entreAspas(valor_), std::to_string(primeira_)}));
     }
   }
 
@@ -48,7 +49,7 @@ class Cnpjs {
     if (doE01_.empty() || semUsuario || bytes.size() != doE01_.front().size()) return;
     if (std::find(doE01_.begin(), doE01_.end(), bytes) == doE01_.end())
       relator.noCampo(Regra::Identidade, lido, campo, entreAspas(bytes),
-                      entreAspas(doE01_.front()) + " as in E01");
+                      frase("{1} as in {2}", {entreAspas(doE01_.front()), "E01"}));
   }
 
   std::vector<std::string> doE01_;

@@ -1,6 +1,7 @@
 // Rules about lines as such: their ends, their registers, their lengths.
 #include <string>
 
+#include "Idioma.h"
 #include "Validacao/Familia.h"
 
 namespace cotepe {
@@ -13,12 +14,14 @@ class Linhas final : public Familia {
   void linha(const RegistroLido& lido) override {
     if (lido.linha.comCr && !comCr_) fimComCr(lido);
     if (lido.linha.semFim)
-      relator_.naLinha(Regra::FimDeLinha, lido, "the end of the file", "a line-feed before it");
+      relator_.naLinha(Regra::FimDeLinha, lido, traduz("the end of the file"),
+                       traduz("a line-feed before it"));
     if (lido.registro == nullptr)
       relator_.naLinha(Regra::RegistroDesconhecido, lido, entreAspas(lido.linha.texto.substr(0, 3)),
-                       "E01 to E22");
+                       traduz("E01 to E22"));
     else if (!lido.medidaCerta)
-      relator_.naLinha(Regra::Comprimento, lido, std::to_string(lido.linha.tamanho) + " bytes",
+      relator_.naLinha(Regra::Comprimento, lido,
+                       fraseDe("{n} byte", "{n} bytes", static_cast<long long>(lido.linha.tamanho)),
                        std::to_string(lido.comprimento));
   }
 
@@ -26,7 +29,8 @@ class Linhas final : public Familia {
   // A converted file has it on every line: said once.
   void fimComCr(const RegistroLido& lido) {
     comCr_ = true;
-    relator_.naLinha(Regra::FimDeLinha, lido, "CR and LF, as maybe on other lines", "LF alone");
+    relator_.naLinha(Regra::FimDeLinha, lido, traduz("CR and LF, as maybe on other lines"),
+                     traduz("LF alone"));
   }
 
   Relator& relator_;

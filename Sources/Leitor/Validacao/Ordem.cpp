@@ -2,6 +2,7 @@
 #include <array>
 #include <string>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 
@@ -30,21 +31,22 @@ class Ordem final : public Familia {
     if (lido.registro == nullptr) return;
     if (lido.indice < anterior_)
       relator_.naLinha(Regra::OrdemDosRegistros, lido,
-                       std::string(codigo(lido.indice)) + " after " + codigo(anterior_),
-                       "registers in ascending order");
+                       frase("{1} after {2}", {codigo(lido.indice), codigo(anterior_)}),
+                       traduz("registers in ascending order"));
     anterior_ = lido.indice;
     Bloco& bloco = blocos_[static_cast<std::size_t>(lido.indice)];
     bloco.conta(lido);
     if (lido.indice == kE13Indice) (somaNaoFiscal(lido) ? naoFiscais_ : fiscais_).conta(lido);
     if (lido.indice == kE01Indice && bloco.linhas == 1) leComando(lido);
     if (bloco.linhas == 2 && unico(lido.indice))
-      relator_.naLinha(Regra::RegistroSobrando, lido, std::string("a second ") + codigo(lido.indice),
-                       "one line");
+      relator_.naLinha(Regra::RegistroSobrando, lido, frase("a second {1}", {codigo(lido.indice)}),
+                       traduz("one line"));
   }
 
   void fim() override {
     if (blocos_[kE01Indice].linhas == 0)
-      relator_.noArquivo(Regra::RegistroAusente, &kE01, "no line of E01", "E01 as the first register");
+      relator_.noArquivo(Regra::RegistroAusente, &kE01, frase("no line of {1}", {"E01"}),
+                         traduz("E01 as the first register"));
     for (int i = 0; i < static_cast<int>(kCatalogo.size()); ++i) {
       if (comandoLido_) confereDespacho(i);
       if (i != kE13Indice) confereVazios(i, blocos_[static_cast<std::size_t>(i)]);
@@ -76,30 +78,30 @@ class Ordem final : public Familia {
     const Bloco& bloco = blocos_[static_cast<std::size_t>(i)];
     const bool despachado = registro(i).despachado(comando_.c_str(), leitor_.ajuste().versao);
     if (despachado && i == kE13Indice && naoFiscais_.linhas == 0)
-      ausente(i, "no line of E13 with OPNF");
+      ausente(i, traduz("no line of E13 with OPNF"));
     else if (despachado && i != kE01Indice && bloco.linhas == 0 && !podeFaltar(i))
-      ausente(i, std::string("no line of ") + codigo(i));
+      ausente(i, frase("no line of {1}", {codigo(i)}));
     if (!despachado && bloco.linhas != 0)
       relator_.naLinhaLida(Regra::RegistroSobrando, bloco.primeira, registro(i), {},
-                           std::string("a line of ") + codigo(i),
-                           "none in layout " + std::to_string(leitor_.ajuste().versao) +
-                               " with the command " + entreAspas(comando_));
+                           frase("a line of {1}", {codigo(i)}),
+                           frase("none in layout {1} with the command {2}",
+                                 {std::to_string(leitor_.ajuste().versao), entreAspas(comando_)}));
   }
 
   void ausente(int i, std::string encontrado) {
     relator_.noArquivo(Regra::RegistroAusente, &registro(i), std::move(encontrado),
-                       "at least one with the command " + entreAspas(comando_));
+                       frase("at least one with the command {1}", {entreAspas(comando_)}));
   }
 
   void confereVazios(int i, const Bloco& bloco) {
     if (bloco.vazios == 0) return;
     if (bloco.linhas > 1)
       relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {},
-                           "a placeholder among " + std::to_string(bloco.linhas) + " lines",
-                           "a placeholder alone");
+                           frase("a placeholder among {1} lines", {std::to_string(bloco.linhas)}),
+                           traduz("a placeholder alone"));
     if (registro(i).vazio == Vazio::ForaDoCat52 && leitor_.certamenteCat52() && &bloco != &naoFiscais_)
-      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {}, "a placeholder in CAT52 mode",
-                           "no line of an empty register");
+      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {},
+                           traduz("a placeholder in CAT52 mode"), traduz("no line of an empty register"));
   }
 
   Relator& relator_;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "Idioma.h"
 #include "Validacao/Familia.h"
 
 namespace cotepe {
@@ -76,7 +77,7 @@ class Posicao final : public Familia {
       return;
     relator_.naLinhaLida(
         Regra::Posicao, linha_, kE11, lugares_[maximo.posicao.indice()], entreAspas(posicao),
-        "no less than " + entreAspas(maximo.bytes) + " of " + maximo.fonte->registro->codigo);
+        frase("no less than {1} of {2}", {entreAspas(maximo.bytes), maximo.fonte->registro->codigo}));
   }
 
   Relator& relator_;

@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 
+#include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
 
@@ -72,7 +73,7 @@ class Reducoes final : public Familia {
     if (achada != reducoes_.end()) return &achada->second;
     if (viuE12_ && !ilegivel_)
       relator_.noCampo(Regra::SemDocumento, lido, coluna.indice(), entreAspas(coluna.bytes(lido)),
-                       "a CRZ of E12");
+                       traduz("a CRZ of E12"));
     return nullptr;
   }
 
@@ -102,9 +103,10 @@ class Reducoes final : public Familia {
     if (simbolo_.bytes(lido) != "RZ" || !crz16_.le(lido, crz) || !coo16_.le(lido, coo)) return;
     const auto achada = reducoes_.find(crz);
     if (achada == reducoes_.end() || achada->second.cooIncerto || achada->second.coo == coo) return;
+    const int largura = lido.campos[coo16_.indice()].largura;
     relator_.noCampo(
         Regra::DocumentoDaReducao, lido, coo16_.indice(), entreAspas(coo16_.bytes(lido)),
-        entreAspas(contadorEscrito(achada->second.coo, lido.campos[coo16_.indice()].largura)) + " as in E12");
+        frase("{1} as in {2}", {entreAspas(contadorEscrito(achada->second.coo, largura)), "E12"}));
   }
 
   void e17(const RegistroLido& lido) {
@@ -120,13 +122,14 @@ class Reducoes final : public Familia {
   void confereVenda(const Reducao& reducao) const {
     if (reducao.fiscais == reducao.vendaBruta) return;
     relator_.naLinhaLida(Regra::TotaisDaReducao, reducao.linha, kE12, lugarVenda_, reais(reducao.vendaBruta),
-                         reais(reducao.fiscais) + ", the sum of E13");
+                         frase("{1}, the sum of {2}", {reais(reducao.fiscais), "E13"}));
   }
 
   void confereNaoFiscais(const Reducao& reducao) const {
     if (reducao.somaNaoFiscal == reducao.naoFiscais) return;
     relator_.naLinhaLida(Regra::NaoFiscaisDaReducao, reducao.linhaSoma, kE13, lugarSoma_,
-                         reais(reducao.somaNaoFiscal), reais(reducao.naoFiscais) + ", the sum of E17");
+                         reais(reducao.somaNaoFiscal),
+                         frase("{1}, the sum of {2}", {reais(reducao.naoFiscais), "E17"}));
   }
 
   Relator& relator_;

@@ -61,8 +61,8 @@ constexpr std::size_t kQuantasRegras = static_cast<std::size_t>(Regra::Quantas);
 struct DescricaoDaRegra {
   const char* nome;       ///< as --disable takes it
   Severidade severidade;  ///< of its findings
-  const char* resumo;     ///< one line
-  const char* conserto;   ///< what to do about a finding
+  const char* resumo;     ///< one line, to be translated
+  const char* conserto;   ///< what to do about a finding, to be translated
 };
 
 /// The words of a rule.

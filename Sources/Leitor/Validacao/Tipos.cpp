@@ -1,6 +1,7 @@
 // What the kind of a document says about its other fields.
 #include <string>
 
+#include "Idioma.h"
 #include "Validacao/Familia.h"
 
 namespace cotepe {
@@ -55,7 +56,8 @@ class Tipos final : public Familia {
     std::int64_t valor = 0;
     if (coluna.le(lido, valor) && valor != 0)
       relator_.noCampo(Regra::ContadoresDoTipo, lido, coluna.indice(),
-                       entreAspas(coluna.bytes(lido)) + " in a document " + entreAspas(tipo), "zeros");
+                       frase("{1} in a document {2}", {entreAspas(coluna.bytes(lido)), entreAspas(tipo)}),
+                       traduz("zeros"));
   }
 
   // A payment is of a fiscal coupon or of a non-fiscal one.
@@ -63,7 +65,7 @@ class Tipos final : public Familia {
     std::int64_t ccf = 0, gnf = 0;
     if (ccf21_.le(lido, ccf) && gnf21_.le(lido, gnf) && ccf != 0 && gnf != 0)
       relator_.noCampo(Regra::ContadoresDoTipo, lido, gnf21_.indice(),
-                       entreAspas(gnf21_.bytes(lido)) + " beside a CCF", "zeros");
+                       frase("{1} beside a CCF", {entreAspas(gnf21_.bytes(lido))}), traduz("zeros"));
   }
 
   Relator& relator_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "Idioma.h"
 #include "Leiaute/Texto.h"
 
 namespace cotepe {
@@ -117,14 +118,15 @@ SelectAnalisado analisaUm(std::string_view sql) {
 }  // namespace
 
 std::string Expressao::emPalavras() const {
-  if (constante()) return "the constant " + sql;
+  if (constante()) return frase("the constant {1}", {sql});
   std::string lida = tabela + '.' + coluna;
-  if (soma()) return "the sum of " + lida;
-  if (extremo()) return (funcao == "MIN" ? "the smallest " : "the greatest ") + lida;
-  if (funcao == "IFNULL") return lida + ", 19 blanks where it is NULL";
+  if (soma()) return frase("the sum of {1}", {lida});
+  if (funcao == "MIN") return frase("the smallest {1}", {lida});
+  if (funcao == "MAX") return frase("the greatest {1}", {lida});
+  if (funcao == "IFNULL") return frase("{1}, 19 blanks where it is NULL", {lida});
   if (funcao != "SUBSTR") return lida;
   const std::string ultimo = sql.substr(sql.rfind(',') + 1);
-  return "the first " + std::to_string(leInteiro(ultimo.c_str()) - 1) + " characters of " + lida;
+  return frase("the first {1} characters of {2}", {std::to_string(leInteiro(ultimo.c_str()) - 1), lida});
 }
 
 SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& nomes) const {

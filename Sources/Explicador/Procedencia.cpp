@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "Idioma.h"
 #include "Leiaute/Catalogo.h"
 
 namespace cotepe {
@@ -23,22 +24,22 @@ class Procurador {
 
   Procedencia procedencia(std::size_t i) const {
     const Campo& campo = *lido_.campos[i].campo;
-    if (lido_.vazio && !noCabecalho(i)) return {{}, "no row: this is a placeholder record"};
+    if (lido_.vazio && !noCabecalho(i)) return {{}, traduz("no row: this is a placeholder record")};
     switch (campo.origem.tipo) {
       case Origem::Tipo::Constante:
-        return {{}, "the generator: it is the same in every record"};
+        return {{}, traduz("the generator: it is the same in every record")};
       case Origem::Tipo::Ajuste:
         return doAjuste(campo);
       default:
         break;
     }
     if (&registro_ == &kE11 && campo.posicao != 0)
-      return {{}, "the clock of the application that made the report"};
+      return {{}, traduz("the clock of the application that made the report")};
     const Alvo alvo = daConsulta(i);
     if (alvo.sql == nullptr) return {{}, semColuna(campo)};
-    if (alvo.fila == nullptr) return {{}, "no row: the query has none"};
+    if (alvo.fila == nullptr) return {{}, traduz("no row: the query has none")};
     if (&registro_ == &kE01 && std::strcmp(campo.rotulo, "Tipo de ECF") == 0 && (*alvo.fila)[0].empty())
-      return {{}, "the application: dados_ecf.tipo is empty"};
+      return {{}, traduz("the application: dados_ecf.tipo is empty")};
     return procuraNo(alvo);
   }
 
@@ -52,25 +53,26 @@ class Procurador {
   Procedencia procuraNo(const Alvo& alvo) const {
     Procedencia procedencia;
     if (!procura(banco_, rastro_.comPeriodo(alvo.sql), *alvo.fila, alvo.coluna, alvo.vez, procedencia.coluna))
-      return {{}, "a row that cannot be told apart"};
+      return {{}, traduz("a row that cannot be told apart")};
     if (procedencia.coluna.tabela.empty())
-      procedencia.texto = "the query: it is the constant " + procedencia.coluna.valor + " there";
+      procedencia.texto = frase("the query: it is the constant {1} there", {procedencia.coluna.valor});
     return procedencia;
   }
 
   Procedencia doAjuste(const Campo& campo) const {
-    if (campo.origem.ajuste == &Ajustes::comando) return {{}, "the command that the report was made with"};
+    if (campo.origem.ajuste == &Ajustes::comando)
+      return {{}, traduz("the command that the report was made with")};
     const auto coluna = campo.origem.ajuste == &Ajustes::nrFabricacao ? IdentidadeLida::kSerie
                         : campo.origem.ajuste == &Ajustes::modelo     ? IdentidadeLida::kModelo
                                                                       : IdentidadeLida::kUsuario;
     const Fila& fila = identidade_.filas[coluna];
-    if (fila.empty()) return {{}, "the application: the database does not know it"};
+    if (fila.empty()) return {{}, traduz("the application: the database does not know it")};
     return procuraNo({kConsultaDaIdentidade, &fila, coluna, 1});
   }
 
   static std::string semColuna(const Campo& campo) {
-    return campo.origem.tipo == Origem::Tipo::Funcao ? "the layout that the report was made in"
-                                                     : "nothing: it is never filled";
+    return campo.origem.tipo == Origem::Tipo::Funcao ? traduz("the layout that the report was made in")
+                                                     : traduz("nothing: it is never filled");
   }
 
   // The row behind a field: the last one of its query, or of a line that grows the one in its turn.

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "Idioma.h"
+
 namespace cotepe {
 namespace {
 
@@ -44,7 +46,7 @@ void ArquivoTemporario::le(std::uint64_t posicao, void* bytes, std::size_t quant
                                 static_cast<off_t>(posicao + feitos));
     if (lidos < 0 && errno == EINTR) continue;
     if (lidos <= 0)
-      throw std::runtime_error("cannot read a temporary file again; set TMPDIR to another folder");
+      throw std::runtime_error(traduz("cannot read a temporary file again; set TMPDIR to another folder"));
     feitos += static_cast<std::size_t>(lidos);
   }
 }

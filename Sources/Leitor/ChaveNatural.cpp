@@ -25,7 +25,7 @@ std::string_view valor(const RegistroLido& lido, const char* rotulo) {
 
 std::string_view semEnchimento(Especie especie, std::string_view bytes) noexcept {
   if (!numerica(especie)) return semBrancosNoFim(bytes);
-  if (!soDigitos(bytes)) return bytes;
+  if (bytes.empty() || !soDigitos(bytes)) return bytes;
   return bytes.substr(std::min(bytes.find_first_not_of('0'), bytes.size() - 1));
 }
 

@@ -197,6 +197,12 @@ TEST(Diferenca, AnEmptyReportLacksEverything) {
 }
 
 // Records of the same values in counters of six and of nine digits.
+TEST(Diferenca, ALineMayEndBeforeItsKey) {
+  EXPECT_EQ(diferencas("E14\n", "E20\n"),
+            (Textos{"b.txt: error missing E14: found none, expected a record: CCF  (line 1 of a.txt)",
+                    "b.txt:1: error added E20: found a record: COO , Nº do item , expected none"}));
+}
+
 TEST(Diferenca, OtherWidthsAreToldOnce) {
   const std::string cabecalho = "E12SERIAL               MODELO              01000010";
   const std::string resto =

@@ -167,6 +167,15 @@ TEST(Composicao, ATextThatTheHostPlacesStaysInItsRoomHoweverLong) {
   }
 }
 
+TEST(Ajustes, OfWhichNothingIsSaidAreThoseOfLayout1OutsideCat52) {
+  const Ajustes ajustes;
+  EXPECT_EQ(ajustes.versao, 1);
+  EXPECT_FALSE(ajustes.cat52);
+  EXPECT_EQ(ajustes.larguraDoContador, 0);
+  EXPECT_EQ(ajustes.moduloDoContador, 0);
+  EXPECT_STREQ(ajustes.modelo, "");
+}
+
 TEST(SemFonte, HasEmptyTexts) {
   const SemFonte nenhuma;
   EXPECT_STREQ(nenhuma.texto(0), "");

@@ -31,12 +31,12 @@ class TotalDoDocumento {
 class TotalDoItem {
  public:
   void confere(Relator& relator, const RegistroLido& lido) const {
-    std::int64_t quantidade = 0, valor = 0, desconto = 0, acrescimo = 0, liquido = 0;
+    std::int64_t quantidade = 0, valor = 0, desconto = 0, acrescimo = 0, liquido = 0, casas = 0, doValor = 0;
     if (cancelado_.bytes(lido) != "N" || !quantidade_.le(lido, quantidade) || !valor_.le(lido, valor) ||
-        !desconto_.le(lido, desconto) || !acrescimo_.le(lido, acrescimo) || !liquido_.le(lido, liquido))
+        !desconto_.le(lido, desconto) || !acrescimo_.le(lido, acrescimo) || !liquido_.le(lido, liquido) ||
+        !casasQuantidade_.le(lido, casas) || !casasValor_.le(lido, doValor))
       return;
-    const std::int64_t divisor = std::int64_t{100} * (casasQuantidade_.bytes(lido) == "3" ? 10 : 1) *
-                                 (casasValor_.bytes(lido) == "3" ? 10 : 1);
+    const std::int64_t divisor = std::int64_t{100} * (casas == 3 ? 10 : 1) * (doValor == 3 ? 10 : 1);
     const std::int64_t metade = arredondamento_.bytes(lido) == "A" ? divisor / 2 : 0;
     const std::int64_t esperado = (quantidade * valor + metade) / divisor - desconto + acrescimo;
     if (liquido != esperado)

@@ -1,0 +1,76 @@
+// cotepe explain: values that come from no row of their own, or from one that cannot be named.
+#include "Cena.h"
+
+namespace {
+
+/// A report of base.db in r.txt, and where its fields come from.
+class ExplainOrigem : public Cena {
+ protected:
+  void gera(const std::string& sql, const std::vector<std::string>& mais = {}) {
+    criaBanco(sql);
+    std::vector<std::string> todos = {"--quiet", "--output", "r.txt"};
+    todos.insert(todos.end(), mais.begin(), mais.end());
+    ASSERT_EQ(Cena::gera(todos).situacao, 0);
+    const std::string texto = leArquivo(em("r.txt"));
+    for (std::size_t i = 0; i < texto.size(); i = texto.find('\n', i) + 1)
+      linhas_.push_back(texto.substr(i, texto.find('\n', i) - i));
+  }
+
+  /// What is printed last of the field with the byte in the first line of a register: its source.
+  std::string origem(const std::string& codigo, int byte) const {
+    std::size_t numero = 0;
+    while (numero < linhas_.size() && linhas_[numero].rfind(codigo, 0) != 0) ++numero;
+    const Fim fim = roda(
+        {"explain", "r.txt:" + std::to_string(numero + 1) + ':' + std::to_string(byte), "--db", "base.db"},
+        pasta());
+    EXPECT_EQ(fim.situacao, 0) << fim.erros;
+    return fim.saida.substr(fim.saida.rfind("  from:"));
+  }
+
+  std::vector<std::string> linhas_;
+};
+
+TEST_F(ExplainOrigem, ATypeThatTheDatabaseDoesNotHaveIsTheApplications) {
+  gera("UPDATE dados_ecf SET tipo = ''");
+  EXPECT_EQ(origem("E01", 25), "  from:    the application: dados_ecf.tipo is empty\n");
+}
+
+TEST_F(ExplainOrigem, ATextThatTheQueryItselfHasIsSaidSo) {
+  gera("INSERT INTO totalizador_reducao VALUES (11, 'SANGRIA', 20.5, 'N')");
+  EXPECT_EQ(origem("E13", 53), "  from:    the query: it is the constant 'OPNF' there\n");
+}
+
+TEST_F(ExplainOrigem, WithoutAPositionTheGrandTotalIsTheUsers) {
+  gera("DELETE FROM posicao_totalizadores_contadores");
+  EXPECT_EQ(origem("E02", 253), "  from:    dados_usuario.valor_gt, rowid 1: 10.5\n");
+}
+
+TEST_F(ExplainOrigem, OfTheFiscalMemoryAloneTheGrandTotalIsTheReductions) {
+  gera("", {"--command", "MF"});
+  EXPECT_EQ(origem("E02", 253),
+            "  from:    reducao_z.valor_gt, row cont_crz=12, cont_cro=1 (rowid 2): 3.75\n");
+}
+
+TEST_F(ExplainOrigem, AGrandTotalTooLongForTheQueryIsTheUsers) {
+  gera("INSERT INTO posicao_totalizadores_contadores(valor_gt) VALUES ('1234567890123456.789')");
+  EXPECT_EQ(origem("E02", 253), "  from:    dados_usuario.valor_gt, rowid 1: 10.5\n");
+}
+
+TEST_F(ExplainOrigem, ARowThatIsAnotherEachTimeIsNotFoundAgain) {
+  gera(
+      "DROP TABLE tentativas_sb; CREATE VIEW tentativas_sb AS SELECT 1 AS numero, 'x' AS versao, "
+      "'2024-01-01 00:00:00' AS data_hora, random() AS resultado",
+      {"--layout", "2"});
+  EXPECT_EQ(origem("E22", 44), "  from:    a row that cannot be told apart\n");
+}
+
+TEST_F(ExplainOrigem, DigitsThatAreNoneMeanNothing) {
+  escreveArquivo(em("r.txt"), "E22" + std::string(40, 'A') + "00x120240101\n");
+  const Fim fim = roda({"explain", "r.txt:1:44"}, pasta());
+  EXPECT_EQ(fim.situacao, 0);
+  EXPECT_NE(fim.saida.find("  bytes:   \"00x1\"\n  meaning: nothing that a field of its kind can hold\n"),
+            std::string::npos)
+      << fim.saida;
+}
+
+}  // namespace

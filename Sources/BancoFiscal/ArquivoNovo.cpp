@@ -33,9 +33,11 @@ void recolheSobras(const std::string& caminho) {
   }
 }
 
+// False also where the system cannot tell.
 bool aindaTemNome(int arquivo) {
   struct stat situacao {};
-  return ::fstat(arquivo, &situacao) == 0 && situacao.st_nlink != 0;
+  static_cast<void>(::fstat(arquivo, &situacao));
+  return situacao.st_nlink != 0;
 }
 
 [[noreturn]] void falhaDoSistema(const std::string& onde, int codigo) {
@@ -66,11 +68,6 @@ void sincroniza(const std::string& caminho, int modo) {
   if (::close(arquivo) != 0 || falha != 0) falhaDoSistema(caminho, falha != 0 ? falha : errno);
 }
 
-std::string pastaDe(const std::string& caminho) {
-  const auto barra = caminho.rfind('/');
-  return barra == std::string::npos ? "." : caminho.substr(0, barra + 1);
-}
-
 }  // namespace
 
 ArquivoNovo::ArquivoNovo(std::string caminho) : caminho_(std::move(caminho)) {
@@ -99,7 +96,7 @@ bool ArquivoNovo::cria() {
 
 ArquivoNovo::~ArquivoNovo() {
   if (!temporario_.empty()) ::unlink(temporario_.c_str());
-  if (trava_ >= 0) ::close(trava_);
+  ::close(trava_);
 }
 
 void ArquivoNovo::publica() {
@@ -117,7 +114,7 @@ void ArquivoNovo::publica() {
     falhaDoSistema(caminho_, errno);
   }
   temporario_.clear();
-  sincroniza(pastaDe(caminho_), O_RDONLY | O_DIRECTORY);
+  sincroniza(caminho_.substr(0, caminho_.rfind('/') + 1), O_RDONLY | O_DIRECTORY);
 }
 
 }  // namespace cotepe

@@ -1,4 +1,5 @@
 // The commands sample and schema.
+#include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -72,12 +73,14 @@ class NomeDaAmostra : public Cena {
   };
   Fim amostraCom(const std::vector<Erro>& erros) const {
     std::vector<int> vezes(erros.size());
-    const auto regra = [&](const Chamada& chamada) {
+    return amostraSob([&](const Chamada& chamada) {
       for (std::size_t i = 0; i < erros.size(); ++i)
         if (chamada.numero == erros[i].chamada && ++vezes[i] == erros[i].vez)
           return Destino{Destino::Erra, erros[i].codigo};
       return Destino{};
-    };
+    });
+  }
+  Fim amostraSob(const Regra& regra) const {
     Processo processo({"sample", "base.db", "--days", "1", "--coupons-per-day", "1", "--quiet"});
     return processo.naPasta(pasta()).comRegra(regra).inicia().espera();
   }
@@ -114,6 +117,46 @@ TEST_F(NomeDaAmostra, ThatDoesNotReachTheDiskIsAFailureThoughTheDatabaseIsWhole)
   EXPECT_EQ(fim.situacao, 4);
   EXPECT_EQ(fim.erros.substr(0, 66), "cotepe: cannot create the database: ./: found Input/output error, ");
   EXPECT_EQ(nomes(), Nomes{"base.db"});
+}
+
+TEST_F(NomeDaAmostra, FolderThatCannotBeOpenedOrClosedIsAFailureThoughTheDatabaseIsWhole) {
+  for (const long qual : {SYS_openat, SYS_close}) {
+    bool ligado = false;
+    const Fim fim = amostraSob([&](const Chamada& chamada) {
+      ligado = ligado || chamada.numero == SYS_link;
+      const bool daPasta = chamada.numero == SYS_openat ? (chamada.argumentos[2] & O_DIRECTORY) != 0
+                                                        : chamada.alvo() == pasta();
+      return ligado && chamada.numero == qual && daPasta ? Destino{Destino::Erra, EIO} : Destino{};
+    });
+    EXPECT_EQ(fim.situacao, 4);
+    EXPECT_EQ(fim.erros.substr(0, 66), "cotepe: cannot create the database: ./: found Input/output error, ");
+    EXPECT_EQ(nomes(), Nomes{"base.db"});
+    unlink(em("base.db").c_str());
+  }
+}
+
+TEST_F(NomeDaAmostra, TemporaryFileRemovedBeforeItIsLockedIsLeftToItsRemover) {
+  bool removido = false;
+  std::string segundo;
+  const Fim fim = amostraSob([&](const Chamada& chamada) {
+    if (chamada.numero == SYS_flock && !removido)
+      removido = unlink(em("base.db.incompleto0").c_str()) == 0;
+    else if (chamada.numero == SYS_flock)
+      segundo = chamada.alvo();
+    return Destino{};
+  });
+  EXPECT_EQ(fim.situacao, 0) << fim.erros;
+  EXPECT_TRUE(removido);
+  EXPECT_EQ(segundo, em("base.db.incompleto1"));
+  EXPECT_EQ(nomes(), Nomes{"base.db"});
+}
+
+TEST_F(Sample, FolderThatIsAFileGivesThree) {
+  escreveArquivo(em("file"), "");
+  const Fim fim = roda({"sample", "file/base.db"}, pasta());
+  EXPECT_EQ(fim.situacao, 3);
+  EXPECT_EQ(fim.erros.substr(0, 64), "cotepe: cannot create the database: ./file/base.db: found Not a ");
+  EXPECT_EQ(leArquivo(em("file")), "");
 }
 
 TEST_F(Sample, SchemaMakesADatabaseWithoutRows) {

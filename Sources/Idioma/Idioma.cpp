@@ -20,7 +20,7 @@ const std::string_view* parteDe(std::string_view lugar, const std::string_view& 
   return indice < partes.size() ? partes.begin() + indice : nullptr;
 }
 
-std::string preenche(std::string_view modelo, std::string_view contagem, Partes partes) {
+std::string preenche(std::string_view modelo, const std::string_view& contagem, Partes partes) {
   std::string texto;
   for (std::size_t abre = modelo.find('{'); abre != std::string_view::npos; abre = modelo.find('{')) {
     const std::string_view* parte = parteDe(modelo.substr(abre, 3), contagem, partes);
@@ -46,6 +46,8 @@ const char* traduz(const char* mensagem) {
   return mensagem[0] != '\0' ? dgettext(kDominio, mensagem)
                              : mensagem;  // the empty message is the catalogue's head
 }
+
+std::string preenche(const char* modelo, Partes partes) { return preenche(modelo, {}, partes); }
 
 std::string frase(const char* modelo, Partes partes) { return preenche(traduz(modelo), {}, partes); }
 

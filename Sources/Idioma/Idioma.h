@@ -20,8 +20,11 @@ void escolheIdioma();
 /// The message in the user's language, in UTF-8; the message itself where the catalogue has none.
 const char* traduz(const char* mensagem);
 
-/// The message in the user's language with its places filled. A place without a part stays as it is written,
-/// and so do other braces: no catalogue can do harm.
+/// A model, in whatever language it is, with its places filled. A place without a part stays as it is
+/// written, and so do other braces: no catalogue can do harm.
+std::string preenche(const char* modelo, Partes partes);
+
+/// The message in the user's language with its places filled so.
 std::string frase(const char* modelo, Partes partes);
 
 /// The same for a counted message, in the form the language has for that count; "{n}" is the count.

@@ -1,6 +1,7 @@
 #include "AjustesDaGeracao.h"
 
 #include "Consulta.h"
+#include "Idioma.h"
 
 namespace cotepe::programa {
 namespace {
@@ -31,29 +32,39 @@ Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
   return movimento && ultimo < *movimento ? *movimento : ultimo;
 }
 
-std::string diaEmPalavras(const Dia& dia) { return dia.iso() == kDiaSemNada ? "no day" : dia.iso(); }
+std::string diaEmPalavras(const Dia& dia) { return dia.iso() == kDiaSemNada ? traduz("no day") : dia.iso(); }
 
 std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
-  return "layout " + std::to_string(leiaute.versao) + " with CAT52 " + (leiaute.cat52 ? "on" : "off");
+  return frase(leiaute.cat52 ? marca("layout {1} with CAT52 on") : marca("layout {1} with CAT52 off"),
+               {std::to_string(leiaute.versao)});
+}
+
+// A setting and where it comes from. `certo`: no other would do.
+std::string ajusteEmPalavras(const std::string& valor, bool dado, bool certo = true) {
+  if (dado) return frase("{1} (given)", {valor});
+  return frase(certo ? marca("{1} (derived)") : marca("{1} (taken, it makes no difference)"), {valor});
 }
 
 }  // namespace
 
 void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
-  comando.add_option("--from", o.de, "First day, DDMMYYYY or YYYY-MM-DD")->type_name("DAY");
-  comando.add_option("--to", o.ate, "Last day, the same forms")->type_name("DAY");
-  comando.add_option("--command", o.comando, "The command as generate was given it")->type_name("COMMAND");
-  comando.add_option("--layout", o.leiaute, "Layout version")
+  comando.add_option("--from", o.de, traduz("First day, DDMMYYYY or YYYY-MM-DD"))->type_name("DAY");
+  comando.add_option("--to", o.ate, traduz("Last day, the same forms"))->type_name("DAY");
+  comando.add_option("--command", o.comando, traduz("The command as generate was given it"))
+      ->type_name("COMMAND");
+  comando.add_option("--layout", o.leiaute, traduz("Layout version"))
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2, 3}));
   comando.add_flag_callback(
-      "--cat52", [&o] { o.cat52 = true; }, "CAT52 mode");
+      "--cat52", [&o] { o.cat52 = true; }, traduz("CAT52 mode"));
   comando.add_flag_callback(
-      "--no-cat52", [&o] { o.cat52 = false; }, "No CAT52 mode");
-  comando.add_option("--serial", o.identidade.serial, "Manufacture number, if the database has none")
+      "--no-cat52", [&o] { o.cat52 = false; }, traduz("No CAT52 mode"));
+  comando.add_option("--serial", o.identidade.serial, traduz("Manufacture number, if the database has none"))
       ->type_name("TEXT");
-  comando.add_option("--model", o.identidade.modelo, "Model, if the database has none")->type_name("TEXT");
-  comando.add_option("--type", o.identidade.tipo, "Type, if the database has none")->type_name("TEXT");
+  comando.add_option("--model", o.identidade.modelo, traduz("Model, if the database has none"))
+      ->type_name("TEXT");
+  comando.add_option("--type", o.identidade.tipo, traduz("Type, if the database has none"))
+      ->type_name("TEXT");
 }
 
 std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
@@ -93,16 +104,18 @@ std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
   for (const AjusteDoLeiaute& outro : outros) {
     umLeiaute = umLeiaute && outro.versao == ajuste.leiaute.versao;
     umModo = umModo && outro.cat52 == ajuste.leiaute.cat52;
-    iguais += (iguais.empty() ? "; the same bytes come of " : " and of ") + leiauteEmPalavras(outro);
+    const std::string este = leiauteEmPalavras(outro);
+    iguais = iguais.empty() ? este : frase("{1} and of {2}", {iguais, este});
   }
-  const auto de = [](bool dado, bool certo = true) {
-    return dado ? " (given)" : certo ? " (derived)" : " (taken, it makes no difference)";
-  };
-  return "layout " + std::to_string(ajuste.leiaute.versao) + de(opcoes.leiaute.has_value(), umLeiaute) +
-         ", CAT52 " + (ajuste.leiaute.cat52 ? "on" : "off") + de(opcoes.cat52.has_value(), umModo) +
-         ", command " + (ajuste.comando.empty() ? "none" : ajuste.comando) + de(!opcoes.comando.empty()) +
-         ", from " + diaEmPalavras(ajuste.de) + de(!opcoes.de.empty()) + " to " + diaEmPalavras(ajuste.ate) +
-         de(!opcoes.ate.empty()) + iguais;
+  const std::string texto = frase(
+      "layout {1}, CAT52 {2}, command {3}, from {4} to {5}",
+      {ajusteEmPalavras(std::to_string(ajuste.leiaute.versao), opcoes.leiaute.has_value(), umLeiaute),
+       ajusteEmPalavras(traduz(ajuste.leiaute.cat52 ? marca("on") : marca("off")), opcoes.cat52.has_value(),
+                        umModo),
+       ajusteEmPalavras(ajuste.comando.empty() ? traduz("none") : ajuste.comando, !opcoes.comando.empty()),
+       ajusteEmPalavras(diaEmPalavras(ajuste.de), !opcoes.de.empty()),
+       ajusteEmPalavras(diaEmPalavras(ajuste.ate), !opcoes.ate.empty())});
+  return iguais.empty() ? texto : frase("{1}; the same bytes come of {2}", {texto, iguais});
 }
 
 }  // namespace cotepe::programa

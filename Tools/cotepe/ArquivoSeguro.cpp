@@ -12,6 +12,7 @@
 #include <random>
 
 #include "Falha.h"
+#include "Idioma.h"
 
 namespace cotepe::programa {
 namespace {
@@ -68,19 +69,32 @@ bool aindaTemNome(int arquivo) {
   return fstat(arquivo, &situacao) == 0 && situacao.st_nlink != 0;
 }
 
-[[noreturn]] void naoAbre(const std::string& onde, const std::string& encontrado,
-                          const char* esperado = "a folder where files can be made") {
-  throw Falha(kNaoAbre, "cannot open the output", onde, encontrado, esperado, "choose another --output");
+[[noreturn]] void naoCria(const std::string& onde, int erro) {
+  throw Falha(kNaoAbre,
+              frase("cannot open the output: {1}: found {2}, expected a folder where files can be made; "
+                    "choose another --output",
+                    {onde, motivoDoSistema(erro)}));
+}
+
+[[noreturn]] void naoServe(const std::string& onde, const char* encontrado) {
+  throw Falha(kNaoAbre,
+              frase("cannot open the output: {1}: found {2}, expected the name of a file; choose another "
+                    "--output",
+                    {onde, traduz(encontrado)}));
 }
 
 [[noreturn]] void existe(const std::string& onde) {
-  throw Falha(kNaoAbre, "cannot open the output", onde, "a file of that name", "a name that is free",
-              "choose another --output, or --force to replace the file");
+  throw Falha(kNaoAbre,
+              frase("cannot open the output: {1}: found a file of that name, expected a name that is free; "
+                    "choose another --output, or --force to replace the file",
+                    {onde}));
 }
 
 [[noreturn]] void naoEscreve(const std::string& onde, int erro) {
-  throw Falha(kNaoEscreve, "cannot write the output", onde, motivoDoSistema(erro),
-              "a file that reaches the disk", "see to the disk and try again");
+  throw Falha(kNaoEscreve,
+              frase("cannot write the output: {1}: found {2}, expected a file that reaches the disk; see "
+                    "to the disk and try again",
+                    {onde, motivoDoSistema(erro)}));
 }
 
 // Two steps where the file system cannot do it in one; a temporary name that stays is the next run's to
@@ -98,7 +112,7 @@ bool renomeiaSemSubstituir(const char* de, const char* para) {
 ArquivoSeguro::ArquivoSeguro(const std::string& destino, const std::string& apelido, mode_t modo)
     : pasta_(pastaDe(destino)) {
   descritorDaPasta_ = Descritor(open(pasta_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descritorDaPasta_.aberto()) naoAbre(destino, motivoDoSistema(errno));
+  if (!descritorDaPasta_.aberto()) naoCria(destino, errno);
   const std::string nome = apelido.empty() ? nomeDe(destino) : apelido;
   const std::string base = '.' + nome.substr(0, kMaximoDoNome) + kMarca;
   recolheSobras(pasta_, base);
@@ -114,7 +128,7 @@ void ArquivoSeguro::cria(const std::string& base, mode_t modo) {
   } while (!arquivo_.aberto() && errno == EEXIST);
   if (!arquivo_.aberto()) {
     const int erro = errno;
-    naoAbre(std::exchange(temporario_, ""), motivoDoSistema(erro));
+    naoCria(std::exchange(temporario_, ""), erro);
   }
   tranca(arquivo_.numero(), LOCK_EX);
 }
@@ -134,8 +148,10 @@ void ArquivoSeguro::publica(const std::string& destino, bool substitui) {
   if (!renomeado) naoEscreve(destino, errno);
   temporario_.clear();
   if (fsync(descritorDaPasta_.numero()) == 0 || errno == EINVAL) return;  // some file systems have it not
-  throw Falha(kNaoEscreve, "cannot bring the output's name to the disk", destino, motivoDoSistema(errno),
-              "a folder that reaches the disk", "the file is whole; see to the disk, and look for it there");
+  throw Falha(kNaoEscreve,
+              frase("cannot bring the output's name to the disk: {1}: found {2}, expected a folder that "
+                    "reaches the disk; the file is whole; see to the disk, and look for it there",
+                    {destino, motivoDoSistema(errno)}));
 }
 
 bool ArquivoSeguro::descarta() noexcept {
@@ -148,12 +164,11 @@ bool ArquivoSeguro::descarta() noexcept {
 Descritor ArquivoSeguro::soltaSemNome() { return descarta() ? std::move(arquivo_) : Descritor(); }
 
 void exigeDestino(const std::string& destino, bool substitui) {
-  constexpr const char* kEsperado = "the name of a file";
   struct stat situacao {};
-  if (destino.empty() || destino.back() == '/') naoAbre(destino, "the name of a folder", kEsperado);
+  if (destino.empty() || destino.back() == '/') naoServe(destino, marca("the name of a folder"));
   if (lstat(destino.c_str(), &situacao) != 0) return;  // whatever else is wrong shows when it is made
-  if (S_ISDIR(situacao.st_mode)) naoAbre(destino, "a folder", kEsperado);
-  if (!S_ISREG(situacao.st_mode)) naoAbre(destino, "something that is not a regular file", kEsperado);
+  if (S_ISDIR(situacao.st_mode)) naoServe(destino, marca("a folder"));
+  if (!S_ISREG(situacao.st_mode)) naoServe(destino, marca("something that is not a regular file"));
   if (!substitui) existe(destino);
 }
 

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "Falha.h"
+#include "Idioma.h"
 #include "Sinais.h"
 
 namespace cotepe::programa {
@@ -31,33 +32,42 @@ bool talvezPassageira(int resultado) {
 // SQLite takes some relative names for something else than a file.
 std::string comPasta(const std::string& caminho) { return caminho.front() == '/' ? caminho : "./" + caminho; }
 
-struct Explicacao {
-  std::string encontrado, esperado, oQueFazer;
-};
-
-Explicacao explica(sqlite3* banco, std::chrono::milliseconds espera) {
+std::string explica(sqlite3* banco, const std::string& caminho, std::chrono::milliseconds espera) {
+  const std::string motivo = sqlite3_errmsg(banco);
   const int completo = sqlite3_extended_errcode(banco);
   if (completo == SQLITE_READONLY_ROLLBACK || completo == SQLITE_READONLY_RECOVERY) {
-    return {"a transaction that its writer left unfinished", "a database at rest",
-            "let the application that owns it open it once, then try again"};
+    return frase(
+        "cannot read the database: {1}: found a transaction that its writer left unfinished, expected a "
+        "database at rest; let the application that owns it open it once, then try again",
+        {caminho});
   }
   switch (completo & 0xff) {
     case SQLITE_BUSY:
-      return {"it locked by another process, for more than " + std::to_string(espera.count()) + " ms",
-              "to read it within --busy-timeout", "try again when the writer is done, or wait longer"};
+      return frase(
+          "cannot read the database: {1}: found it locked by another process, for more than {2} ms, expected "
+          "to read it within --busy-timeout; try again when the writer is done, or wait longer",
+          {caminho, std::to_string(espera.count())});
     case SQLITE_NOTADB:
-      return {"a file that is not an SQLite database", "a fiscal database", "check --db"};
+      return frase(
+          "cannot read the database: {1}: found a file that is not an SQLite database, expected a fiscal "
+          "database; check --db",
+          {caminho});
     case SQLITE_CORRUPT:
-      return {sqlite3_errmsg(banco), "a database that is whole", "restore it from a copy"};
+      return frase(
+          "cannot read the database: {1}: found {2}, expected a database that is whole; restore it from a "
+          "copy",
+          {caminho, motivo});
     case SQLITE_CANTOPEN:
     case SQLITE_READONLY:
-      return {
-          "-wal, -shm or -journal files that cannot be opened or made (" +
-              std::string(sqlite3_errmsg(banco)) + ")",
-          "them beside the database, or a folder where they can be made",
-          "copy the database together with those files to a folder that can be written, and read it there"};
+      return frase(
+          "cannot read the database: {1}: found -wal, -shm or -journal files that cannot be opened or made "
+          "({2}), expected them beside the database, or a folder where they can be made; copy the database "
+          "together with those files to a folder that can be written, and read it there",
+          {caminho, motivo});
     default:
-      return {sqlite3_errmsg(banco), "a fiscal database that can be read", "check --db"};
+      return frase(
+          "cannot read the database: {1}: found {2}, expected a fiscal database that can be read; check --db",
+          {caminho, motivo});
   }
 }
 
@@ -85,14 +95,16 @@ BancoSomenteLeitura::~BancoSomenteLeitura() { sqlite3_close(banco_); }
 void BancoSomenteLeitura::exigeArquivo(const std::string& caminho) const {
   struct stat lido {};
   if (stat(caminho.c_str(), &lido) != 0) naoAbre(caminho, motivoDoSistema(errno));
-  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, "a folder");
-  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, "something that is not a regular file");
+  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, traduz("a folder"));
+  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, traduz("something that is not a regular file"));
   if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
 }
 
 void BancoSomenteLeitura::naoAbre(const std::string& caminho, const std::string& encontrado) const {
-  throw Falha(situacao_, "cannot open the database", caminho, encontrado, "a fiscal database in a file",
-              "check --db");
+  throw Falha(situacao_,
+              frase("cannot open the database: {1}: found {2}, expected a fiscal database in a file; check "
+                    "--db",
+                    {caminho, encontrado}));
 }
 
 void BancoSomenteLeitura::prepara(const std::string& caminho) {
@@ -119,9 +131,7 @@ int BancoSomenteLeitura::aoOcupar(void* espera, int /*tentativas*/) {
 }
 
 void BancoSomenteLeitura::naoLe(const std::string& caminho) const {
-  const Explicacao motivo = explica(banco_, espera_.maximo);
-  throw Falha(situacao_, "cannot read the database", caminho, motivo.encontrado, motivo.esperado,
-              motivo.oQueFazer);
+  throw Falha(situacao_, explica(banco_, caminho, espera_.maximo));
 }
 
 }  // namespace cotepe::programa

@@ -12,6 +12,7 @@
 #include "ErroDoBanco.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Idioma.h"
 #include "Numero.h"
 #include "RegrasNomeadas.h"
 #include "SaidaDeAchados.h"
@@ -34,7 +35,7 @@ struct OpcoesDoCheck {
 
 OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
   if (opcoes.banco.empty())
-    throw Falha(kUsoErrado, "wrong usage", "--db", "nothing", "a fiscal database", "name it");
+    throw Falha(kUsoErrado, traduz("wrong usage: --db: found nothing, expected a fiscal database; name it"));
   OpcoesDaVerificacao verificacao{opcoes.banco,
                                   {opcoes.comando, opcoes.leiaute, opcoes.cat52},
                                   "",
@@ -42,8 +43,10 @@ OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
                                   regrasDesligadas<RegraDoBanco, RegrasDoBanco>(opcoes.desligadas, "check")};
   if (opcoes.de.empty() && opcoes.ate.empty()) return verificacao;
   if (opcoes.de.empty() || opcoes.ate.empty())
-    throw Falha(kUsoErrado, "wrong usage", opcoes.de.empty() ? "--from" : "--to", "nothing",
-                "both days of the period or none", "give the other one too");
+    throw Falha(kUsoErrado,
+                frase("wrong usage: {1}: found nothing, expected both days of the period or none; give the "
+                      "other one too",
+                      {opcoes.de.empty() ? "--from" : "--to"}));
   const auto [de, ate] = exigePeriodo(opcoes.de, opcoes.ate);
   verificacao.de = de.iso();
   verificacao.ate = ate.iso();
@@ -60,7 +63,9 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificaca
   } catch (const ErroDoBanco& erro) {
     paraSeInterrompido();
     const ErroDoBanco::Partes& partes = erro.partes();
-    throw Falha(kUsoErrado, partes.oQue, opcoes.banco, partes.encontrado, partes.esperado, partes.oQueFazer);
+    throw Falha(kUsoErrado,
+                frase("{1}: {2}: found {3}, expected {4}; {5}",
+                      {partes.oQue, opcoes.banco, partes.encontrado, partes.esperado, partes.oQueFazer}));
   }
 }
 
@@ -76,45 +81,50 @@ void executa(const OpcoesDoCheck& opcoes) {
   saida.termina();
   fluxo.conclui();
   if (saida.total() > 0)
-    throw Falha(kIncompleto, opcoes.banco + ": not clean; cotepe check --rules says what the rules are");
+    throw Falha(kIncompleto,
+                frase("{1}: not clean; cotepe {2} --rules says what the rules are", {opcoes.banco, "check"}));
 }
 
 }  // namespace
 
 Execucao declaraCheck(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoCheck>();
-  comando.add_option("--db", o->banco, "Fiscal database; it is only read")->type_name("FILE");
-  comando.add_option("--from", o->de, "First day, DDMMYYYY or YYYY-MM-DD (all that is stored)")
+  comando.add_option("--db", o->banco, traduz("Fiscal database; it is only read"))->type_name("FILE");
+  comando.add_option("--from", o->de, traduz("First day, DDMMYYYY or YYYY-MM-DD (all that is stored)"))
       ->type_name("DAY");
-  comando.add_option("--to", o->ate, "Last day, the same forms")->type_name("DAY");
-  comando.add_option("--command", o->comando, "MF, MFD, TDM or RZ: what only others write is left out (all)")
+  comando.add_option("--to", o->ate, traduz("Last day, the same forms"))->type_name("DAY");
+  comando
+      .add_option("--command", o->comando,
+                  traduz("MF, MFD, TDM or RZ: what only others write is left out (all)"))
       ->type_name("COMMAND")
       ->check(CLI::IsMember({"MF", "MFD", "TDM", "RZ"}));
-  comando.add_option("--layout", o->leiaute, "Layout version, 1 or 2 (both: fields of 2, counters of 1)")
+  comando
+      .add_option("--layout", o->leiaute, traduz("Layout version, 1 or 2 (both: fields of 2, counters of 1)"))
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2}));
-  comando.add_flag("--cat52", o->cat52, "CAT52 mode: no texts in E14");
+  comando.add_flag("--cat52", o->cat52, traduz("CAT52 mode: no texts in E14"));
   comando
       .add_option("--busy-timeout", o->espera,
-                  "How long to wait for a locked database, in milliseconds (5000)")
+                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
-  comando.add_option("--format", o->formato, "text, json (an object a line) or sarif (text)")
+  comando.add_option("--format", o->formato, traduz("text, json (an object a line) or sarif (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "sarif"}));
-  comando.add_option("--max-findings", o->maximo, "Print no more than this many; the counts stay whole")
+  comando
+      .add_option("--max-findings", o->maximo, traduz("Print no more than this many; the counts stay whole"))
       ->type_name("COUNT")
       ->check(numeroDesde(0));
-  comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
+  comando.add_option("--disable", o->desligadas, traduz("Switch off a rule; may be given again"))
       ->type_name("RULE")
       ->delimiter(',')
       ->allow_extra_args(false);
-  comando.add_flag("--rules", o->regras, "List the rules and exit");
+  comando.add_flag("--rules", o->regras, traduz("List the rules and exit"));
   comando.footer(
-      "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
-      "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "
-      "tables\n"
-      "and what does not match between tables always whole.");
+      traduz("Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
+             "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "
+             "tables\n"
+             "and what does not match between tables always whole."));
   return [o] { executa(*o); };
 }
 

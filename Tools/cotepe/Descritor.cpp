@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "Falha.h"
+#include "Idioma.h"
 #include "Sinais.h"
 
 namespace cotepe::programa {
@@ -18,8 +19,10 @@ void espera(int descritor) {
 }
 
 [[noreturn]] void naoEscreve(const char* nome, int erro) {
-  throw Falha(kNaoEscreve, "cannot write the output", nome, motivoDoSistema(erro),
-              "a place that takes all of it", "free some space or choose another place");
+  throw Falha(kNaoEscreve,
+              frase("cannot write the output: {1}: found {2}, expected a place that takes all of it; free "
+                    "some space or choose another place",
+                    {nome, motivoDoSistema(erro)}));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "Falha.h"
+#include "Idioma.h"
 
 namespace cotepe::programa {
 namespace {
@@ -58,15 +59,19 @@ std::string Dia::iso() const { return comFormato("%04d-%02d-%02d", ano_, mes_, d
 
 Dia exigeDia(const std::string& opcao, const std::string& texto) {
   if (const auto dia = Dia::le(texto)) return *dia;
-  throw Falha(kUsoErrado, "wrong usage", opcao + " " + texto, "no day of the calendar",
-              "DDMMYYYY or YYYY-MM-DD", "correct it");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: {1} {2}: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; "
+                    "correct it",
+                    {opcao, texto}));
 }
 
 std::pair<Dia, Dia> exigePeriodo(const std::string& de, const std::string& ate) {
   const Dia primeiro = exigeDia("--from", de), ultimo = exigeDia("--to", ate);
   if (!(ultimo < primeiro)) return {primeiro, ultimo};
-  throw Falha(kUsoErrado, "wrong usage", "--to " + ate, "a day before --from " + de,
-              "that day or a later one", "correct one of them");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: --to {1}: found a day before --from {2}, expected that day or a later "
+                    "one; correct one of them",
+                    {ate, de}));
 }
 
 }  // namespace cotepe::programa

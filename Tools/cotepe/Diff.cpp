@@ -5,6 +5,7 @@
 #include "Diferenca.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Idioma.h"
 #include "RelatorioLido.h"
 #include "SaidaDoDiff.h"
 
@@ -19,7 +20,8 @@ struct OpcoesDoDiff {
 
 void executa(const OpcoesDoDiff& opcoes) {
   if (opcoes.a == "-" && opcoes.b == "-")
-    throw Falha(kUsoErrado, "wrong usage", "A and B", "stdin twice", "two reports", "name one of them");
+    throw Falha(kUsoErrado,
+                traduz("wrong usage: A and B: found stdin twice, expected two reports; name one of them"));
   RelatorioLido a(opcoes.a), b(opcoes.b);
   FluxoDeSaida fluxo;
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
@@ -29,23 +31,23 @@ void executa(const OpcoesDoDiff& opcoes) {
   fluxo.conclui();
   a.confereLeitura();
   b.confereLeitura();
-  if (saida.total() > 0) throw Falha(kIncompleto, a.nome() + " and " + b.nome() + " differ");
+  if (saida.total() > 0) throw Falha(kIncompleto, frase("{1} and {2} differ", {a.nome(), b.nome()}));
 }
 
 }  // namespace
 
 Execucao declaraDiff(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoDiff>();
-  comando.add_option("A", o->a, "The report to go by; - for stdin")->required();
-  comando.add_option("B", o->b, "The report to look at; - for stdin")->required();
-  comando.add_flag("--with-stamp", o->comCarimbo, "Compare the time of generation in E11, too");
-  comando.add_flag("--with-order", o->comOrdem, "Compare the order of the records, too");
+  comando.add_option("A", o->a, traduz("The report to go by; - for stdin"))->required();
+  comando.add_option("B", o->b, traduz("The report to look at; - for stdin"))->required();
+  comando.add_flag("--with-stamp", o->comCarimbo, traduz("Compare the time of generation in E11, too"));
+  comando.add_flag("--with-order", o->comOrdem, traduz("Compare the order of the records, too"));
   declaraDiferencas(comando, o->saida);
-  comando.footer(
+  comando.footer(traduz(
       "Records are aligned by register and key, such as COO and item. What is printed is about B: what was\n"
       "found there, and what A has instead.\n"
       "Exit status: 0 equal, 1 they differ, 2 could not run, 4 writing failed.\n"
-      "Memory: the records of one register that have no partner yet; next to nothing for equal reports.");
+      "Memory: the records of one register that have no partner yet; next to nothing for equal reports."));
   return [o] { executa(*o); };
 }
 

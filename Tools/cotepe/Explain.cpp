@@ -10,6 +10,7 @@
 #include "Comandos.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Idioma.h"
 #include "LugarNoRelatorio.h"
 #include "Progresso.h"
 #include "RelatorioLido.h"
@@ -59,9 +60,10 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   relatorio.confereLeitura();
   if (linhas < lugar.linha) naoTemLinha(relatorio.nome(), lugar.linha, linhas);
   if (lido.registro == nullptr)
-    throw Falha(kUsoErrado, "cannot explain the line", lugarComLinha(relatorio.nome(), lugar),
-                "one that begins with no register's code", "E01 to E22",
-                "see cotepe validate, which says what is wrong with it");
+    throw Falha(kUsoErrado,
+                frase("cannot explain the line: {1}: found one that begins with no register's code, expected "
+                      "E01 to E22; see cotepe validate, which says what is wrong with it",
+                      {lugarComLinha(relatorio.nome(), lugar)}));
   guarda(pedida, lido, {registros.ajuste().versao, registros.certamenteCat52()});
 }
 
@@ -77,10 +79,12 @@ int campoPedido(const LinhaPedida& pedida, const LugarNoRelatorio& lugar, const 
   const std::string onde = lugarComLinha(nome, lugar) + ':' + std::to_string(lugar.coluna);
   const auto tamanho = static_cast<long>(pedida.texto.size());
   const long ultimo = std::min<long>(tamanho, lido.comprimento);
-  throw Falha(kUsoErrado, "no such byte", onde,
-              lugar.coluna > tamanho ? "a line of " + std::to_string(tamanho) + " bytes"
-                                     : "a byte behind the last field, which is no field's",
-              "a byte from 1 to " + std::to_string(ultimo), "correct it");
+  throw Falha(kUsoErrado,
+              frase("no such byte: {1}: found {2}, expected a byte from 1 to {3}; correct it",
+                    {onde,
+                     lugar.coluna > tamanho ? frase("a line of {1} bytes", {std::to_string(tamanho)})
+                                            : traduz("a byte behind the last field, which is no field's"),
+                     std::to_string(ultimo)}));
 }
 
 // The line's number among those of the report that are the same, from 1.
@@ -159,9 +163,10 @@ class Busca {
 
   [[noreturn]] void falhou(const std::string& motivo) const {
     paraSeInterrompido();
-    throw Falha(kUsoErrado, "cannot trace the line", opcoes_.banco, motivo,
-                std::string("the tables that ") + pedida_.lido.registro->codigo + " is read from",
-                "see cotepe check");
+    throw Falha(kUsoErrado,
+                frase("cannot trace the line: {1}: found {2}, expected the tables that {3} is read from; see "
+                      "cotepe check",
+                      {opcoes_.banco, motivo, pedida_.lido.registro->codigo}));
   }
 
   const OpcoesDoExplain& opcoes_;
@@ -187,8 +192,9 @@ void executa(const OpcoesDoExplain& opcoes) {
   const LugarNoRelatorio lugar = lugarNoRelatorio(opcoes.lugar);
   const bool doStdin = lugar.arquivo == "-";
   if (doStdin && !opcoes.banco.empty())
-    throw Falha(kUsoErrado, "wrong usage", "FILE", "stdin", "with --db a file, which is read more than once",
-                "name it");
+    throw Falha(kUsoErrado,
+                traduz("wrong usage: FILE: found stdin, expected with --db a file, which is read more than "
+                       "once; name it"));
   LinhaPedida pedida;
   leLinha(lugar, pedida);
   const std::string nome = doStdin ? "stdin" : lugar.arquivo;
@@ -197,7 +203,8 @@ void executa(const OpcoesDoExplain& opcoes) {
   if (!opcoes.banco.empty()) linha.procedencias = Busca(opcoes, lugar, pedida).procedencias(linha.so);
   escreve(opcoes, linha);
   if (!opcoes.banco.empty() && linha.procedencias.empty())
-    throw Falha(kIncompleto, lugarComLinha(nome, lugar) + ": not what the database says; see cotepe verify");
+    throw Falha(kIncompleto,
+                frase("{1}: not what the database says; see cotepe verify", {lugarComLinha(nome, lugar)}));
 }
 
 }  // namespace
@@ -207,24 +214,25 @@ Execucao declaraExplain(CLI::App& comando) {
   comando
       .add_option(
           "FILE:LINE[:COLUMN]", o->lugar,
-          "A line of a report, or the field that holds a byte of it, both from 1; -- -:LINE for stdin")
+          traduz(
+              "A line of a report, or the field that holds a byte of it, both from 1; -- -:LINE for stdin"))
       ->required();
-  comando.add_option("--db", o->banco, "Name table, row and column too; the database is only read")
+  comando.add_option("--db", o->banco, traduz("Name table, row and column too; the database is only read"))
       ->type_name("FILE");
   declaraAjustes(comando, o->ajuste);
   comando
       .add_option("--busy-timeout", o->espera,
-                  "How long to wait for a locked database, in milliseconds (5000)")
+                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
-  comando.add_option("--format", o->formato, "text or json (text)")
+  comando.add_option("--format", o->formato, traduz("text or json (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json"}));
-  comando.footer(
+  comando.footer(traduz(
       "With --db the line's register is written again, and the rows are those that give the same line. What\n"
       "the report was made with is derived from it, as cotepe verify does, or given with the options above.\n"
       "Values of the database are printed as SQL would have them.\n"
-      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run, 4 writing failed.");
+      "Exit status: 0 explained, 1 the database does not give the line, 2 could not run, 4 writing failed."));
   return [o] { executa(*o); };
 }
 

@@ -12,14 +12,9 @@ enum Situacao : int { kFeito, kIncompleto, kUsoErrado, kNaoAbre, kNaoEscreve, kS
 
 class Falha : public std::exception {
  public:
+  /// The text, in the user's language, as all messages have it: what could not be done, where, what was found
+  /// there, what was expected and what the user can do.
   Falha(int situacao, std::string texto) : situacao_(situacao), texto_(std::move(texto)) {}
-
-  /// The text as all messages have it: what could not be done, where, what was found there, what was expected
-  /// and what the user can do.
-  Falha(int situacao, const std::string& oQue, const std::string& onde, const std::string& encontrado,
-        const std::string& esperado, const std::string& oQueFazer)
-      : Falha(situacao,
-              oQue + ": " + onde + ": found " + encontrado + ", expected " + esperado + "; " + oQueFazer) {}
 
   int situacao() const { return situacao_; }
   const char* what() const noexcept override { return texto_.c_str(); }
@@ -29,7 +24,7 @@ class Falha : public std::exception {
   std::string texto_;
 };
 
-/// The system's words for a value of errno, in English whatever the locale.
+/// The system's words for a value of errno, in the user's language.
 std::string motivoDoSistema(int codigo);
 
 /// One line on stderr, "cotepe: " and the text. Nothing can be done when that fails.

@@ -4,28 +4,22 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
+#include "Idioma.h"
+
 namespace cotepe::programa {
 namespace {
 
 constexpr std::size_t kColunas = 7;
 using Celulas = std::array<std::string, kColunas>;
 
-const Celulas kTitulos = {"No.", "Label", "Positions", "Width", "Kind", "Placeholder", "Condition"};
+constexpr std::array<const char*, kColunas> kTitulos = {
+    marca("No."),  marca("Label"),       marca("Positions"), marca("Width"),
+    marca("Kind"), marca("Placeholder"), marca("Condition")};
 constexpr std::array<bool, kColunas> kADireita = {true, false, false, true, false, false, false};
 
 std::string posicoes(const LinhaDaTabela& linha) {
   if (linha.de == linha.ate) return std::to_string(linha.de);
   return std::to_string(linha.de) + '-' + std::to_string(linha.ate);
-}
-
-Celulas celulasDe(const LinhaDaTabela& linha) {
-  return {std::to_string(linha.numero),
-          linha.rotulo,
-          posicoes(linha),
-          std::to_string(linha.largura),
-          linha.especie,
-          linha.vazio,
-          linha.condicao};
 }
 
 template <class Itens, class Texto>
@@ -35,22 +29,48 @@ std::string lista(const Itens& itens, const char* separador, const Texto& texto)
   return junto;
 }
 
+// How the words of a table are said: by `frase` to people, by `preenche` to programs, in English always.
+using Fala = std::string (*)(const char*, Partes);
+
+std::string condicao(const LinhaDaTabela& linha, Fala fala) {
+  return lista(linha.condicoes, "; ", [fala](const Dito& dito) { return fala(dito.modelo, {dito.parte}); });
+}
+
+Celulas titulos() {
+  Celulas celulas;
+  std::transform(kTitulos.begin(), kTitulos.end(), celulas.begin(), traduz);
+  return celulas;
+}
+
+Celulas celulasDe(const LinhaDaTabela& linha) {
+  return {
+      std::to_string(linha.numero),  linha.rotulo,          posicoes(linha),
+      std::to_string(linha.largura), traduz(linha.especie), frase(linha.vazio.modelo, {linha.vazio.parte}),
+      condicao(linha, frase)};
+}
+
 std::string comandos(const Registro& registro) {
   const auto nomes = comandosDe(registro);
-  return nomes.empty() ? "none" : lista(nomes, ", ", [](const std::string& nome) { return nome; });
+  return nomes.empty() ? traduz("none") : lista(nomes, ", ", [](const std::string& nome) { return nome; });
 }
 
 // What holds for all tables of a register.
 std::string cabecalho(const TabelaDoLeiaute& tabela) {
-  return "Commands: " + comandos(*tabela.registro) + ". Placeholder record: " + tabela.vazio + "." +
-         (tabela.nota.empty() ? "" : " " + tabela.nota) + "\n";
+  const std::string nota = traduz(tabela.nota);
+  return frase("Commands: {1}. Placeholder record: {2}.",
+               {comandos(*tabela.registro), traduz(tabela.vazio)}) +
+         (nota.empty() ? "" : " " + nota) + "\n";
 }
 
 std::string ajuste(const TabelaDoLeiaute& tabela) {
-  const std::string versoes =
-      lista(tabela.versoes, " and ", [](int versao) { return std::to_string(versao); });
-  return (tabela.versoes.size() > 1 ? "Layouts " : "Layout ") + versoes +
-         (tabela.cat52 ? ", CAT52 mode" : "") + ": " + std::to_string(tabela.comprimento) + " bytes";
+  const std::string bytes = std::to_string(tabela.comprimento);
+  const std::string de = std::to_string(tabela.versoes.front()), ate = std::to_string(tabela.versoes.back());
+  if (tabela.versoes.size() > 1)
+    return frase(tabela.cat52 ? marca("Layouts {1} and {2}, CAT52 mode: {3} bytes.")
+                              : marca("Layouts {1} and {2}: {3} bytes."),
+                 {de, ate, bytes});
+  return frase(tabela.cat52 ? marca("Layout {1}, CAT52 mode: {2} bytes.") : marca("Layout {1}: {2} bytes."),
+               {de, bytes});
 }
 
 std::size_t caracteres(const std::string& texto) {
@@ -69,7 +89,7 @@ std::string alinhado(const Celulas& celulas, const std::array<std::size_t, kColu
 }
 
 std::string tabelaEmTexto(const TabelaDoLeiaute& tabela) {
-  std::vector<Celulas> todas = {kTitulos};
+  std::vector<Celulas> todas = {titulos()};
   for (const LinhaDaTabela& linha : tabela.linhas) todas.push_back(celulasDe(linha));
   std::array<std::size_t, kColunas> larguras{};
   for (const Celulas& celulas : todas)
@@ -83,7 +103,7 @@ std::string emLinhaDeMarkdown(const Celulas& celulas) {
 }
 
 std::string tabelaEmMarkdown(const TabelaDoLeiaute& tabela) {
-  return emLinhaDeMarkdown(kTitulos) + "|---:|---|---|---:|---|---|---|\n" +
+  return emLinhaDeMarkdown(titulos()) + "|---:|---|---|---:|---|---|---|\n" +
          lista(tabela.linhas, "",
                [](const LinhaDaTabela& linha) { return emLinhaDeMarkdown(celulasDe(linha)); });
 }
@@ -94,10 +114,14 @@ bool primeira(const Tabelas& tabelas, std::size_t i) {
 }
 
 nlohmann::ordered_json campoEmJson(const LinhaDaTabela& linha) {
-  return {{"number", linha.numero},     {"label", linha.rotulo},
-          {"from", linha.de},           {"to", linha.ate},
-          {"width", linha.largura},     {"kind", linha.especie},
-          {"placeholder", linha.vazio}, {"condition", linha.condicao}};
+  return {{"number", linha.numero},
+          {"label", linha.rotulo},
+          {"from", linha.de},
+          {"to", linha.ate},
+          {"width", linha.largura},
+          {"kind", linha.especie},
+          {"placeholder", preenche(linha.vazio.modelo, {linha.vazio.parte})},
+          {"condition", condicao(linha, preenche)}};
 }
 
 }  // namespace
@@ -111,24 +135,24 @@ std::string emTexto(const Tabelas& tabelas) {
       texto += std::string(tabela.registro->codigo) + "  " + tabela.registro->nome + '\n' +
                cabecalho(tabela) + '\n';
     }
-    texto += ajuste(tabela) + ".\n" + tabelaEmTexto(tabela);
+    texto += ajuste(tabela) + "\n" + tabelaEmTexto(tabela);
   }
   return texto;
 }
 
 std::string emMarkdown(const Tabelas& tabelas) {
-  std::string texto =
+  std::string texto = traduz(
       "# Registers of the type-E file\n\n"
       "Made by `cotepe layout --format markdown` from the lists that the generator writes by. Widths are in "
       "bytes,\n"
-      "positions count from 1. A placeholder record stands for a register that has no row.\n";
+      "positions count from 1. A placeholder record stands for a register that has no row.\n");
   for (std::size_t i = 0; i < tabelas.size(); ++i) {
     const TabelaDoLeiaute& tabela = tabelas[i];
     if (primeira(tabelas, i)) {
       texto += std::string("\n## ") + tabela.registro->codigo + " " + tabela.registro->nome + "\n\n" +
                cabecalho(tabela);
     }
-    texto += '\n' + ajuste(tabela) + ".\n\n" + tabelaEmMarkdown(tabela);
+    texto += '\n' + ajuste(tabela) + "\n\n" + tabelaEmMarkdown(tabela);
   }
   return texto;
 }

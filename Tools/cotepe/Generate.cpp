@@ -2,45 +2,55 @@
 #include <memory>
 
 #include "Comandos.h"
+#include "Idioma.h"
 #include "Relatorio.h"
 
 namespace cotepe::programa {
 namespace {
 
 void declaraEntrada(CLI::App& comando, OpcoesDoGenerate& o) {
-  comando.add_option("--db", o.banco, "Fiscal database; it is only read")->type_name("FILE")->required();
-  comando.add_option("--from", o.de, "First day, DDMMYYYY or YYYY-MM-DD")->type_name("DAY")->required();
-  comando.add_option("--to", o.ate, "Last day, the same forms")->type_name("DAY")->required();
-  comando.add_option("--command", o.comando, "MF, MFD, TDM or RZ: which registers (TDM)")
+  comando.add_option("--db", o.banco, traduz("Fiscal database; it is only read"))
+      ->type_name("FILE")
+      ->required();
+  comando.add_option("--from", o.de, traduz("First day, DDMMYYYY or YYYY-MM-DD"))
+      ->type_name("DAY")
+      ->required();
+  comando.add_option("--to", o.ate, traduz("Last day, the same forms"))->type_name("DAY")->required();
+  comando.add_option("--command", o.comando, traduz("MF, MFD, TDM or RZ: which registers (TDM)"))
       ->type_name("COMMAND")
       ->check(CLI::IsMember({"MF", "MFD", "TDM", "RZ"}));
-  comando.add_option("--layout", o.leiaute, "Layout version, 1 or 2 (1)")
+  comando.add_option("--layout", o.leiaute, traduz("Layout version, 1 or 2 (1)"))
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2}));
-  comando.add_flag("--cat52", o.cat52, "CAT52 mode: no placeholder records, no texts in E14");
+  comando.add_flag("--cat52", o.cat52, traduz("CAT52 mode: no placeholder records, no texts in E14"));
   comando
       .add_option("--busy-timeout", o.espera,
-                  "How long to wait for a locked database, in milliseconds (5000)")
+                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
 }
 
 void declaraSaida(CLI::App& comando, OpcoesDoGenerate& o) {
-  comando.add_option("--output", o.saida, "The report; - is stdout (COMMANDserial_yyyymmdd_hhmmss.TXT)")
+  comando
+      .add_option("--output", o.saida, traduz("The report; - is stdout (COMMANDserial_yyyymmdd_hhmmss.TXT)"))
       ->type_name("FILE")
-      ->check([](const std::string& texto) { return texto.empty() ? "empty name" : std::string(); });
-  comando.add_flag("--force", o.substitui, "Replace the report if it exists");
-  comando.add_flag("--keep-partial", o.guardaParcial, "Keep an incomplete report as FILE.partial");
-  comando.add_option("--log", o.log, "Append failed queries to this file (stderr)")->type_name("FILE");
-  comando.add_flag("--quiet", o.calado, "No summary and no progress; failures are always told");
+      ->check([](const std::string& texto) { return texto.empty() ? traduz("empty name") : ""; });
+  comando.add_flag("--force", o.substitui, traduz("Replace the report if it exists"));
+  comando.add_flag("--keep-partial", o.guardaParcial, traduz("Keep an incomplete report as FILE.partial"));
+  comando.add_option("--log", o.log, traduz("Append failed queries to this file (stderr)"))
+      ->type_name("FILE");
+  comando.add_flag("--quiet", o.calado, traduz("No summary and no progress; failures are always told"));
 }
 
 void declaraIdentidade(CLI::App& comando, OpcoesDoGenerate& o) {
-  comando.add_option("--serial", o.identidade.serial, "Manufacture number, if the database has none")
+  comando.add_option("--serial", o.identidade.serial, traduz("Manufacture number, if the database has none"))
       ->type_name("TEXT");
-  comando.add_option("--model", o.identidade.modelo, "Model, if the database has none")->type_name("TEXT");
-  comando.add_option("--type", o.identidade.tipo, "Type, if the database has none")->type_name("TEXT");
-  comando.add_option("--sb-version", o.versaoSb, "Accepted; the layout takes it from the database alone")
+  comando.add_option("--model", o.identidade.modelo, traduz("Model, if the database has none"))
+      ->type_name("TEXT");
+  comando.add_option("--type", o.identidade.tipo, traduz("Type, if the database has none"))
+      ->type_name("TEXT");
+  comando
+      .add_option("--sb-version", o.versaoSb, traduz("Accepted; the layout takes it from the database alone"))
       ->type_name("TEXT");
 }
 

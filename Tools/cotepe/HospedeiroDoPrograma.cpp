@@ -7,6 +7,7 @@
 
 #include "ArquivoDeLog.h"
 #include "Falha.h"
+#include "Idioma.h"
 #include "Leiaute/Registro.h"
 #include "PreencheComChar.h"
 #include "Progresso.h"
@@ -19,7 +20,7 @@ void HospedeiroDoPrograma::registraLog(const char* mensagem) {
   motivo_ = sqlite3_errmsg(banco_);
   progresso_.limpa();
   if (!log_.escreve((std::string(mensagem) + ": " + motivo_).c_str()))
-    avisa("cannot write the log: " + motivoDoSistema(errno));
+    avisa(frase("cannot write the log: {1}", {motivoDoSistema(errno)}));
 }
 
 void HospedeiroDoPrograma::dataHoraAtual(char* saida) {

@@ -7,6 +7,7 @@
 #include "Descritor.h"
 #include "Falha.h"
 #include "FormatosDoLeiaute.h"
+#include "Idioma.h"
 #include "Leiaute/Catalogo.h"
 
 namespace cotepe::programa {
@@ -22,7 +23,8 @@ std::vector<const Registro*> registrosDe(std::string codigo) {
   if (codigo.empty()) return {kCatalogo.begin(), kCatalogo.end()};
   for (char& c : codigo) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   if (const Registro* registro = registroDe(codigo.c_str())) return {registro};
-  throw Falha(kUsoErrado, "wrong usage", "REGISTER", codigo, "E01 to E22", "correct it");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: {1}: found {2}, expected E01 to E22; correct it", {"REGISTER", codigo}));
 }
 
 Tabelas tabelasPedidas(const OpcoesDoLayout& opcoes) {
@@ -33,8 +35,10 @@ Tabelas tabelasPedidas(const OpcoesDoLayout& opcoes) {
     for (TabelaDoLeiaute& tabela : tabelasDe(*registro, versoes, opcoes.cat52))
       todas.push_back(std::move(tabela));
   if (!todas.empty()) return todas;
-  throw Falha(kUsoErrado, "wrong usage", "--layout 1", opcoes.registro, "a register of layout 1",
-              "use --layout 2: no other has it");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: --layout 1: found {1}, expected a register of layout 1; use --layout 2: no "
+                    "other has it",
+                    {opcoes.registro}));
 }
 
 void executa(const OpcoesDoLayout& opcoes) {
@@ -49,12 +53,12 @@ void executa(const OpcoesDoLayout& opcoes) {
 
 Execucao declaraLayout(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoLayout>();
-  comando.add_option("REGISTER", o->registro, "E01 to E22; all of them when none is named");
-  comando.add_option("--layout", o->leiaute, "Layout version, 1 or 2 (both, where they differ)")
+  comando.add_option("REGISTER", o->registro, traduz("E01 to E22; all of them when none is named"));
+  comando.add_option("--layout", o->leiaute, traduz("Layout version, 1 or 2 (both, where they differ)"))
       ->type_name("VERSION")
       ->check(CLI::IsMember({1, 2}));
-  comando.add_flag("--cat52", o->cat52, "As in CAT52 mode");
-  comando.add_option("--format", o->formato, "text, markdown or json (text)")
+  comando.add_flag("--cat52", o->cat52, traduz("As in CAT52 mode"));
+  comando.add_option("--format", o->formato, traduz("text, markdown or json (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "markdown", "json"}));
   return [o] { executa(*o); };

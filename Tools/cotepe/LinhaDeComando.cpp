@@ -4,6 +4,8 @@
 #include "Comandos.h"
 #include "Descritor.h"
 #include "Falha.h"
+#include "Idioma.h"
+#include "PalavrasDaCli.h"
 
 namespace cotepe::programa {
 namespace {
@@ -13,49 +15,52 @@ constexpr struct {
   const char* descricao;
   Execucao (*declara)(CLI::App&);
 } kComandos[] = {
-    {"generate", "Write the report of a period", declaraGenerate},
-    {"sample", "Make a fiscal database to try with", declaraSample},
-    {"schema", "Print the SQL of a fiscal database", declaraSchema},
-    {"layout", "Print the field tables of the registers", declaraLayout},
-    {"check", "Check a fiscal database against what the registers need", declaraCheck},
-    {"validate", "Check a report against the rules", declaraValidate},
-    {"show", "Print the records of a report by label and value", declaraShow},
-    {"explain", "Say what a line of a report means, field by field", declaraExplain},
-    {"diff", "Compare two reports, record by record", declaraDiff},
-    {"verify", "Prove that a report is what the database says", declaraVerify},
+    {"generate", marca("Write the report of a period"), declaraGenerate},
+    {"sample", marca("Make a fiscal database to try with"), declaraSample},
+    {"schema", marca("Print the SQL of a fiscal database"), declaraSchema},
+    {"layout", marca("Print the field tables of the registers"), declaraLayout},
+    {"check", marca("Check a fiscal database against what the registers need"), declaraCheck},
+    {"validate", marca("Check a report against the rules"), declaraValidate},
+    {"show", marca("Print the records of a report by label and value"), declaraShow},
+    {"explain", marca("Say what a line of a report means, field by field"), declaraExplain},
+    {"diff", marca("Compare two reports, record by record"), declaraDiff},
+    {"verify", marca("Prove that a report is what the database says"), declaraVerify},
 };
-
-constexpr char kRodape[] =
-    "Exit status:\n"
-    "  0  done\n"
-    "  1  incomplete, the registers concerned are named; or findings\n"
-    "  2  wrong usage\n"
-    "  3  the database or the output cannot be opened\n"
-    "  4  writing failed\n"
-    "  5  the identity query failed\n"
-    "  128 and the signal's number: interrupted";
 
 // What is wrong with the arguments, and whose help says what they may be.
 [[noreturn]] void recusa(const CLI::App& app, const CLI::ParseError& erro) {
   const auto lidos = app.get_subcommands();
   const auto sobras = app.remaining();
   if (lidos.empty() && !sobras.empty() && sobras.front().substr(0, 1) != "-")
-    throw Falha(kUsoErrado, "wrong usage", "command", sobras.front(), "one that there is",
-                "see cotepe --help");
+    throw Falha(kUsoErrado,
+                frase("wrong usage: command: found {1}, expected one that there is; see cotepe --help",
+                      {sobras.front()}));
   const std::string comando = lidos.empty() ? "" : ' ' + lidos.front()->get_name();
-  throw Falha(kUsoErrado, std::string("wrong usage: ") + erro.what() + "; see cotepe" + comando + " --help");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: {1}; see cotepe{2} --help", {traduzDaBiblioteca(erro.what()), comando}));
 }
 
 }  // namespace
 
 void declara(CLI::App& app, Execucao& escolhida) {
+  falaOIdioma(app);
   app.name("cotepe");
-  app.description("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database.");
-  app.footer(kRodape);
-  app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, "Print the version and exit");
+  app.description(
+      traduz("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database."));
+  app.footer(
+      traduz("Exit status:\n"
+             "  0  done\n"
+             "  1  incomplete, the registers concerned are named; or findings\n"
+             "  2  wrong usage\n"
+             "  3  the database or the output cannot be opened\n"
+             "  4  writing failed\n"
+             "  5  the identity query failed\n"
+             "  128 and the signal's number: interrupted"));
+  app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, traduz("Print the version and exit"));
   app.require_subcommand(1);
   for (const auto& comando : kComandos) {
-    CLI::App* sub = app.add_subcommand(comando.nome, comando.descricao);
+    CLI::App* sub = app.add_subcommand(comando.nome, traduz(comando.descricao));
+    sub->group(traduz("Subcommands"));
     sub->callback([&escolhida, execucao = comando.declara(*sub)] { escolhida = execucao; });
   }
 }

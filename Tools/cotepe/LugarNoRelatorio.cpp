@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "Falha.h"
+#include "Idioma.h"
 
 namespace cotepe::programa {
 namespace {
@@ -35,17 +36,23 @@ LugarNoRelatorio lugarNoRelatorio(const std::string& texto) {
   }
   certo = certo && !lugar.arquivo.empty() && lugar.linha > 0 && (!comColuna || lugar.coluna > 0);
   if (certo) return lugar;
-  throw Falha(kUsoErrado, "wrong usage", "FILE:LINE[:COLUMN]", texto.empty() ? "nothing" : texto,
-              "a report and a line, such as report.txt:12, or also a byte of it, such as report.txt:12:50, "
-              "both from 1",
-              "correct it");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: FILE:LINE[:COLUMN]: found {1}, expected a report and a line, such as "
+                    "report.txt:12, or also a byte of it, such as report.txt:12:50, both from 1; correct it",
+                    {texto.empty() ? traduz("nothing") : texto}));
 }
 
 void naoTemLinha(const std::string& nome, long linha, long linhas) {
-  throw Falha(kUsoErrado, "no such line", nome + ':' + std::to_string(linha),
-              "a file of " + std::to_string(linhas) + (linhas == 1 ? " line" : " lines"),
-              linhas == 0 ? "a report with lines" : "a line from 1 to " + std::to_string(linhas),
-              "correct it");
+  const std::string onde = nome + ':' + std::to_string(linha);
+  if (linhas == 0)
+    throw Falha(kUsoErrado,
+                frase("no such line: {1}: found a file of 0 lines, expected a report with lines; correct it",
+                      {onde}));
+  throw Falha(
+      kUsoErrado,
+      fraseDe("no such line: {1}: found a file of {n} line, expected a line from 1 to {n}; correct it",
+              "no such line: {1}: found a file of {n} lines, expected a line from 1 to {n}; correct it",
+              linhas, {onde}));
 }
 
 }  // namespace cotepe::programa

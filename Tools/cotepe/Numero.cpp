@@ -4,6 +4,8 @@
 #include <string>
 #include <system_error>
 
+#include "Idioma.h"
+
 namespace cotepe::programa {
 
 CLI::Validator numeroDesde(long menor) {
@@ -12,9 +14,9 @@ CLI::Validator numeroDesde(long menor) {
     const char* fim = texto.data() + texto.size();
     const auto lido = std::from_chars(texto.data(), fim, valor);
     const bool serve = lido.ec == std::errc() && lido.ptr == fim && valor >= menor;
-    return serve
-               ? std::string()
-               : (texto.empty() ? "nothing" : texto) + " is no number from " + std::to_string(menor) + " on";
+    return serve ? std::string()
+                 : frase("{1} is no number from {2} on",
+                         {texto.empty() ? traduz("nothing") : texto, std::to_string(menor)});
   };
   return {recusa, ""};
 }

@@ -10,6 +10,7 @@
 #include "Achado.h"
 #include "Descritor.h"
 #include "Falha.h"
+#include "Idioma.h"
 
 namespace cotepe::programa {
 
@@ -21,7 +22,8 @@ void listaRegras(std::size_t quantas, int largura) {
   for (std::size_t i = 0; i < quantas; ++i) {
     const auto& regra = descricao(static_cast<Regra>(i));
     lista << std::left << std::setw(largura) << regra.nome << std::setw(9)
-          << (regra.severidade == Severidade::Erro ? "error" : "warning") << regra.resumo << '\n';
+          << traduz(regra.severidade == Severidade::Erro ? marca("error") : marca("warning"))
+          << traduz(regra.resumo) << '\n';
   }
   escreveNaSaidaPadrao(lista.str());
 }
@@ -33,8 +35,10 @@ Conjunto regrasDesligadas(const std::vector<std::string>& nomes, const std::stri
   for (const std::string& nome : nomes) {
     Regra regra{};
     if (!regraDe(nome, regra))
-      throw Falha(kUsoErrado, "wrong usage", "--disable", nome, "the name of a rule",
-                  "see cotepe " + comando + " --rules");
+      throw Falha(
+          kUsoErrado,
+          frase("wrong usage: --disable: found {1}, expected the name of a rule; see cotepe {2} --rules",
+                {nome, comando}));
     desligadas.set(static_cast<std::size_t>(regra));
   }
   return desligadas;

@@ -9,6 +9,7 @@
 #include "BancoSomenteLeitura.h"
 #include "Falha.h"
 #include "Geracao.h"
+#include "Idioma.h"
 #include "NomeDoRelatorio.h"
 #include "Progresso.h"
 #include "Resumo.h"
@@ -22,8 +23,11 @@ constexpr int kPassosEntrePulsos = 10000;  // virtual-machine instructions of SQ
 
 void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
   if (arquivo.empty() || log.abre(arquivo.c_str())) return;
-  throw Falha(kNaoAbre, "cannot open the log", arquivo, motivoDoSistema(errno), "a file that can be written",
-              "choose another --log");
+  throw Falha(
+      kNaoAbre,
+      frase("cannot open the log: {1}: found {2}, expected a file that can be written; choose another "
+            "--log",
+            {arquivo, motivoDoSistema(errno)}));
 }
 
 std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento) {
@@ -38,23 +42,28 @@ void exigeGerado(int resultado, const OpcoesDoGenerate& opcoes, const std::strin
                  const std::string& motivo, int erro) {
   if (resultado == kGerado) return;
   if (resultado == kIdentidadeFalhou) {
-    throw Falha(kSemIdentidade, "cannot read the printer's identity", opcoes.banco, motivo,
-                "the tables dados_ecf and dados_usuario", "check that --db is a fiscal database");
+    throw Falha(kSemIdentidade, semIdentidade(opcoes.banco, motivo));
   }
   const std::string encontrado =
-      erro != 0 ? motivoDoSistema(erro) : "a failure that the system does not explain";
+      erro != 0 ? motivoDoSistema(erro) : traduz("a failure that the system does not explain");
   if (resultado == kRelatorioNaoAberto)
-    throw Falha(kNaoAbre, "cannot open the temporary file", saida, encontrado, "to write it", "try again");
-  throw Falha(kNaoEscreve, "cannot write the output", saida, encontrado, "room for the whole report",
-              "free some space and try again");
+    throw Falha(kNaoAbre,
+                frase("cannot open the temporary file: {1}: found {2}, expected to write it; try again",
+                      {saida, encontrado}));
+  throw Falha(kNaoEscreve,
+              frase("cannot write the output: {1}: found {2}, expected room for the whole report; free some "
+                    "space and try again",
+                    {saida, encontrado}));
 }
 
 void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) {
   const std::string faltam = incompletos(etapas);
   if (faltam.empty()) return;
-  const std::string texto = "the report is incomplete: " + faltam;
-  if (!guarda) throw Falha(kIncompleto, texto + "; --keep-partial keeps what there is");
-  throw Falha(kIncompleto, texto + "; what there is was kept as " + saida.guardaParcial());
+  if (!guarda)
+    throw Falha(kIncompleto,
+                frase("the report is incomplete: {1}; --keep-partial keeps what there is", {faltam}));
+  throw Falha(kIncompleto, frase("the report is incomplete: {1}; what there is was kept as {2}",
+                                 {faltam, saida.guardaParcial()}));
 }
 
 void gera(const OpcoesDoGenerate& opcoes, const Periodo& periodo, sqlite3* banco,

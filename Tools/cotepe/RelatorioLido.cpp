@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "Falha.h"
+#include "Idioma.h"
 #include "Sinais.h"
 
 namespace cotepe::programa {
@@ -18,8 +19,10 @@ Descritor abre(const std::string& caminho) {
   struct stat situacao {};
   const bool pasta = arquivo.aberto() && fstat(arquivo.numero(), &situacao) == 0 && S_ISDIR(situacao.st_mode);
   if (arquivo.aberto() && !pasta) return arquivo;
-  throw Falha(kUsoErrado, "cannot open the report", caminho, pasta ? "a folder" : motivoDoSistema(errno),
-              "a file that can be read", "correct the name");
+  throw Falha(kUsoErrado,
+              frase("cannot open the report: {1}: found {2}, expected a file that can be read; correct the "
+                    "name",
+                    {caminho, pasta ? traduz("a folder") : motivoDoSistema(errno)}));
 }
 
 }  // namespace
@@ -39,8 +42,11 @@ long RelatorioLido::le(char* destino, std::size_t tamanho) const {
 
 void RelatorioLido::confereLeitura() const {
   if (linhas_.erro() == 0) return;
-  throw Falha(kUsoErrado, "cannot read the report", nome_, motivoDoSistema(linhas_.erro()),
-              "a file that can be read", "check the disk it is on");
+  throw Falha(
+      kUsoErrado,
+      frase("cannot read the report: {1}: found {2}, expected a file that can be read; check the disk "
+            "it is on",
+            {nome_, motivoDoSistema(linhas_.erro())}));
 }
 
 }  // namespace cotepe::programa

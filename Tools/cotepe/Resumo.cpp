@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "Idioma.h"
 #include "Leiaute/Registro.h"
 
 namespace cotepe::programa {
@@ -16,9 +17,18 @@ std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatori
     texto += linha;
     total += etapa.linhas;
   }
-  static_cast<void>(std::snprintf(linha, sizeof linha, ": %ld lines, %lld bytes, %.1f s\n", total,
-                                  static_cast<long long>(bytes), segundos));
-  return texto + relatorio + linha;
+  static_cast<void>(std::snprintf(linha, sizeof linha, "%.1f", segundos));
+  return texto +
+         frase("{1}: {2} lines, {3} bytes, {4} s",
+               {relatorio, std::to_string(total), std::to_string(bytes), linha}) +
+         '\n';
+}
+
+std::string semIdentidade(const std::string& banco, const std::string& motivo) {
+  return frase(
+      "cannot read the printer's identity: {1}: found {2}, expected the tables dados_ecf and dados_usuario; "
+      "check that --db is a fiscal database",
+      {banco, motivo});
 }
 
 std::string incompletos(const std::vector<Etapa>& etapas) {

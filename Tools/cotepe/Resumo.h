@@ -13,6 +13,9 @@ namespace cotepe::programa {
 std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatorio, std::int64_t bytes,
                    double segundos);
 
+/// The failure of a run whose database does not say which printer it is of.
+std::string semIdentidade(const std::string& banco, const std::string& motivo);
+
 /// The registers that are not complete, each with its reason: "E06 (no such table: moeda), E09 (...)"; empty
 /// when there is none.
 std::string incompletos(const std::vector<Etapa>& etapas);

@@ -12,6 +12,7 @@
 #include "ArquivoSeguro.h"
 #include "Descritor.h"
 #include "Falha.h"
+#include "Idioma.h"
 #include "Sinais.h"
 
 namespace cotepe::programa {
@@ -36,7 +37,8 @@ class SaidaEmArquivo final : public Saida {
   std::string abandona() override {
     const std::string temporario = arquivo_.temporario();
     if (temporario.empty()) return {};
-    return arquivo_.descarta() ? "the temporary file was removed" : "remove the temporary file " + temporario;
+    return arquivo_.descarta() ? traduz("the temporary file was removed")
+                               : frase("remove the temporary file {1}", {temporario});
   }
 
  private:
@@ -61,8 +63,11 @@ class SaidaPadrao final : public Saida {
     const std::string pasta = dada != nullptr && *dada != '\0' ? dada : "/tmp";
     arquivo_ = arquivoSemNome(pasta);
     if (arquivo_.aberto()) return;
-    throw Falha(kNaoAbre, "cannot open a temporary file", pasta, motivoDoSistema(errno),
-                "a folder where files can be made", "set TMPDIR to one");
+    throw Falha(
+        kNaoAbre,
+        frase("cannot open a temporary file: {1}: found {2}, expected a folder where files can be made; "
+              "set TMPDIR to one",
+              {pasta, motivoDoSistema(errno)}));
   }
 
   std::string temporario() const override { return "/proc/self/fd/" + std::to_string(arquivo_.numero()); }
@@ -80,8 +85,10 @@ class SaidaPadrao final : public Saida {
     for (off_t posicao = 0;;) {
       const ssize_t lidos = pread(arquivo_.numero(), bloco.data(), bloco.size(), posicao);
       if (lidos < 0) {
-        throw Falha(kNaoEscreve, "cannot read the temporary file again", "stdout", motivoDoSistema(errno),
-                    "what was written to it", "see to the disk and try again");
+        throw Falha(kNaoEscreve,
+                    frase("cannot read the temporary file again: {1}: found {2}, expected what was written "
+                          "to it; see to the disk and try again",
+                          {"stdout", motivoDoSistema(errno)}));
       }
       if (lidos == 0) return confirmaEscrita(STDOUT_FILENO, "stdout");
       escreveTudo(STDOUT_FILENO, {bloco.data(), static_cast<std::size_t>(lidos)}, "stdout");
@@ -90,7 +97,7 @@ class SaidaPadrao final : public Saida {
   }
 
   std::string abandona() override {
-    return comecou_ ? "what stdout got is not whole" : "nothing was written to stdout";
+    return traduz(comecou_ ? marca("what stdout got is not whole") : marca("nothing was written to stdout"));
   }
 
  private:

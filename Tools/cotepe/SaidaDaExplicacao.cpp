@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "Idioma.h"
 #include "Json.h"
 #include "Trecho.h"
 
@@ -13,19 +14,22 @@ constexpr char kForte[] = "\033[1m", kNormal[] = "\033[0m";
 std::string coluna(const Achada& achada) { return achada.tabela + '.' + achada.coluna; }
 
 std::string linhaDaTabela(const Achada& achada) {
-  if (achada.linhas > 1)
-    return std::to_string(achada.linhas) + " rows" +
-           (achada.rowids.empty() ? "" : " (rowid " + achada.rowids + ')');
-  const std::string rowid = achada.rowid.empty() ? "" : "rowid " + achada.rowid;
-  if (achada.chave.empty()) return rowid.empty() ? "a row without a key" : rowid;
-  return "row " + achada.chave + (rowid.empty() ? "" : " (" + rowid + ')');
+  if (achada.linhas > 1) {
+    const std::string quantas = std::to_string(achada.linhas);
+    return achada.rowids.empty() ? frase("{1} rows", {quantas})
+                                 : frase("{1} rows (rowid {2})", {quantas, achada.rowids});
+  }
+  if (achada.chave.empty())
+    return achada.rowid.empty() ? traduz("a row without a key") : frase("rowid {1}", {achada.rowid});
+  return achada.rowid.empty() ? frase("row {1}", {achada.chave})
+                              : frase("row {1} (rowid {2})", {achada.chave, achada.rowid});
 }
 
 std::string origem(const Procedencia& procedencia) {
   if (!procedencia.texto.empty()) return procedencia.texto;
   const Achada& achada = procedencia.coluna;
   const std::string lugar = coluna(achada) + ", " + linhaDaTabela(achada);
-  return achada.linhas > 0 ? "the sum of " + lugar : lugar + ": " + achada.valor;
+  return achada.linhas > 0 ? frase("the sum of {1}", {lugar}) : lugar + ": " + achada.valor;
 }
 
 void item(std::ostream& saida, const char* nome, const std::string& texto) {
@@ -40,20 +44,18 @@ std::string cabecalho(const LinhaExplicada& linha) {
 
 void escreveCampo(std::ostream& saida, const LinhaExplicada& linha, std::size_t i, bool cores) {
   const ExplicacaoDoCampo& campo = linha.explicacao.campos[i];
+  const std::string de = std::to_string(campo.de), ate = std::to_string(campo.ate);
   saida << '\n'
         << (cores ? kForte : "") << linha.explicacao.registro->codigo << '.' << campo.numero << " \""
-        << campo.rotulo << "\", ";
-  if (campo.de == campo.ate)
-    saida << "byte " << campo.de;
-  else
-    saida << "bytes " << campo.de << '-' << campo.ate;
-  saida << (cores ? kNormal : "") << '\n';
-  item(saida, "rule:    ", campo.regra);
-  item(saida, "source:  ", campo.fonte);
-  item(saida, "bytes:   ", '"' + mostravel(campo.bytes) + '"');
-  item(saida, "meaning: ", campo.significado);
-  item(saida, "note:    ", campo.nota);
-  if (i < linha.procedencias.size()) item(saida, "from:    ", mostravel(origem(linha.procedencias[i])));
+        << campo.rotulo << "\", " << (de == ate ? frase("byte {1}", {de}) : frase("bytes {1}-{2}", {de, ate}))
+        << (cores ? kNormal : "") << '\n';
+  item(saida, traduz("rule:    "), campo.regra);
+  item(saida, traduz("source:  "), campo.fonte);
+  item(saida, traduz("bytes:   "), '"' + mostravel(campo.bytes) + '"');
+  item(saida, traduz("meaning: "), campo.significado);
+  item(saida, traduz("note:    "), campo.nota);
+  if (i < linha.procedencias.size())
+    item(saida, traduz("from:    "), mostravel(origem(linha.procedencias[i])));
 }
 
 void escreveOrigemJson(std::ostream& saida, const Procedencia& procedencia) {
@@ -91,8 +93,9 @@ void escreveCampoJson(std::ostream& saida, const LinhaExplicada& linha, std::siz
 void escreveTexto(std::ostream& saida, const LinhaExplicada& linha, bool cores) {
   const ExplicacaoDaLinha& e = linha.explicacao;
   saida << (cores ? kForte : "") << cabecalho(linha) << (cores ? kNormal : "") << '\n';
-  item(saida, "layout:  ", std::to_string(e.leiaute.versao) + (e.leiaute.cat52 ? ", CAT52 mode" : ""));
-  for (const std::string& nota : e.notas) item(saida, "note:    ", nota);
+  const std::string versao = std::to_string(e.leiaute.versao);
+  item(saida, traduz("layout:  "), e.leiaute.cat52 ? frase("{1}, CAT52 mode", {versao}) : versao);
+  for (const std::string& nota : e.notas) item(saida, traduz("note:    "), nota);
   for (std::size_t i = 0; i < e.campos.size(); ++i)
     if (linha.so < 0 || static_cast<std::size_t>(linha.so) == i) escreveCampo(saida, linha, i, cores);
 }

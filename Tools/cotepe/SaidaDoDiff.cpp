@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "Idioma.h"
 #include "Numero.h"
 
 namespace cotepe::programa {
@@ -14,12 +15,12 @@ SaidaDeAchados::Opcoes OpcoesDeDiferencas::paraStdout() const {
 }
 
 void declaraDiferencas(CLI::App& comando, OpcoesDeDiferencas& opcoes) {
-  comando.add_option("--format", opcoes.formato, "text, json (an object a line) or sarif (text)")
+  comando.add_option("--format", opcoes.formato, traduz("text, json (an object a line) or sarif (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "sarif"}));
   comando
       .add_option("--max-findings", opcoes.maximo,
-                  "Print no more than this many differences; the counts stay whole")
+                  traduz("Print no more than this many differences; the counts stay whole"))
       ->type_name("COUNT")
       ->check(numeroDesde(0));
 }

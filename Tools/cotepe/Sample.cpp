@@ -6,6 +6,7 @@
 #include "Comandos.h"
 #include "Dia.h"
 #include "Falha.h"
+#include "Idioma.h"
 #include "Progresso.h"
 #include "Sinais.h"
 
@@ -19,11 +20,11 @@ struct OpcoesDoSample {
 };
 
 void conta(const std::string& arquivo, const ResumoDaAmostra& r) {
-  static_cast<void>(
-      std::fprintf(stderr, "%s: %s to %s, %lld coupons, %lld items, %lld payments, %lld other documents\n",
-                   arquivo.c_str(), r.primeiroDia.c_str(), r.ultimoDia.c_str(),
-                   static_cast<long long>(r.cupons), static_cast<long long>(r.itens),
-                   static_cast<long long>(r.pagamentos), static_cast<long long>(r.outrosDocumentos)));
+  const std::string texto =
+      frase("{1}: {2} to {3}, {4} coupons, {5} items, {6} payments, {7} other documents",
+            {arquivo, r.primeiroDia, r.ultimoDia, std::to_string(r.cupons), std::to_string(r.itens),
+             std::to_string(r.pagamentos), std::to_string(r.outrosDocumentos)});
+  static_cast<void>(std::fprintf(stderr, "%s\n", texto.c_str()));
 }
 
 // A failure before the first day is done is one of opening the file, a later one of writing it.
@@ -33,14 +34,15 @@ ResumoDaAmostra cria(const OpcoesDoSample& opcoes, OpcoesDaAmostra amostra) {
   amostra.progresso = [&](int dia, int dias) {
     aberto = true;
     paraSeInterrompido();
-    progresso.etapa("day " + std::to_string(dia) + " of " + std::to_string(dias));
+    progresso.etapa(frase("day {1} of {2}", {std::to_string(dia), std::to_string(dias)}));
   };
   try {
     return criaBancoDeAmostra(opcoes.arquivo, amostra);
   } catch (const ErroDoBanco& erro) {
     throw Falha(aberto ? kNaoEscreve : kNaoAbre, erro.what());
   } catch (const Interrupcao& falha) {
-    throw Falha(falha.situacao(), std::string(falha.what()) + "; the temporary file was removed");
+    throw Falha(falha.situacao(),
+                std::string(falha.what()) + "; " + traduz("the temporary file was removed"));
   }
 }
 
@@ -48,8 +50,10 @@ ResumoDaAmostra cria(const OpcoesDoSample& opcoes, OpcoesDaAmostra amostra) {
 std::string primeiroDia(const std::string& texto) {
   const Dia dia = exigeDia("--start", texto);
   if (dia.ano() >= 1900 && dia.ano() < 9900) return dia.iso();
-  throw Falha(kUsoErrado, "wrong usage", "--start " + texto, "a year that no sample begins in",
-              "1900 to 9899", "correct it");
+  throw Falha(kUsoErrado,
+              frase("wrong usage: --start {1}: found a year that no sample begins in, expected 1900 to 9899; "
+                    "correct it",
+                    {texto}));
 }
 
 void executa(const OpcoesDoSample& opcoes) {
@@ -63,22 +67,23 @@ void executa(const OpcoesDoSample& opcoes) {
 
 Execucao declaraSample(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoSample>();
-  comando.add_option("FILE", o->arquivo, "The database to make; it must not exist")->required();
-  comando.add_option("--days", o->amostra.dias, "Fiscal days (30)")
+  comando.add_option("FILE", o->arquivo, traduz("The database to make; it must not exist"))->required();
+  comando.add_option("--days", o->amostra.dias, traduz("Fiscal days (30)"))
       ->type_name("N")
       ->check(CLI::Range(1, 36500));
-  comando.add_option("--coupons-per-day", o->amostra.cuponsPorDia, "Fiscal coupons of each day (40)")
+  comando.add_option("--coupons-per-day", o->amostra.cuponsPorDia, traduz("Fiscal coupons of each day (40)"))
       ->type_name("N")
       ->check(CLI::Range(1, 1000000));
-  comando.add_option("--start", o->inicio, "First day, DDMMYYYY or YYYY-MM-DD (2024-01-01)")
+  comando.add_option("--start", o->inicio, traduz("First day, DDMMYYYY or YYYY-MM-DD (2024-01-01)"))
       ->type_name("DAY");
-  comando.add_option("--seed", o->amostra.semente, "The same seed makes the same database (1)")
+  comando.add_option("--seed", o->amostra.semente, traduz("The same seed makes the same database (1)"))
       ->type_name("N")
       ->check([](const std::string& texto) {
-        return texto.find_first_not_of("0123456789") == std::string::npos ? ""
-                                                                          : texto + " is no number from 0 on";
+        return texto.find_first_not_of("0123456789") == std::string::npos
+                   ? ""
+                   : frase("{1} is no number from {2} on", {texto, "0"});
       });
-  comando.add_flag("--quiet", o->calado, "No summary and no progress; failures are always told");
+  comando.add_flag("--quiet", o->calado, traduz("No summary and no progress; failures are always told"));
   return [o] { executa(*o); };
 }
 

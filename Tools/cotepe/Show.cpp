@@ -8,6 +8,7 @@
 #include "Exibicao.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Idioma.h"
 #include "LugarNoRelatorio.h"
 #include "Numero.h"
 #include "Periodo.h"
@@ -36,7 +37,9 @@ Selecao selecaoDe(const OpcoesDoShow& opcoes) {
   for (std::string codigo : opcoes.registros) {
     for (char& c : codigo) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     const int indice = indiceDoRegistro(codigo);
-    if (indice < 0) throw Falha(kUsoErrado, "wrong usage", "--register", codigo, "E01 to E22", "correct it");
+    if (indice < 0)
+      throw Falha(kUsoErrado, frase("wrong usage: {1}: found {2}, expected E01 to E22; correct it",
+                                    {"--register", codigo}));
     selecao.registros.push_back(indice);
   }
   return selecao;
@@ -54,8 +57,9 @@ void executa(const OpcoesDoShow& opcoes) {
   if (!opcoes.de.empty() && !opcoes.ate.empty()) exigePeriodo(opcoes.de, opcoes.ate);
   Periodo periodo(diaPedido("--from", opcoes.de), diaPedido("--to", opcoes.ate));
   if (opcoes.tabela && opcoes.formato != "text")
-    throw Falha(kUsoErrado, "wrong usage", "--table", "--format " + opcoes.formato, "text",
-                "leave one of them out");
+    throw Falha(kUsoErrado,
+                frase("wrong usage: --table: found --format {1}, expected text; leave one of them out",
+                      {opcoes.formato}));
   RelatorioLido relatorio(opcoes.arquivo);
   FluxoDeSaida fluxo;
   const auto exibicao = novaExibicao(formatoDe(opcoes), fluxo, opcoes.mascara);
@@ -75,35 +79,38 @@ void executa(const OpcoesDoShow& opcoes) {
 
 Execucao declaraShow(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoShow>();
-  comando.add_option("FILE", o->arquivo, "The report; - for stdin")->required();
-  comando.add_option("--register", o->registros, "Only this register, E01 to E22; may be given again")
+  comando.add_option("FILE", o->arquivo, traduz("The report; - for stdin"))->required();
+  comando
+      .add_option("--register", o->registros, traduz("Only this register, E01 to E22; may be given again"))
       ->type_name("REGISTER")
       ->delimiter(',')
       ->expected(1)
       ->take_all();
-  comando.add_option("--line", o->selecao.linha, "Only this line")->type_name("N")->check(numeroDesde(1));
-  comando.add_option("--coo", o->selecao.coo, "Only records with this COO")
+  comando.add_option("--line", o->selecao.linha, traduz("Only this line"))
+      ->type_name("N")
+      ->check(numeroDesde(1));
+  comando.add_option("--coo", o->selecao.coo, traduz("Only records with this COO"))
       ->type_name("N")
       ->check(numeroDesde(0));
-  comando.add_option("--crz", o->selecao.crz, "Only records with this CRZ")
+  comando.add_option("--crz", o->selecao.crz, traduz("Only records with this CRZ"))
       ->type_name("N")
       ->check(numeroDesde(0));
-  comando.add_option("--from", o->de, "Only records of this day or later, DDMMYYYY or YYYY-MM-DD")
+  comando.add_option("--from", o->de, traduz("Only records of this day or later, DDMMYYYY or YYYY-MM-DD"))
       ->type_name("DAY");
-  comando.add_option("--to", o->ate, "Only records of this day or earlier")->type_name("DAY");
-  comando.add_option("--format", o->formato, "text, json (an object a line) or csv (text)")
+  comando.add_option("--to", o->ate, traduz("Only records of this day or earlier"))->type_name("DAY");
+  comando.add_option("--format", o->formato, traduz("text, json (an object a line) or csv (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "csv"}));
-  comando.add_flag("--table", o->tabela, "Text with one row a record");
+  comando.add_flag("--table", o->tabela, traduz("Text with one row a record"));
   comando.add_flag("--mask", o->mascara,
-                   "Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon");
-  comando.footer(
+                   traduz("Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon"));
+  comando.footer(traduz(
       "With --from or --to a record without a date goes with what it is a part of: E13, E17 and E18 with "
       "their\n"
       "reduction, E15 with its coupon, E20 with its non-fiscal coupon, E21 with either. E08 goes with "
       "nothing.\n"
       "Of one --register csv has a row a record, otherwise a row a field.\n"
-      "Exit status: 0 done, 2 could not run, 4 writing failed.");
+      "Exit status: 0 done, 2 could not run, 4 writing failed."));
   return [o] { executa(*o); };
 }
 

@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+#include "Idioma.h"
+
 namespace cotepe::programa {
 namespace {
 
@@ -20,7 +22,7 @@ std::string nomeDoSinal(int sinal) {
     case SIGHUP:
       return "SIGHUP";
     default:
-      return "signal " + std::to_string(sinal);
+      return frase("signal {1}", {std::to_string(sinal)});
   }
 }
 
@@ -35,7 +37,7 @@ void recebe(int sinal) {
 
 }  // namespace
 
-Interrupcao::Interrupcao(int sinal) : Falha(128 + sinal, "interrupted by " + nomeDoSinal(sinal)) {}
+Interrupcao::Interrupcao(int sinal) : Falha(128 + sinal, frase("interrupted by {1}", {nomeDoSinal(sinal)})) {}
 
 void instalaSinais() {
   for (const int sinal : {SIGINT, SIGTERM, SIGHUP}) recebe(sinal);

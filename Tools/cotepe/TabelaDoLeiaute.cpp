@@ -1,89 +1,90 @@
 #include "TabelaDoLeiaute.h"
 
+#include <string_view>
 #include <tuple>
 
+#include "Idioma.h"
 #include "Leiaute/Catalogo.h"
 #include "Leiaute/Releitura.h"
 
 namespace cotepe::programa {
 namespace {
 
-std::string nomeDaEspecie(const Campo& campo) {
+const char* nomeDaEspecie(const Campo& campo) {
   switch (campo.especie) {
     case Especie::Texto:
     case Especie::Preenchido:
-      return "text";
+      return marca("text");
     case Especie::ComoEsta:
-      return "text, never filled";
+      return marca("text, never filled");
     case Especie::Numero:
-      return "number";
+      return marca("number");
     case Especie::Contador:
-      return "document counter";
+      return marca("document counter");
     case Especie::Identificador:
-      return "unsigned number";
+      return marca("unsigned number");
     case Especie::Dinheiro:
     case Especie::DinheiroDuplo:
-      return "money in cents";
+      return marca("money in cents");
     case Especie::Decimal:
-      return campo.colunaDasCasas >= 0 ? "decimal, 2 or 3 places" : "decimal, 2 places";
+      return campo.colunaDasCasas >= 0 ? marca("decimal, 2 or 3 places") : marca("decimal, 2 places");
     case Especie::Data:
     case Especie::DataPronta:
-      return "date AAAAMMDD";
+      return marca("date AAAAMMDD");
     case Especie::Hora:
     case Especie::HoraPronta:
-      return "hour HHMMSS";
+      return marca("hour HHMMSS");
   }
-  return {};
+  return "";
 }
 
 // The fields before the first one of a row stand in a placeholder record as in any other, and so do a date
 // and an hour that are ready: they are the run's.
-std::string vazioDe(const Registro& registro, const Campo& campo, bool noCabecalho) {
-  if (noCabecalho && &registro == &kE07) return "left out";
+Dito vazioDe(const Registro& registro, const Campo& campo, bool noCabecalho) {
+  if (noCabecalho && &registro == &kE07) return {marca("left out"), ""};
   if (noCabecalho || campo.especie == Especie::DataPronta || campo.especie == Especie::HoraPronta)
-    return "as in a record";
-  if (campo.textoVazio != nullptr) return '"' + std::string(campo.textoVazio) + '"';
-  return numerica(campo.especie) ? "zeros" : "blanks";
+    return {marca("as in a record"), ""};
+  if (campo.textoVazio != nullptr) return {"\"{1}\"", campo.textoVazio};
+  return {numerica(campo.especie) ? marca("zeros") : marca("blanks"), ""};
 }
 
-void junta(std::string& texto, const char* outro) { (texto += texto.empty() ? "" : "; ") += outro; }
-
-std::string condicaoDe(const Campo& campo) {
-  std::string texto;
-  if (campo.soNaVersao2) junta(texto, "layout 2 only");
-  if (campo.soForaDoCat52) junta(texto, "not in CAT52 mode");
-  if (campo.posicao != 0) junta(texto, "always at this position");
-  if (campo.desloca) junta(texto, "a longer number moves the later fields");
-  if (campo.naoAvanca) junta(texto, "what follows begins at the same position");
-  if (campo.naoAvancaVazio) junta(texto, "in a placeholder what follows begins at the same position");
-  return texto;
+std::vector<Dito> condicoesDe(const Campo& campo) {
+  std::vector<Dito> ditas;
+  const auto junta = [&ditas](const char* mensagem) { ditas.push_back({mensagem, ""}); };
+  if (campo.soNaVersao2) junta(marca("layout 2 only"));
+  if (campo.soForaDoCat52) junta(marca("not in CAT52 mode"));
+  if (campo.posicao != 0) junta(marca("always at this position"));
+  if (campo.desloca) junta(marca("a longer number moves the later fields"));
+  if (campo.naoAvanca) junta(marca("what follows begins at the same position"));
+  if (campo.naoAvancaVazio) junta(marca("in a placeholder what follows begins at the same position"));
+  return ditas;
 }
 
 bool temVazio(const Registro& registro, bool cat52) {
   return registro.vazio == Vazio::Sempre || (registro.vazio == Vazio::ForaDoCat52 && !cat52);
 }
 
-std::string quandoVazio(const Registro& registro, bool cat52) {
-  if (!temVazio(registro, cat52)) return "none";
-  return registro.vazio == Vazio::Sempre ? "always" : "outside CAT52 mode";
+const char* quandoVazio(const Registro& registro, bool cat52) {
+  if (!temVazio(registro, cat52)) return marca("none");
+  return registro.vazio == Vazio::Sempre ? marca("always") : marca("outside CAT52 mode");
 }
 
 // A field that begins before the one ahead of it ends takes the end of it away.
 void anotaSobreposicoes(std::vector<LinhaDaTabela>& linhas) {
   for (std::size_t i = 1; i < linhas.size(); ++i) {
     if (linhas[i].de > linhas[i - 1].ate) continue;
-    junta(linhas[i - 1].condicao,
-          ("overwritten from position " + std::to_string(linhas[i].de) + " on").c_str());
+    linhas[i - 1].condicoes.push_back(
+        {marca("overwritten from position {1} on"), std::to_string(linhas[i].de)});
   }
 }
 
-std::string notaDe(const Registro& registro, bool cat52) {
-  if (&registro == &kE07) return "The placeholder record has no head.";
+const char* notaDe(const Registro& registro, bool cat52) {
+  if (&registro == &kE07) return marca("The placeholder record has no head.");
   if (&registro == &kE13 && cat52)
-    return "Without a non-fiscal totalizer there is a placeholder record for those: OPNF and zeros.";
+    return marca("Without a non-fiscal totalizer there is a placeholder record for those: OPNF and zeros.");
   if (&registro == &kE13)
-    return "A second placeholder record, OPNF and zeros, stands for the non-fiscal totalizers.";
-  return {};
+    return marca("A second placeholder record, OPNF and zeros, stands for the non-fiscal totalizers.");
+  return "";
 }
 
 std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool cat52) {
@@ -97,8 +98,8 @@ std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool c
     const int largura = larguraNominal(campo, versao);
     linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, posicao, posicao + largura - 1,
                       largura, nomeDaEspecie(campo),
-                      temVazio(registro, cat52) ? vazioDe(registro, campo, noCabecalho) : "-",
-                      condicaoDe(campo)});
+                      temVazio(registro, cat52) ? vazioDe(registro, campo, noCabecalho) : Dito{"-", ""},
+                      condicoesDe(campo)});
     if (!campo.naoAvanca) posicao += largura;
   }
   anotaSobreposicoes(linhas);
@@ -107,7 +108,7 @@ std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool c
 
 bool iguais(const std::vector<LinhaDaTabela>& a, const std::vector<LinhaDaTabela>& b) {
   const auto partes = [](const LinhaDaTabela& l) {
-    return std::tie(l.rotulo, l.de, l.ate, l.especie, l.vazio, l.condicao);
+    return std::tuple(l.rotulo, l.de, l.ate, std::string_view(l.especie), l.vazio, l.condicoes);
   };
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i)

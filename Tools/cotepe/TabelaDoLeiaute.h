@@ -2,20 +2,32 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Leiaute/Registro.h"
 
 namespace cotepe::programa {
 
+/// Words of a table, in English: the model of a message and what fills its place, so that they can be said in
+/// the user's language or as they are.
+struct Dito {
+  const char* modelo;
+  std::string parte;
+
+  friend bool operator==(const Dito& a, const Dito& b) {
+    return std::string_view(a.modelo) == b.modelo && a.parte == b.parte;
+  }
+};
+
 struct LinhaDaTabela {
-  int numero;          // from 1
-  std::string rotulo;  // UTF-8
-  int de, ate;         // positions from 1, both included
-  int largura;         // bytes
-  std::string especie;
-  std::string vazio;     // what a placeholder record holds; "-" where there is none
-  std::string condicao;  // when the field is there, and what is odd about where it stands; may be empty
+  int numero;                   // from 1
+  std::string rotulo;           // UTF-8
+  int de, ate;                  // positions from 1, both included
+  int largura;                  // bytes
+  const char* especie;          // a message
+  Dito vazio;                   // what a placeholder record holds; "-" where there is none
+  std::vector<Dito> condicoes;  // when the field is there, and what is odd about where it stands
 };
 
 struct TabelaDoLeiaute {
@@ -23,8 +35,8 @@ struct TabelaDoLeiaute {
   std::vector<int> versoes;  // the layout versions that share this table
   bool cat52;
   int comprimento;    // bytes of a record
-  std::string vazio;  // when the register holds a placeholder record
-  std::string nota;   // what the list of fields alone does not say of it; may be empty
+  const char* vazio;  // when the register holds a placeholder record: a message
+  const char* nota;   // what the list of fields alone does not say of it: a message, may be empty
   std::vector<LinhaDaTabela> linhas;
 };
 

@@ -8,6 +8,7 @@
 #include "Descritor.h"
 #include "Falha.h"
 #include "FluxoDeSaida.h"
+#include "Idioma.h"
 #include "Numero.h"
 #include "RegrasNomeadas.h"
 #include "RelatorioLido.h"
@@ -27,7 +28,8 @@ struct OpcoesDoValidate {
 void executa(const OpcoesDoValidate& opcoes) {
   if (opcoes.regras) return listaRegras<Regra>(kQuantasRegras, 21);
   if (opcoes.arquivo.empty())
-    throw Falha(kUsoErrado, "wrong usage", "FILE", "nothing", "a report, or - for stdin", "name it");
+    throw Falha(kUsoErrado,
+                traduz("wrong usage: FILE: found nothing, expected a report, or - for stdin; name it"));
   const ConjuntoDeRegras desligadas =
       regrasDesligadas<Regra, ConjuntoDeRegras>(opcoes.desligadas, "validate");
   RelatorioLido relatorio(opcoes.arquivo);
@@ -44,29 +46,30 @@ void executa(const OpcoesDoValidate& opcoes) {
   fluxo.conclui();
   relatorio.confereLeitura();
   if (saida.total() > 0)
-    throw Falha(kIncompleto,
-                relatorio.nome() + ": not clean; cotepe validate --rules says what the rules are");
+    throw Falha(kIncompleto, frase("{1}: not clean; cotepe {2} --rules says what the rules are",
+                                   {relatorio.nome(), "validate"}));
 }
 
 }  // namespace
 
 Execucao declaraValidate(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoValidate>();
-  comando.add_option("FILE", o->arquivo, "The report; - for stdin");
-  comando.add_option("--format", o->formato, "text, json (an object a line) or sarif (text)")
+  comando.add_option("FILE", o->arquivo, traduz("The report; - for stdin"));
+  comando.add_option("--format", o->formato, traduz("text, json (an object a line) or sarif (text)"))
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "json", "sarif"}));
-  comando.add_option("--max-findings", o->maximo, "Print no more than this many; the counts stay whole")
+  comando
+      .add_option("--max-findings", o->maximo, traduz("Print no more than this many; the counts stay whole"))
       ->type_name("COUNT")
       ->check(numeroDesde(0));
-  comando.add_option("--disable", o->desligadas, "Switch off a rule; may be given again")
+  comando.add_option("--disable", o->desligadas, traduz("Switch off a rule; may be given again"))
       ->type_name("RULE")
       ->delimiter(',')
       ->allow_extra_args(false);
-  comando.add_flag("--rules", o->regras, "List the rules and exit");
-  comando.footer(
+  comando.add_flag("--rules", o->regras, traduz("List the rules and exit"));
+  comando.footer(traduz(
       "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
-      "Memory does not grow with the report: what it must remember of coupons stands in a temporary file.");
+      "Memory does not grow with the report: what it must remember of coupons stands in a temporary file."));
   return [o] { executa(*o); };
 }
 

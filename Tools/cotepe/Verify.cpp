@@ -12,6 +12,7 @@
 #include "FluxoDeSaida.h"
 #include "Geracao.h"
 #include "HospedeiroDoPrograma.h"
+#include "Idioma.h"
 #include "NomeDoRelatorio.h"
 #include "Progresso.h"
 #include "RelatorioLido.h"
@@ -49,7 +50,7 @@ class Verificacao {
     const auto gerado = gera(ajuste);
     RelatorioLido esperado(gerado->temporario()), encontrado(opcoes_.relatorio);
     progresso_.limpa();
-    Diferenca(saida, {"the report of " + opcoes_.banco, encontrado.nome(), false, true})
+    Diferenca(saida, {frase("the report of {1}", {opcoes_.banco}), encontrado.nome(), false, true})
         .compara(esperado.linhas(), encontrado.linhas());
     esperado.confereLeitura();
     encontrado.confereLeitura();
@@ -80,15 +81,15 @@ class Verificacao {
 
   void exigeInteiro(int resultado, const HospedeiroDoPrograma& hospedeiro) const {
     if (resultado == kIdentidadeFalhou)
-      throw Falha(kUsoErrado, "cannot read the printer's identity", opcoes_.banco, hospedeiro.motivo(),
-                  "the tables dados_ecf and dados_usuario", "check that --db is a fiscal database");
+      throw Falha(kUsoErrado, semIdentidade(opcoes_.banco, hospedeiro.motivo()));
     if (resultado != kGerado)
-      throw Falha(kNaoEscreve, "cannot write the temporary file", opcoes_.relatorio,
-                  "a failure of result " + std::to_string(resultado), "room for the whole report",
-                  "free some space or set TMPDIR to a folder with more");
+      throw Falha(kNaoEscreve,
+                  frase("cannot write the temporary file: {1}: found a failure of result {2}, expected room "
+                        "for the whole report; free some space or set TMPDIR to a folder with more",
+                        {opcoes_.relatorio, std::to_string(resultado)}));
     const std::string faltam = incompletos(hospedeiro.etapas());
     if (!faltam.empty())
-      throw Falha(kUsoErrado, "cannot verify: the database gives no whole report: " + faltam);
+      throw Falha(kUsoErrado, frase("cannot verify: the database gives no whole report: {1}", {faltam}));
   }
 
   const OpcoesDoVerify& opcoes_;
@@ -115,7 +116,8 @@ const Ajuste& melhor(Verificacao& verificacao, const std::vector<Ajuste>& ajuste
 
 void executa(const OpcoesDoVerify& opcoes) {
   if (opcoes.relatorio == "-")
-    throw Falha(kUsoErrado, "wrong usage", "REPORT", "stdin", "a file, which is read twice", "name it");
+    throw Falha(kUsoErrado,
+                traduz("wrong usage: REPORT: found stdin, expected a file, which is read twice; name it"));
   RelatorioLido relatorio(opcoes.relatorio);
   const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
   relatorio.confereLeitura();
@@ -133,24 +135,27 @@ void executa(const OpcoesDoVerify& opcoes) {
   verificacao.confronta(ajuste, saida);
   saida.termina();
   fluxo.conclui();
-  if (saida.total() > 0) throw Falha(kIncompleto, relatorio.nome() + ": not what the database says");
+  if (saida.total() > 0)
+    throw Falha(kIncompleto, frase("{1}: not what the database says", {relatorio.nome()}));
 }
 
 }  // namespace
 
 Execucao declaraVerify(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoVerify>();
-  comando.add_option("--db", o->banco, "Fiscal database; it is only read")->type_name("FILE")->required();
-  comando.add_option("REPORT", o->relatorio, "The report, a file")->required();
+  comando.add_option("--db", o->banco, traduz("Fiscal database; it is only read"))
+      ->type_name("FILE")
+      ->required();
+  comando.add_option("REPORT", o->relatorio, traduz("The report, a file"))->required();
   declaraAjustes(comando, o->ajuste);
   comando
       .add_option("--busy-timeout", o->espera,
-                  "How long to wait for a locked database, in milliseconds (5000)")
+                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
-  comando.add_flag("--quiet", o->calado, "Do not say what was derived");
+  comando.add_flag("--quiet", o->calado, traduz("Do not say what was derived"));
   declaraDiferencas(comando, o->saida);
-  comando.footer(
+  comando.footer(traduz(
       "What is not given is derived from the report: layout and CAT52 mode from its lines (where they leave\n"
       "a choice, what fits best), the command from E01, the period from the first day of E01, the movements "
       "of\n"
@@ -158,7 +163,7 @@ Execucao declaraVerify(CLI::App& comando) {
       "have been longer; days without anything in them leave no trace. The time stamp of E11 is not "
       "compared.\n"
       "Exit status: 0 the report is what the database says, 1 it is not, 2 could not run, 4 writing\n"
-      "failed, also for want of room for the temporary file.");
+      "failed, also for want of room for the temporary file."));
   return [o] { executa(*o); };
 }
 

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
     avisa(falha.what());
     return falha.situacao();
   } catch (const std::bad_alloc&) {
-    static_cast<void>(std::fputs("cotepe: out of memory\n", stderr));
+    static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", cotepe::traduz("out of memory")));
     return kNaoEscreve;
   } catch (const std::exception& erro) {
     avisa(erro.what());

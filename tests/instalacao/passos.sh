@@ -2,6 +2,7 @@
 # The steps of the tests of the installed package, one a call: passos.sh STEP, with the settings of CMakeLists.txt
 # in the environment. Examples are copied out of the tree and see of it the prefix alone.
 set -eu
+export LC_ALL=C
 aqui=$(dirname "$0")
 . "$aqui/exemplos.sh"
 

@@ -59,6 +59,7 @@ std::string copiaParaTodos(const std::string& programa) {
 Processo::Processo(std::vector<std::string> argumentos) : argumentos_(std::move(argumentos)) {
   argumentos_.insert(argumentos_.begin(), COTEPE_PROGRAMA);
   for (char** variavel = environ; *variavel != nullptr; ++variavel) ambiente_.emplace_back(*variavel);
+  comAmbiente("LC_ALL", "C");  // messages in English, whoever runs the tests
 }
 
 Processo::~Processo() {

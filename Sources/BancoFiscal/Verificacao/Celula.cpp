@@ -198,6 +198,7 @@ void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const M
 
 std::string enumera(const std::vector<const Destino*>& destinos) {
   std::vector<std::string> campos;
+  campos.reserve(destinos.size());
   for (const Destino* destino : destinos)
     campos.push_back(std::string(destino->registro->codigo) + '.' + std::to_string(destino->numero));
   return enumera(campos);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kForte[] = "\033[1m", kNormal[] = "\033[0m";
 
-std::string coluna(const Achada& achada) { return achada.tabela + '.' + achada.coluna; }
+std::string coluna(const Achada& achada) { return mostravel(achada.tabela + '.' + achada.coluna); }
 
 std::string linhaDaTabela(const Achada& achada) {
   if (achada.linhas > 1) {
@@ -19,17 +19,18 @@ std::string linhaDaTabela(const Achada& achada) {
     return achada.rowids.empty() ? frase("{1} rows", {quantas})
                                  : frase("{1} rows (rowid {2})", {quantas, achada.rowids});
   }
-  if (achada.chave.empty())
+  const std::string chave = mostravel(achada.chave);
+  if (chave.empty())
     return achada.rowid.empty() ? traduz("a row without a key") : frase("rowid {1}", {achada.rowid});
-  return achada.rowid.empty() ? frase("row {1}", {achada.chave})
-                              : frase("row {1} (rowid {2})", {achada.chave, achada.rowid});
+  return achada.rowid.empty() ? frase("row {1}", {chave})
+                              : frase("row {1} (rowid {2})", {chave, achada.rowid});
 }
 
 std::string origem(const Procedencia& procedencia) {
   if (!procedencia.texto.empty()) return procedencia.texto;
   const Achada& achada = procedencia.coluna;
   const std::string lugar = coluna(achada) + ", " + linhaDaTabela(achada);
-  return achada.linhas > 0 ? frase("the sum of {1}", {lugar}) : lugar + ": " + achada.valor;
+  return achada.linhas > 0 ? frase("the sum of {1}", {lugar}) : lugar + ": " + mostravel(achada.valor);
 }
 
 void item(std::ostream& saida, const char* nome, const std::string& texto) {
@@ -54,8 +55,7 @@ void escreveCampo(std::ostream& saida, const LinhaExplicada& linha, std::size_t 
   item(saida, traduz("bytes:   "), '"' + mostravel(campo.bytes) + '"');
   item(saida, traduz("meaning: "), campo.significado);
   item(saida, traduz("note:    "), campo.nota);
-  if (i < linha.procedencias.size())
-    item(saida, traduz("from:    "), mostravel(origem(linha.procedencias[i])));
+  if (i < linha.procedencias.size()) item(saida, traduz("from:    "), origem(linha.procedencias[i]));
 }
 
 void escreveOrigemJson(std::ostream& saida, const Procedencia& procedencia) {

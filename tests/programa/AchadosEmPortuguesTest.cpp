@@ -100,14 +100,18 @@ TEST_F(AchadosEmPortugues, FieldIsExplained) {
   criaBanco();
   ASSERT_EQ(roda(generate({"--quiet", "--output", "r.txt"})).situacao, 0);
   EXPECT_EQ(
-      roda({"explain", "--format", "json", "r.txt:1:24", "--db", "base.db"}).saida,
-      R"({"file":"r.txt","line":1,"register":"E01","name":"Identificação do ECF","layout":1,)"
-      R"("notes":["vários ECF, versões do software básico ou usuários acrescentam, cada um, um grupo de )"
-      R"(campos e deslocam os seguintes para a direita; sem uma versão do software básico, os seus 10 )"
-      R"(bytes ficam de fora"],"fields":[{"field":3,"label":"MF adicional","from":24,"to":24,)"
-      R"("rule":"texto de 1 byte","source":"sempre \" \"","bytes":" ","meaning":"em branco: nenhum",)"
-      R"("origin":{"text":"o gerador: é igual em todos os registros"}}]})"
-      "\n");
+      roda({"explain", "r.txt:1:24", "--db", "base.db"}).saida,
+      "r.txt:1: E01 Identificação do ECF\n"
+      "  leiaute:     1\n"
+      "  nota:        vários ECF, versões do software básico ou usuários acrescentam, cada um, um grupo de "
+      "campos e deslocam os seguintes para a direita; sem uma versão do software básico, os seus 10 bytes "
+      "ficam de fora\n\n"
+      "E01.3 \"MF adicional\", byte 24\n"
+      "  regra:       texto de 1 byte\n"
+      "  fonte:       sempre \" \"\n"
+      "  bytes:       \" \"\n"
+      "  significado: em branco: nenhum\n"
+      "  vem de:      o gerador: é igual em todos os registros\n");
 }
 
 TEST_F(AchadosEmPortugues, WhatCannotBeDoneIsSaid) {

@@ -80,9 +80,9 @@ TEST_F(AchadosEmPortugues, ReportsAreCompared) {
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(
       fim.saida,
-      "b.txt: erro missing: encontrado: nenhum, esperado: uma linha de nenhum registro, \"XYZ\" (linha 1 "
-      "de a.txt)\n"
-      "b.txt:1: erro line-end E22: encontrado: CR e LF, esperado: LF (Número ; linha 2 de a.txt)\n"
+      "b.txt: erro missing: encontrado: nenhum, esperado: uma linha de nenhum registro, \"XYZ\" (linha 1, "
+      "a.txt)\n"
+      "b.txt:1: erro line-end E22: encontrado: CR e LF, esperado: LF (Número ; linha 2, a.txt)\n"
       "b.txt:2: erro added E14: encontrado: um registro: CCF , esperado: nenhum\n"
       "3 erros, 0 aviso\n");
 }

@@ -110,7 +110,7 @@ TEST_F(AchadosEmPortugues, FieldIsExplained) {
       "  regra:       texto de 1 byte\n"
       "  fonte:       sempre \" \"\n"
       "  bytes:       \" \"\n"
-      "  significado: em branco: nenhum\n"
+      "  significado: em branco: sem valor\n"
       "  vem de:      o gerador: é igual em todos os registros\n");
 }
 

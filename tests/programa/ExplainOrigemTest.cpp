@@ -36,7 +36,7 @@ TEST_F(ExplainOrigem, ATypeThatTheDatabaseDoesNotHaveIsTheApplications) {
 }
 
 TEST_F(ExplainOrigem, ATextThatTheQueryItselfHasIsSaidSo) {
-  gera("INSERT INTO totalizador_reducao VALUES (11, 'SANGRIA', 20.5, 'N')");
+  gera("INSERT INTO totalizador_reducao VALUES (11, 'SANGRIA', 20.5, 'N')", {"--cat52"});  // no placeholder
   EXPECT_EQ(origem("E13", 53), "  from:    the query: it is the constant 'OPNF' there\n");
 }
 
@@ -52,7 +52,9 @@ TEST_F(ExplainOrigem, OfTheFiscalMemoryAloneTheGrandTotalIsTheReductions) {
 }
 
 TEST_F(ExplainOrigem, AGrandTotalTooLongForTheQueryIsTheUsers) {
-  gera("INSERT INTO posicao_totalizadores_contadores(valor_gt) VALUES ('1234567890123456.789')");
+  gera(
+      "PRAGMA ignore_check_constraints = 1; INSERT INTO posicao_totalizadores_contadores VALUES "
+      "(12, 1, 102, 0, 0, 0, 0, '1234567890123456.789')");
   EXPECT_EQ(origem("E02", 253), "  from:    dados_usuario.valor_gt, rowid 1: 10.5\n");
 }
 

@@ -145,7 +145,8 @@ std::string emMarkdown(const Tabelas& tabelas) {
       "# Registers of the type-E file\n\n"
       "Made by `cotepe layout --format markdown` from the lists that the generator writes by. Widths are in "
       "bytes,\n"
-      "positions count from 1. A placeholder record stands for a register that has no row.\n");
+      "positions count from 1. A placeholder record stands for a register that has no row.");
+  texto += '\n';
   for (std::size_t i = 0; i < tabelas.size(); ++i) {
     const TabelaDoLeiaute& tabela = tabelas[i];
     if (primeira(tabelas, i)) {

@@ -20,11 +20,14 @@ instala() {
   cmake --install "$CONSTRUCAO" --prefix "$PREFIXO" >instala.txt
   for arquivo in bin/cotepe include/cotepe/cotepe.h include/cotepe/Leiaute/Execucao.h "$BIBLIOTECAS/libcotepe.a" \
     "$BIBLIOTECAS/libcotepe_host.a" "$BIBLIOTECAS/libcotepe.so.$VERSAO" \
-    "$BIBLIOTECAS/cmake/cotepe/cotepeConfig.cmake" "$BIBLIOTECAS/pkgconfig/cotepe.pc"; do
+    "$BIBLIOTECAS/cmake/cotepe/cotepeConfig.cmake" "$BIBLIOTECAS/pkgconfig/cotepe.pc" \
+    share/locale/pt_BR/LC_MESSAGES/cotepe.mo; do
     [ -f "$PREFIXO/$arquivo" ] || falha "not installed: $arquivo"
   done
   [ "$(readlink "$PREFIXO/$BIBLIOTECAS/libcotepe.so")" = "libcotepe.so.$SOVERSAO" ] || falha "libcotepe.so"
   [ "$(readlink "$PREFIXO/$BIBLIOTECAS/libcotepe.so.$SOVERSAO")" = "libcotepe.so.$VERSAO" ] || falha "SOVERSION"
+  LC_ALL=C.UTF-8 LANGUAGE=pt_BR "$PREFIXO/bin/cotepe" schema --help | grep -qx 'Uso: cotepe schema \[OPÇÕES\]' ||
+    falha "the program speaks no Portuguese"
   ! grep -rlF -e "$FONTES" -e "$CONSTRUCAO" "$PREFIXO/$BIBLIOTECAS/cmake" "$PREFIXO/$BIBLIOTECAS/pkgconfig" ||
     falha "these name the tree that they were built in"
 }

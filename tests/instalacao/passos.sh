@@ -45,6 +45,8 @@ destdir() {
 simbolos() {
   "$NM" -D --defined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | awk '$2 == "T" {print $NF}' | LC_ALL=C sort |
     diff "$FONTES/Sources/InterfaceC/exported-symbols.txt" -
+  ! "$NM" -D --undefined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | grep -E 'gettext|textdomain|setlocale' ||
+    falha "the library speaks the user's language"
 }
 
 # Every header alone, with every warning; cotepe.h in C too.

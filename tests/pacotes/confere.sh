@@ -25,11 +25,12 @@ parado() { sed '/^E11/s/^\(.\{122\}\)[0-9]\{14\}/\120240229083000/' "$1"; }
 programa() {
   apt install /pacotes/cotepe.deb
   la cotepe --version | grep -qx "cotepe $versao" || falha "cotepe --version"
+  la LC_ALL=C.UTF-8 LANGUAGE=pt_BR cotepe --help | grep -q '^Uso: cotepe' || falha "no Portuguese"
   mes la cotepe >"$construcao/dia/la.txt" 2>&1 || { cat "$construcao/dia/la.txt"; falha "the program"; }
   parado "$raiz/dia/loja.txt" | cmp "$construcao/esperado.txt" - || falha "another report than the build's program writes"
   echo "cotepe $versao: installed; its report is that of the build's program"
   apt purge --autoremove cotepe
-  ! la sh -c 'ls -d /usr/bin/cotepe /usr/share/*/cotepe* /usr/share/man/man1/cotepe*' 2>/dev/null || falha "purge left these"
+  ! la find /usr -name '*cotepe*' | grep . || falha "purge left these"
 }
 
 # Compiled with nothing but the root's headers and libraries, and run without the package that holds the headers.

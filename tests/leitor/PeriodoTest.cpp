@@ -36,6 +36,13 @@ TEST(Periodo, ABoundMayBeMissing) {
   EXPECT_EQ(linhas(bom, "", "20230615"), linhas(bom, "00010101", "20230615"));
 }
 
+TEST(Periodo, APartWhoseNumberCannotBeReadGoesWithNoDocument) {
+  Relatorio relatorio = Relatorio::bom();
+  relatorio.troca(12, 47, "000010", "00001x");
+  EXPECT_EQ(linhas(relatorio, "20240102", "20240102"),
+            "1 10 13 14 15 18 20 21 23 24 25 26 28 29 30 34 36 37 39 41 43 44 45 46 ");
+}
+
 TEST(Periodo, WithoutBoundsEverythingBelongs) {
   Relatorio bom = Relatorio::bom();
   bom.insere(5, "of no register");

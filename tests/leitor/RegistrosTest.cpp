@@ -58,6 +58,13 @@ TEST(LeitorDeRegistros, FieldIsFoundByItsLabelAndNothingWhereTheLineHasNone) {
   EXPECT_EQ(cupom.bytesDe("Assinatura do documento"), "");
 }
 
+TEST(Forma, RegistersAreKnownByTheirCodesAlone) {
+  EXPECT_EQ(indiceDoRegistro("E01"), 0);
+  EXPECT_EQ(indiceDoRegistro("E22"), 21);
+  for (const char* outro : {"", "E1", "E011", "F01", "E/1", "E:1", "E0/", "E0:", "E00", "E23"})
+    EXPECT_LT(indiceDoRegistro(outro), 0) << outro;
+}
+
 TEST(Forma, LabelThatARegisterHasNotIsAMistakeInTheProgram) {
   EXPECT_EQ(indiceDoCampo(kE12, "Nº de fabricação do ECF"), 1);
   EXPECT_THROW(indiceDoCampo(kE12, "Assinatura do documento"), std::logic_error);

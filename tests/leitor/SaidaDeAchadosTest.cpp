@@ -155,6 +155,14 @@ TEST(Json, AnyBytesMakeAValidString) {
   EXPECT_EQ(textoJson("N\xBA"), "\"N\\u00BA\"");                      // Latin-1
   EXPECT_EQ(textoJson("\xC0\x80"), "\"\\u00C0\\u0080\"");             // overlong
   EXPECT_EQ(textoJson("\xED\xA0\x80"), "\"\\u00ED\\u00A0\\u0080\"");  // a surrogate
+  EXPECT_EQ(textoJson("\xE0\x9F\xBF"), "\"\\u00E0\\u009F\\u00BF\"");  // overlong
+  EXPECT_EQ(textoJson("\xF0\x8F\xBF\xBF"), "\"\\u00F0\\u008F\\u00BF\\u00BF\"");
+  EXPECT_EQ(textoJson("\xF4\x90\x80\x80"), "\"\\u00F4\\u0090\\u0080\\u0080\"");  // beyond the last
+  EXPECT_EQ(textoJson("\xF5\x80\x80\x80"), "\"\\u00F5\\u0080\\u0080\\u0080\"");
+  EXPECT_EQ(textoJson("\xE2\x82"), "\"\\u00E2\\u0082\"");  // cut short
+  EXPECT_EQ(textoJson("\xC3("), "\"\\u00C3(\"");
+  EXPECT_EQ(textoJson("\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
+            "\"\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF\"");
   EXPECT_EQ(textoJson(std::string("\0", 1)), "\"\\u0000\"");
 }
 

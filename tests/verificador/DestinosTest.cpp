@@ -66,5 +66,14 @@ TEST(Citacao, EscapesWhatCannotBeSeenAndCutsWhatIsLong) {
   EXPECT_EQ(citado(std::string(41, 'x')), '"' + std::string(40, 'x') + "...\" of 41 bytes");
 }
 
+TEST(Citacao, KeepsWholeCharactersAndEscapesTheOtherBytes) {
+  EXPECT_EQ(citado("\xE2\x82\xAC \xF0\x9F\x98\x80"), "\"\xE2\x82\xAC \xF0\x9F\x98\x80\"");
+  EXPECT_EQ(citado("a\xC3"), "\"a\\xC3\"");
+  EXPECT_EQ(citado("\xC3("), "\"\\xC3(\"");
+  EXPECT_EQ(citado("\xE2\x82("), "\"\\xE2\\x82(\"");
+  EXPECT_EQ(citado("\xC1\x81"), "\"\\xC1\\x81\"");
+  EXPECT_EQ(citado("\xF5\x80\x80\x80"), "\"\\xF5\\x80\\x80\\x80\"");
+}
+
 }  // namespace
 }  // namespace cotepe

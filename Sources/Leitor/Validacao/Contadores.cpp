@@ -121,12 +121,9 @@ class Coos {
     ordenado_ = true;
   }
 
-  // The COOs of E14 as one ascending sequence.
-  bool temCupom() const { return cursor_ < emOrdem_.size() || cursorDeFora_ < fora_.size(); }
-  bool vemDeFora() {
-    return cursor_ >= emOrdem_.size() ||
-           (cursorDeFora_ < fora_.size() && fora_[cursorDeFora_] < emOrdem_.em(cursor_));
-  }
+  // The COOs of E14 as one ascending sequence. Each of the others is smaller than the last one in order.
+  bool temCupom() const { return cursor_ < emOrdem_.size(); }
+  bool vemDeFora() { return cursorDeFora_ < fora_.size() && fora_[cursorDeFora_] < emOrdem_.em(cursor_); }
   std::int64_t cupomAtual() { return vemDeFora() ? fora_[cursorDeFora_] : emOrdem_.em(cursor_); }
   void passaCupom() { ++(vemDeFora() ? cursorDeFora_ : cursor_); }
 

@@ -17,20 +17,24 @@ long leDescritor(int descritor, char* destino, std::size_t tamanho) {
   }
 }
 
+auto doDescritor(int descritor) {
+  return [descritor](char* destino, std::size_t tamanho) { return leDescritor(descritor, destino, tamanho); };
+}
+
+auto daMemoria(std::string_view memoria) {
+  return [memoria](char* destino, std::size_t tamanho) mutable {
+    const std::size_t n = std::min(tamanho, memoria.size());
+    if (n != 0) std::memcpy(destino, memoria.data(), n);
+    memoria.remove_prefix(n);
+    return static_cast<long>(n);
+  };
+}
+
 }  // namespace
 
-LeitorDeLinhas::LeitorDeLinhas(int descritor)
-    : LeitorDeLinhas([descritor](char* destino, std::size_t tamanho) {
-        return leDescritor(descritor, destino, tamanho);
-      }) {}
+LeitorDeLinhas::LeitorDeLinhas(int descritor) : LeitorDeLinhas(doDescritor(descritor)) {}
 
-LeitorDeLinhas::LeitorDeLinhas(std::string_view memoria)
-    : LeitorDeLinhas([memoria](char* destino, std::size_t tamanho) mutable {
-        const std::size_t n = std::min(tamanho, memoria.size());
-        if (n != 0) std::memcpy(destino, memoria.data(), n);
-        memoria.remove_prefix(n);
-        return static_cast<long>(n);
-      }) {}
+LeitorDeLinhas::LeitorDeLinhas(std::string_view memoria) : LeitorDeLinhas(daMemoria(memoria)) {}
 
 LeitorDeLinhas::LeitorDeLinhas(Leitura leitura) : leitura_(std::move(leitura)), buffer_(kBloco) {}
 

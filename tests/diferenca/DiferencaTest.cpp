@@ -216,6 +216,28 @@ TEST(Diferenca, OtherWidthsAreToldOnce) {
           "values are the same)"});
 }
 
+TEST(Diferenca, OfALineTooLongToBeKeptItsEndIsNotCompared) {
+  const std::string longa = "E10" + std::string(5000000, 'A');
+  const Textos ditos = diferencas(longa + "\n", longa + "B\n");
+  ASSERT_FALSE(ditos.empty());
+  EXPECT_NE(ditos.back().find("error line E10"), std::string::npos) << ditos.back();
+  EXPECT_NE(
+      ditos.back().find("found a line of 5000004 bytes, not all of them compared, expected 5000003 bytes"),
+      std::string::npos)
+      << ditos.back();
+}
+
+TEST(Diferenca, AFieldThatOnlyOneOfThemHasIsNamed) {
+  const std::string com = Relatorio::bom(2)[20], sem = com.substr(0, com.size() - 560 - 84 - 44);
+  const Textos aMenos = diferencas(com + '\n', sem + '\n'), aMais = diferencas(sem + '\n', com + '\n');
+  const auto diz = [](const Textos& ditos, const std::string& parte) {
+    return std::any_of(ditos.begin(), ditos.end(),
+                       [&](const std::string& dito) { return dito.find(parte) != std::string::npos; });
+  };
+  EXPECT_TRUE(diz(aMenos, "\"Texto suplementar\": found no such field, expected \"OBRIGADO"));
+  EXPECT_TRUE(diz(aMais, "\"Texto suplementar\": found \"OBRIGADO"));
+}
+
 TEST(ChaveNatural, StandsOnEveryFormOfItsRegister) {
   for (int r = 0; r < static_cast<int>(kCatalogo.size()); ++r)
     for (const char* rotulo : kChavesNaturais[static_cast<std::size_t>(r)].campos)

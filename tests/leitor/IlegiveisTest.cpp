@@ -81,6 +81,22 @@ TEST(Ilegiveis, EachDateAndHourIsToldAtItsPlace) {
     }
 }
 
+TEST(Ilegiveis, EachDateThatMustBeThereIsToldWhereItIsBlank) {
+  for (const Lugar& lugar : lugares(Relatorio::bom())) {
+    Relatorio relatorio = Relatorio::bom();
+    const std::string registro = relatorio[lugar.linha].substr(0, 3);
+    if ((!deData(lugar.especie) && !deHora(lugar.especie)) ||
+        (registro != "E10" && registro != "E14" && registro != "E16"))
+      continue;
+    relatorio.poe(lugar.linha, lugar.posicao, std::string(static_cast<std::size_t>(lugar.largura), ' '));
+    const std::string inicio = escrito(lugar) + (deData(lugar.especie) ? "field-date " : "field-hour ");
+    int ditos = 0;
+    for (const std::string& achado : achados(relatorio.texto()))
+      ditos += achado.rfind(inicio, 0) == 0 ? 1 : 0;
+    EXPECT_EQ(ditos, 1) << inicio;
+  }
+}
+
 // A first line as long as one of another layout or mode may be taken for it: then the other lines are told.
 TEST(Ilegiveis, ALineThatIsCutIsToldAndNoSumIsBlamed) {
   for (const int leiaute : {1, 2})

@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>  // NOLINT(modernize-deprecated-headers): setenv
+#include <sys/resource.h>
 
+#include <csignal>
 #include <cstring>
 #include <fstream>
+#include <stdexcept>
 
 #include "Relatorio.h"
 #include "SaidaDeAchados.h"
@@ -40,6 +43,51 @@ TEST(Paginas, StayInMemoryWhereThereIsNoRoomForAFile) {
     unsetenv("TMPDIR");
   else
     setenv("TMPDIR", guardado.c_str(), 1);
+}
+
+// TMPDIR of the process, as it was again at the end.
+class PastaTemporaria {
+ public:
+  explicit PastaTemporaria(const char* nome) {
+    nome == nullptr ? unsetenv("TMPDIR") : setenv("TMPDIR", nome, 1);
+  }
+  ~PastaTemporaria() { guardada_.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", guardada_.c_str(), 1); }
+  PastaTemporaria(const PastaTemporaria&) = delete;
+  PastaTemporaria& operator=(const PastaTemporaria&) = delete;
+
+ private:
+  std::string guardada_ = std::getenv("TMPDIR") == nullptr ? "" : std::getenv("TMPDIR");
+};
+
+TEST(ArquivoTemporario, StandsInTheSystemsFolderWhereNoneIsNamed) {
+  for (const char* nome : {static_cast<const char*>(nullptr), ""}) {
+    const PastaTemporaria pasta(nome);
+    ArquivoTemporario arquivo;
+    EXPECT_TRUE(arquivo.escreve(2, "abc", 3));
+    char lido[3] = {};
+    arquivo.le(2, lido, 3);
+    EXPECT_EQ(std::string(lido, 3), "abc");
+  }
+}
+
+TEST(ArquivoTemporario, WhatIsNotThereCannotBeReadAgain) {
+  ArquivoTemporario arquivo;
+  ASSERT_TRUE(arquivo.escreve(0, "abc", 3));
+  char lido[8];
+  EXPECT_THROW(arquivo.le(0, lido, 8), std::runtime_error);
+}
+
+TEST(ArquivoTemporario, WithoutRoomIsNotWritten) {
+  const auto antes = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limite{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limite), 0);
+  const rlimit pouco{1 << 20, limite.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &pouco), 0);
+  ArquivoTemporario arquivo;
+  EXPECT_TRUE(arquivo.escreve(0, "abc", 3));
+  EXPECT_FALSE(arquivo.escreve(2 << 20, "abc", 3));
+  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
+  static_cast<void>(std::signal(SIGXFSZ, antes));
 }
 
 TEST(TabelaDeDocumentos, FindsTheFirstOneWithACooWhateverTheOrder) {

@@ -58,6 +58,17 @@ TEST(LeitorDeRegistros, FieldIsFoundByItsLabelAndNothingWhereTheLineHasNone) {
   EXPECT_EQ(cupom.bytesDe("Assinatura do documento"), "");
 }
 
+TEST(LeitorDeRegistros, OfAFirstLineThatMayBeOfSeveralShapesTheLikeliestIsTaken) {
+  Relatorio relatorio = Relatorio::bom();
+  relatorio[1].insert(24, relatorio[1].substr(24, 47));  // as long as without a printer, of six users
+  Leitura leitura(relatorio.texto());
+  const RegistroLido& lido = leitura.le(1);
+  EXPECT_TRUE(lido.medidaCerta);
+  EXPECT_EQ(lido.quantos, 21U);
+  EXPECT_EQ(lido.bytes(5), "MODELO              ");
+  EXPECT_EQ(lido.bytes(8), "MODELO              ");
+}
+
 TEST(Forma, RegistersAreKnownByTheirCodesAlone) {
   EXPECT_EQ(indiceDoRegistro("E01"), 0);
   EXPECT_EQ(indiceDoRegistro("E22"), 21);

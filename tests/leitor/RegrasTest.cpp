@@ -344,6 +344,12 @@ TEST(Regras, EachOneCanBeSwitchedOff) {
   }
 }
 
+TEST(Regras, OtherNamesAreNone) {
+  Regra regra{};
+  EXPECT_FALSE(regraDe("line", regra));
+  EXPECT_FALSE(regraDe("", regra));
+}
+
 TEST(Regras, EachOneHasACase) {
   std::set<std::string> comCaso, todas;
   for (const Caso& caso : casos()) comCaso.insert(caso.regra);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "Formas.h"
+#include "Leiaute/Releitura.h"
 #include "Verificacao/Celula.h"
 #include "Verificacao/Citacao.h"
 #include "Verificacao/Destinos.h"
@@ -56,6 +57,18 @@ TEST(Destinos, EveryColumnOfTheFormsIsReadBySomeRegister) {
           << tabela.nome << '.' << coluna.nome;
     }
   }
+}
+
+TEST(Destinos, OfANumberAreFieldsOfNumbers) {
+  for (const FormaDaTabela& tabela : kFormas)
+    for (const FormaDaColuna& coluna : tabela.colunas) {
+      if (coluna.nome == nullptr) break;
+      if (coluna.forma != Forma::Inteiro && coluna.forma != Forma::Dinheiro &&
+          coluna.forma != Forma::Decimal && coluna.forma != Forma::Cnpj && coluna.forma != Forma::CpfOuCnpj)
+        continue;
+      for (const Destino& destino : destinosDe(tabela.nome, coluna.nome, {}))
+        EXPECT_TRUE(numerica(destino.campo->especie)) << tabela.nome << '.' << coluna.nome;
+    }
 }
 
 TEST(Citacao, EscapesWhatCannotBeSeenAndCutsWhatIsLong) {

@@ -32,11 +32,12 @@ void Ecf::documento(std::string_view tipo, const DataHora& quando) {
 void Ecf::emite(const CupomFiscal& cupom, const DataHora& quando) {
   ++contadores_.coo;
   ++contadores_.ccf;
+  const std::string_view cancelado = letra(cupom.cancelado);
   memoria_.cupomFiscal.grava(contadores_.coo, contadores_.ccf, reducaoAberta(), texto(quando),
                              dinheiro(cupom.subtotal), dinheiro(cupom.desconto), dinheiro(cupom.acrescimo),
-                             dinheiro(cupom.total), seCancelado(cupom.cancelado, cupom.acrescimo),
-                             letra(cupom.cancelado), cupom.consumidor.nome, cupom.consumidor.numero, "V", "V",
-                             0, 0, cupom.textoSuplementar, cupom.textoComplementar, cupom.assinatura);
+                             dinheiro(cupom.total), seCancelado(cupom.cancelado, cupom.acrescimo), cancelado,
+                             cupom.consumidor.nome, cupom.consumidor.numero, "V", "V", 0, 0,
+                             cupom.textoSuplementar, cupom.textoComplementar, cupom.assinatura);
   guardaItens(cupom);
   guardaPagamentos(cupom, false);
   totais_.acumula(cupom);
@@ -60,11 +61,11 @@ void Ecf::guardaItens(const CupomFiscal& cupom) {
 
 void Ecf::emite(const CupomNaoFiscal& cupom, const DataHora& quando) {
   documento("CN", quando);
+  const std::string_view cancelado = letra(cupom.cancelado);
   memoria_.cupomNaoFiscal.grava(contadores_.coo, contadores_.gnf, reducaoAberta(), texto(quando),
                                 dinheiro(cupom.subtotal), dinheiro(cupom.desconto), dinheiro(cupom.acrescimo),
                                 dinheiro(cupom.total), seCancelado(cupom.cancelado, cupom.acrescimo),
-                                letra(cupom.cancelado), "V", "V", cupom.consumidor.nome,
-                                cupom.consumidor.numero);
+                                cancelado, "V", "V", cupom.consumidor.nome, cupom.consumidor.numero);
   guardaItens(cupom);
   guardaPagamentos(cupom, cupom.cancelado);
   totais_.acumula(cupom);

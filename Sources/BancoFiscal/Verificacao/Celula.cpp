@@ -104,7 +104,7 @@ void Conferencia::acha(RegraDoBanco regra, const Destino* destino, std::string e
                        std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
     if (problema.regra != regra) continue;
-    if (destino != nullptr) problema.outros.push_back(destino);
+    problema.outros.push_back(destino);
     return;
   }
   problemas_.push_back({regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});

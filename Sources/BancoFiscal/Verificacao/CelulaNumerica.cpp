@@ -110,10 +110,8 @@ std::string Conferencia::escrito(const Destino& destino) const {
       return semSinal(Financial::CentavosDoBanco(texto.c_str()));
     case Especie::DinheiroDuplo:
       return semSinal(Financial::CentavosDoDecimal(leDecimal(texto.c_str())));
-    case Especie::Decimal:
+    default:  // Decimal
       return comSinal(arredonda(leDecimal(texto.c_str()) * (celula_.casas == 3 ? 1000.0 : 100.0)));
-    default:
-      return "";
   }
 }
 

@@ -145,8 +145,9 @@ void junta(const Registro& registro, std::string_view tabela, std::string_view c
 // Whether one SELECT (the words from `de` to before `ate`) names the column of the table.
 bool nomeia(const std::vector<std::string_view>& sql, std::size_t de, std::size_t ate,
             std::string_view tabela, std::string_view coluna) {
-  const std::vector<std::string_view> select(sql.begin() + static_cast<std::ptrdiff_t>(de),
-                                             sql.begin() + static_cast<std::ptrdiff_t>(ate));
+  const auto inicio = sql.begin() + static_cast<std::ptrdiff_t>(de);
+  const auto fim = sql.begin() + static_cast<std::ptrdiff_t>(ate);
+  const std::vector<std::string_view> select(inicio, fim);
   const Apelidos nomes = apelidos(select, 0);
   const auto daTabela = [&](const auto& nome) { return nome.second == tabela; };
   if (std::none_of(nomes.begin(), nomes.end(), daTabela)) return false;

@@ -1,4 +1,7 @@
 // cotepe explain: values that come from no row of their own, or from one that cannot be named.
+#include <cstring>
+#include <utility>
+
 #include "Cena.h"
 
 namespace {
@@ -64,6 +67,25 @@ TEST_F(ExplainOrigem, ARowThatIsAnotherEachTimeIsNotFoundAgain) {
       "'2024-01-01 00:00:00' AS data_hora, random() AS resultado",
       {"--layout", "2"});
   EXPECT_EQ(origem("E22", 44), "  from:    a row that cannot be told apart\n");
+}
+
+TEST_F(ExplainOrigem, ARateIsReadOutOfACodeOfATaxAlone) {
+  const std::vector<std::pair<const char*, const char*>> casos = {{"01T1800", "01T1800: ICMS 18,00 %"},
+                                                                  {"02S0500", "02S0500: ISSQN 5,00 %"},
+                                                                  {"03T0050", "03T0050: ICMS 0,50 %"},
+                                                                  {"0XT1800", "0XT1800"},
+                                                                  {"01X1800", "01X1800"},
+                                                                  {"01T18AB", "01T18AB"},
+                                                                  {"Can-T", "Can-T"},
+                                                                  {"F1", "F1"}};
+  for (const auto& [codigo, significado] : casos) {
+    std::string linha = "E13" + std::string(20, 'S') + ' ' + std::string(20, 'M') + "01000010";
+    linha += std::string(codigo) + std::string(7 - std::strlen(codigo), ' ') + "0000000003400";
+    escreveArquivo(em("r.txt"), linha + '\n');
+    const Fim fim = roda({"explain", "r.txt:1:53"}, pasta());
+    EXPECT_NE(fim.saida.find("  meaning: " + std::string(significado) + '\n'), std::string::npos)
+        << fim.saida;
+  }
 }
 
 TEST_F(ExplainOrigem, DigitsThatAreNoneMeanNothing) {

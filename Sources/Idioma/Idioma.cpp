@@ -33,7 +33,7 @@ std::string preenche(std::string_view modelo, const std::string_view& contagem, 
 }  // namespace
 
 void escolheIdioma() {
-  std::setlocale(LC_MESSAGES, "");
+  static_cast<void>(std::setlocale(LC_MESSAGES, ""));  // an unknown locale stays C: English
   std::error_code erro;
   const auto executavel = std::filesystem::read_symlink("/proc/self/exe", erro);
   if (erro) return;

@@ -68,15 +68,17 @@ Valor valorDe(const RegistroLido& lido, std::size_t campo) {
   return valorBemFormado(lido, descrito, bytes);
 }
 
+std::string comMilhares(std::string decimal) {
+  std::size_t ponto = decimal.find('.');
+  decimal[ponto] = ',';
+  for (; ponto > 3; ponto -= 3) decimal.insert(ponto - 3, 1, '.');
+  return decimal;
+}
+
 std::string paraPessoas(const Valor& valor, std::string_view bytes) {
   switch (valor.tipo) {
-    case TipoDeValor::Decimal: {
-      std::string texto = valor.texto;
-      std::size_t ponto = texto.find('.');
-      texto[ponto] = ',';
-      for (; ponto > 3; ponto -= 3) texto.insert(ponto - 3, 1, '.');
-      return texto;
-    }
+    case TipoDeValor::Decimal:
+      return comMilhares(valor.texto);
     case TipoDeValor::Data:
       return valor.texto.substr(8, 2) + '/' + valor.texto.substr(5, 2) + '/' + valor.texto.substr(0, 4);
     case TipoDeValor::Inteiro:

@@ -31,7 +31,10 @@ struct Valor {
 /// The value of a field of the record, counted from 0 among those that stand on the line.
 Valor valorDe(const RegistroLido& lido, std::size_t campo);
 
-/// The same as people of the country write it: 1.234,56 and 31/01/2024; numbers of counters as on the line.
+/// A decimal number without sign as people of the country write it: 1234.56 as 1.234,56.
+std::string comMilhares(std::string decimal);
+
+/// A value as people of the country write it: 1.234,56 and 31/01/2024; numbers of counters as on the line.
 std::string paraPessoas(const Valor& valor, std::string_view bytes);
 
 /// Whether the field tells about a consumer: the name, the CPF or CNPJ, the free texts of a coupon.

@@ -22,6 +22,20 @@ TEST(EntreRegistros, ReductionIsNotIssuedBeforeItsDay) {
                     kBanco});
 }
 
+TEST(EntreRegistros, AmountsAreToldAsTheCountryWritesThem) {
+  Relatorio relatorio = Relatorio::bom();
+  relatorio.troca(2, 253, "000000000000104500", "000000000123456789");
+  relatorio.troca(9, 105, "000000000000104500", "000000000123456789");
+  relatorio.troca(10, 87, "00000000003800", "00000123456789");
+  EXPECT_EQ(achados(relatorio.texto()),
+            (Achados{"r.txt:10:87-100: error reduction-totals E12.12 \"Venda bruta diária\": found "
+                     "1.234.567,89, expected 38,00, the sum of E13" +
+                         kBanco,
+                     "r.txt:2:253-270: error grand-total E02.12 \"Totalizador geral (GT)\": found "
+                     "1.234.567,89, expected no less than 1.234.574,89, the gross sales of E12" +
+                         kBanco}));
+}
+
 TEST(EntreRegistros, GrandTotalOfThePositionIsNoLessThanTheUsers) {
   Relatorio relatorio = Relatorio::bom();
   relatorio.troca(2, 253, "000000000000104500", "000000000000104501");

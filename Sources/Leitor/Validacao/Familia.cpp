@@ -5,6 +5,7 @@
 #include "Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Trecho.h"
+#include "Valor.h"
 
 namespace cotepe {
 namespace {
@@ -95,7 +96,7 @@ std::string reais(std::int64_t centavos) {
   const std::uint64_t modulo =
       centavos < 0 ? 0 - static_cast<std::uint64_t>(centavos) : static_cast<std::uint64_t>(centavos);
   const std::string fracao = std::to_string(100 + modulo % 100).substr(1);
-  return (centavos < 0 ? "-" : "") + std::to_string(modulo / 100) + ',' + fracao;
+  return (centavos < 0 ? "-" : "") + comMilhares(std::to_string(modulo / 100) + '.' + fracao);
 }
 
 std::string contadorEscrito(std::int64_t valor, int largura) {

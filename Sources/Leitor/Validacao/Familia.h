@@ -78,7 +78,7 @@ class Coluna {
   int indice_;
 };
 
-/// Texts for findings: the bytes in quotes, cents as 1234,56, a counter as it would stand in `largura`
+/// Texts for findings: the bytes in quotes, cents as 1.234,56, a counter as it would stand in `largura`
 /// digits.
 std::string entreAspas(std::string_view bytes);
 std::string reais(std::int64_t centavos);

@@ -83,6 +83,8 @@ TEST(Releitura, EachKindHasItsDefects) {
   EXPECT_EQ(defeito(Especie::Texto, " texto   "), Defeito::Alinhamento);
 }
 
+TEST(Releitura, ATextThatIsNotThereHasNoDefect) { EXPECT_EQ(defeito(Especie::Texto, ""), Defeito::Nenhum); }
+
 TEST(Releitura, TextIsSeenByteByByteWhereverItStands) {
   for (std::size_t n = 1; n <= 20; ++n)
     for (std::size_t i = 0; i < n; ++i) {

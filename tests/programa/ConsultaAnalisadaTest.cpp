@@ -23,6 +23,17 @@ TEST(ConsultaAnalisada, ColumnsOfOneTable) {
   EXPECT_EQ(selects[0].resto, "FROM t WHERE a > '%s'");
 }
 
+TEST(ConsultaAnalisada, ANumberBeforeAColumnIsNoName) {
+  EXPECT_EQ(palavras(analisa("SELECT 0 + a FROM t").at(0)), Lista{"t.a"});
+}
+
+TEST(ConsultaAnalisada, WithoutATableThereIsNoColumn) {
+  const auto selects = analisa("SELECT 1");
+  ASSERT_EQ(selects.size(), 1U);
+  EXPECT_TRUE(selects[0].lista.empty());
+  EXPECT_TRUE(selects[0].tabelas.empty());
+}
+
 TEST(ConsultaAnalisada, AliasesAndFunctions) {
   const auto selects = analisa(
       "select um.a as X, SUBSTR(dois.b, 0, 15), SUM(dois.c), MIN(um.d), MAX(um.e)\t"

@@ -69,6 +69,19 @@ TEST_F(ExplainOrigem, ARowThatIsAnotherEachTimeIsNotFoundAgain) {
   EXPECT_EQ(origem("E22", 44), "  from:    a row that cannot be told apart\n");
 }
 
+TEST_F(ExplainOrigem, APlaceholderHasTheHeadOfTheIdentity) {
+  gera("");
+  EXPECT_EQ(origem("E09", 4), "  from:    dados_ecf.num_serie, rowid 1: 'SERIAL'\n");
+  EXPECT_EQ(origem("E09", 45), "  from:    no row: this is a placeholder record\n");
+}
+
+TEST_F(ExplainOrigem, ATapeHasItsRow) {
+  gera("INSERT INTO fita_detalhe VALUES (3, '2024-01-11 23:00:00', 100, 102)");
+  EXPECT_EQ(origem("E10", 51),
+            "  from:    fita_detalhe.data_hora_emissao, row cont_cfd=3 (rowid 3): '2024-01-11 23:00:00'\n");
+  EXPECT_EQ(origem("E10", 77), "  from:    dados_usuario.cnpj, rowid 1: '12345678000195'\n");
+}
+
 TEST_F(ExplainOrigem, ARateIsReadOutOfACodeOfATaxAlone) {
   const std::vector<std::pair<const char*, const char*>> casos = {{"01T1800", "01T1800: ICMS 18,00 %"},
                                                                   {"02S0500", "02S0500: ISSQN 5,00 %"},

@@ -56,6 +56,17 @@ TEST(Verificador, ACleanDatabaseIsCleanForEveryReport) {
   }
 }
 
+TEST(Verificador, WithEveryRuleOffNothingIsTold) {
+  const char* const kDanos =
+      "DROP TABLE moeda; DROP INDEX i06; UPDATE cupom_nf SET id_cancelado = '', cont_crz = 3, cont_coo = 11;"
+      "INSERT INTO totalizador_reducao SELECT * FROM totalizador_reducao; UPDATE fita_detalhe SET cont_cfd = "
+      "'x'";
+  EXPECT_GT(depoisDe(kDanos).size(), 5U);
+  OpcoesDaVerificacao opcoes;
+  opcoes.desligadas.set();
+  EXPECT_EQ(depoisDe(kDanos, opcoes), Linhas());
+}
+
 TEST(Verificador, WhatAReportDoesNotReadItDoesNotMiss) {
   OpcoesDaVerificacao opcoes;
   opcoes.alcance = {"MF", 1, false};

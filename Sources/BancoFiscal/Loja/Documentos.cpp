@@ -8,6 +8,8 @@ namespace {
 
 constexpr std::int64_t kUltimoCdc = 9999;
 
+constexpr std::string_view kEmValor = "V";  // a discount or surcharge that is no percentage
+constexpr int kNenhum = 0;                  // of the percentages
 constexpr std::string_view letra(bool condicao) { return condicao ? "S" : "N"; }
 constexpr Decimal seCancelado(bool cancelado, Centavos valor) { return dinheiro(cancelado ? valor : 0); }
 
@@ -33,10 +35,11 @@ void Ecf::emite(const CupomFiscal& cupom, const DataHora& quando) {
   ++contadores_.coo;
   ++contadores_.ccf;
   const std::string_view cancelado = letra(cupom.cancelado);
+  const auto& quem = cupom.consumidor;
   memoria_.cupomFiscal.grava(contadores_.coo, contadores_.ccf, reducaoAberta(), texto(quando),
                              dinheiro(cupom.subtotal), dinheiro(cupom.desconto), dinheiro(cupom.acrescimo),
                              dinheiro(cupom.total), seCancelado(cupom.cancelado, cupom.acrescimo), cancelado,
-                             cupom.consumidor.nome, cupom.consumidor.numero, "V", "V", 0, 0,
+                             quem.nome, quem.numero, kEmValor, kEmValor, kNenhum, kNenhum,
                              cupom.textoSuplementar, cupom.textoComplementar, cupom.assinatura);
   guardaItens(cupom);
   guardaPagamentos(cupom, false);
@@ -65,7 +68,8 @@ void Ecf::emite(const CupomNaoFiscal& cupom, const DataHora& quando) {
   memoria_.cupomNaoFiscal.grava(contadores_.coo, contadores_.gnf, reducaoAberta(), texto(quando),
                                 dinheiro(cupom.subtotal), dinheiro(cupom.desconto), dinheiro(cupom.acrescimo),
                                 dinheiro(cupom.total), seCancelado(cupom.cancelado, cupom.acrescimo),
-                                cancelado, "V", "V", cupom.consumidor.nome, cupom.consumidor.numero);
+                                cancelado, kEmValor, kEmValor, cupom.consumidor.nome,
+                                cupom.consumidor.numero);
   guardaItens(cupom);
   guardaPagamentos(cupom, cupom.cancelado);
   totais_.acumula(cupom);

@@ -42,6 +42,7 @@ TEST(Releitura, NumbersAreReadWholeUpTo64Bits) {
   EXPECT_EQ(valor, 9223372036854775807);
   valor = 5;
   EXPECT_FALSE(leNumero("9223372036854775808", valor));
+  EXPECT_FALSE(leNumero("9999999999999999999", valor));
   EXPECT_FALSE(leNumero("", valor));
   EXPECT_FALSE(leNumero("12 ", valor));
   EXPECT_FALSE(leNumero("-1", valor));

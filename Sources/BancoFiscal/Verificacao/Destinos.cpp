@@ -124,15 +124,32 @@ const ColunaLida* lidaPelo(const std::vector<std::vector<ColunaLida>>& selects, 
   return nullptr;
 }
 
+// A query taken apart: its words, and the columns of its SELECTs. No query stands behind a null text.
+struct ConsultaDesmontada {
+  std::vector<std::string_view> palavras;
+  std::vector<std::vector<ColunaLida>> selects;
+};
+
+// The queries of the registers are always the same: each is taken apart once.
+const ConsultaDesmontada& desmontada(const char* sql) {
+  static const auto kTodas = [] {
+    std::map<const char*, ConsultaDesmontada> todas{{nullptr, {}}};
+    for (const Registro* registro : kCatalogo)
+      for (const ConsultaDoRegistro& consulta : registro->consultas)
+        if (consulta.sql != nullptr)
+          todas[consulta.sql] = {pecas(consulta.sql), colunasDaConsulta(consulta.sql)};
+    return todas;
+  }();
+  return kTodas.at(sql);
+}
+
 void junta(const Registro& registro, std::string_view tabela, std::string_view coluna, const Alcance& alcance,
            std::vector<Destino>& destinos) {
-  std::array<std::vector<std::vector<ColunaLida>>, Registro::kConsultas> consultas;
-  for (std::size_t i = 0; i < consultas.size(); ++i)
-    if (registro.consultas[i].sql != nullptr) consultas[i] = colunasDaConsulta(registro.consultas[i].sql);
   for (std::size_t i = 0; i < registro.campos.size(); ++i) {
     const Campo& campo = registro.campos[i];
     if (!alcance.existe(campo)) continue;
-    const auto& daConsulta = consultas[static_cast<std::uint8_t>(campo.origem.consulta)];
+    const ConsultaDoRegistro& consulta = registro.consultas[static_cast<std::uint8_t>(campo.origem.consulta)];
+    const auto& daConsulta = desmontada(consulta.sql).selects;
     const ColunaLida* lida = lidaPelo(daConsulta, campo, tabela, coluna);
     if (lida == nullptr && !desviado(registro, campo, tabela, coluna)) continue;
     Destino destino{&registro, &campo, static_cast<int>(i) + 1, lida == nullptr ? 0 : lida->usados, {}};
@@ -161,8 +178,7 @@ bool nomeia(const std::vector<std::string_view>& sql, std::size_t de, std::size_
 }
 
 bool le(const ConsultaDoRegistro& consulta, std::string_view tabela, std::string_view coluna) {
-  if (consulta.sql == nullptr) return false;
-  const std::vector<std::string_view> sql = pecas(consulta.sql);
+  const std::vector<std::string_view>& sql = desmontada(consulta.sql).palavras;
   std::size_t de = 0;
   for (std::size_t i = 0; i <= sql.size(); ++i) {
     if (i != sql.size() && sql[i] != "UNION") continue;

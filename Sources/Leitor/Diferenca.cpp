@@ -98,9 +98,11 @@ std::string_view resto(const RegistroLido& lido) {
   return fim < lido.linha.texto.size() ? lido.linha.texto.substr(fim) : std::string_view();
 }
 
-std::string nomeDoResto(std::string_view resto) {
+// Its count is that of the file, of which a line too long has only the beginning.
+std::string nomeDoResto(const LinhaLida& linha, std::string_view resto) {
   if (resto.empty()) return traduz("nothing");
-  return fraseDe("{n} byte {1}", "{n} bytes {1}", static_cast<long long>(resto.size()), {entreAspas(resto)});
+  const std::uint64_t quantos = linha.tamanho - (linha.texto.size() - resto.size());
+  return fraseDe("{n} byte {1}", "{n} bytes {1}", static_cast<long long>(quantos), {entreAspas(resto)});
 }
 
 const char* nomeDoFim(const LinhaLida& linha) {
@@ -187,9 +189,8 @@ void Diferenca::confronta(const RegistroLido& esperado, const RegistroLido& enco
   ++pares_;
   confereOrdem(esperado, encontrado, ordem);
   if (mesmaLinha(esperado.linha, encontrado.linha)) return;
-  const int larguras = confrontaCampos(esperado, encontrado, ordem);
-  const int outras = confrontaResto(esperado, encontrado, ordem);
-  if (larguras > 0 && outras == 0) ++soLarguras_;
+  if (confrontaCampos(esperado, encontrado, ordem) > 0) ++soLarguras_;
+  confrontaResto(esperado, encontrado, ordem);
 }
 
 // Returns how many fields have the same value in another width; 0 where others differ.
@@ -230,11 +231,8 @@ int Diferenca::confrontaCampos(const RegistroLido& esperado, const RegistroLido&
   return diferentes > 0 ? 0 : larguras;
 }
 
-// Returns how many differences were found.
-int Diferenca::confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem) {
-  int diferentes = 0;
+void Diferenca::confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem) {
   const auto aponta = [&](const char* regra, const std::string& encontra, const std::string& espera) {
-    ++diferentes;
     Achado achado = achadoEm(regra, esperado, encontrado, ordem);
     achado.encontrado = encontra;
     achado.esperado = espera;
@@ -242,14 +240,14 @@ int Diferenca::confrontaResto(const RegistroLido& esperado, const RegistroLido& 
   };
   const std::string_view restoA = resto(esperado), restoB = resto(encontrado);
   if (restoA != restoB)
-    aponta("line", frase("{1} behind the last field", {nomeDoResto(restoB)}), nomeDoResto(restoA));
+    aponta("line", frase("{1} behind the last field", {nomeDoResto(encontrado.linha, restoB)}),
+           nomeDoResto(esperado.linha, restoA));
   if (!inteira(esperado.linha) || !inteira(encontrado.linha))
     aponta("line",
            frase("a line of {1} bytes, not all of them compared", {std::to_string(encontrado.linha.tamanho)}),
            fraseDe("{n} byte", "{n} bytes", static_cast<long long>(esperado.linha.tamanho)));
   if (!mesmoFim(esperado.linha, encontrado.linha))
     aponta("line-end", nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
-  return diferentes;
 }
 
 // Both sides are read in their order, so that pairs which are in order come in order.

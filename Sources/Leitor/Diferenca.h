@@ -67,7 +67,7 @@ class Diferenca {
   void chega(Lado& lado, Lado& outro, bool esperado);
   void confronta(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   int confrontaCampos(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
-  int confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  void confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   void confereOrdem(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   void fecha(Lado& esperado, Lado& encontrado);
   void faltaOuSobra(Pendentes& pendentes, bool falta);

@@ -12,7 +12,8 @@ namespace {
 constexpr int kAjustes = static_cast<int>(std::size(kAjustesPossiveis));
 constexpr int kMaisDigitos =
     17;  // of a number of 64 bits and its sign, beyond the three of the narrowest field
-constexpr std::size_t kCabecalho = 4;  // fields of the head of most registers
+constexpr int kMaximoDeGravacoes = 100000000;  // whose line has a length that an int holds
+constexpr std::size_t kCabecalho = 4;          // fields of the head of most registers
 
 constexpr int kIndiceE01 = 0, kIndiceE05 = 4, kIndiceE06 = 5, kIndiceE07 = 6, kIndiceE08 = 7, kIndiceE11 = 10,
               kIndiceE13 = 12;
@@ -200,7 +201,8 @@ void LeitorDeRegistros::leE01(RegistroLido& lido) {
 // own, of E05 without their codings.
 void LeitorDeRegistros::leCrescente(RegistroLido& lido) {
   const Registro& registro = *lido.registro;
-  const int ordem = ++ordens_[static_cast<std::size_t>(lido.indice)];
+  int& ordem = ordens_[static_cast<std::size_t>(lido.indice)];
+  ordem = std::min(ordem + 1, kMaximoDeGravacoes);
   rascunho_.clear();
   cursor_ = 0;
   acrescenta(registro, 0, kCabecalho);
@@ -210,8 +212,10 @@ void LeitorDeRegistros::leCrescente(RegistroLido& lido) {
     acrescenta(registro, 5, 1);
   } else {
     const std::size_t repetidos = lido.indice == kIndiceE05 ? 2 : 3;
-    for (int i = 1; i < ordem && cursor_ <= static_cast<int>(lido.linha.texto.size()); ++i)
+    int antes = ordem - 1;
+    for (; antes > 0 && cursor_ <= static_cast<int>(lido.linha.texto.size()); --antes)
       acrescenta(registro, 5, repetidos);
+    cursor_ += antes * comprimento(registro.campos.trecho(5, repetidos), 1, false);
     acrescenta(registro, 5, 3);
   }
   lido.campos = rascunho_.data();

@@ -119,6 +119,23 @@ TEST(Diferenca, RecordsOfOneKeyAreTakenInOrder) {
             Textos{"b.txt: error missing E14: found none, expected a record: CCF 31 (line 21 of a.txt)"});
 }
 
+TEST(Diferenca, RecordsOfOneKeyThatWaitAreTakenInOrderToo) {
+  Relatorio a = Relatorio::bom(), b = Relatorio::bom();
+  a.insere(21, a[20]);
+  a.troca(21, 67, "00000000003000", "00000000003100");
+  b.permuta(20, 22);
+  b.insere(23, a[21]);
+  EXPECT_EQ(diferencas(a.texto(), b.texto()), Textos());
+  b.permuta(22, 23);
+  EXPECT_EQ(
+      diferencas(a.texto(), b.texto()),
+      (Textos{
+          "b.txt:22:67-80: error field E14.9 \"Subtotal\": found 31,00, expected 30,00 (CCF 31; line 20 of "
+          "a.txt)",
+          "b.txt:23:67-80: error field E14.9 \"Subtotal\": found 30,00, expected 31,00 (CCF 31; line 21 of "
+          "a.txt)"}));
+}
+
 TEST(Diferenca, TheStampCountsOnlyWhenAsked) {
   Relatorio r = Relatorio::bom();
   r.troca(kE11, 123, "20240103", "20240204");
@@ -139,6 +156,25 @@ TEST(Diferenca, AStampOfOtherLengthAlwaysCounts) {
   EXPECT_EQ(contraBom(r),
             Textos{"b.txt:9:131-136: error field E11.17 \"Hora de geração\": found \"20000\", expected "
                    "20:00:00 (line 9 of a.txt)"});
+}
+
+TEST(Diferenca, AFieldThatTheLineEndsBeforeIsNothing) {
+  Relatorio r = Relatorio::bom();
+  r[kE11].resize(130);
+  EXPECT_EQ(
+      contraBom(r),
+      Textos{"b.txt:9:131-136: error field E11.17 \"Hora de geração\": found nothing, expected 20:00:00 "
+             "(line 9 of a.txt)"});
+}
+
+TEST(Diferenca, OfLongTextsThatLookTheSameTheEndOfOneIsTold) {
+  Relatorio r = Relatorio::bom(2);
+  r[kPrimeiroE14].resize(297);
+  const Textos textos = contraBom(r, 2);
+  ASSERT_FALSE(textos.empty());
+  EXPECT_EQ(textos[0],
+            "b.txt:20:198-757: error field E14.20 \"Texto suplementar\": found the end at byte 101, expected "
+            "byte 101 0x20 (CCF 31; line 20 of a.txt)");
 }
 
 TEST(Diferenca, WhatStandsBehindTheLastFieldIsADifference) {
@@ -214,6 +250,55 @@ TEST(Diferenca, OtherWidthsAreToldOnce) {
       Textos{
           "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
           "values are the same)"});
+}
+
+TEST(Diferenca, OtherWidthsAreToldBesideAnotherLineEnd) {
+  const std::string cabecalho = "E12SERIAL               MODELO              01000010";
+  const std::string resto =
+      "0000012024010220240102200100"
+      "00000000003800"
+      "S";
+  EXPECT_EQ(
+      diferencas(cabecalho + "000105" + resto + "\n", cabecalho + "000000105" + resto + "\r\n"),
+      (Textos{
+          "b.txt:1: error line-end E12: found CR and LF, expected LF (CRZ 10; line 1 of a.txt)",
+          "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
+          "values are the same)"}));
+}
+
+// The first lines say of which layout the files are.
+TEST(Diferenca, AFieldCutShortIsNotTheSameInAnotherWidth) {
+  const std::string cabecalho = "E12SERIAL               MODELO              010000";
+  const std::string resto =
+      "0000012024010220240102200100"
+      "00000000003800"
+      "S\n";
+  const std::string a = cabecalho + "10000105" + resto, b = cabecalho + "10000000105" + resto;
+  const std::string larguras =
+      "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
+      "values are the same)";
+  EXPECT_EQ(
+      diferencas(a + cabecalho + "1100010\n", b + cabecalho + "11000000010\n"),
+      (Textos{
+          "b.txt:2:53-61: error field E12.7 \"COO\": found \"000000010\", expected \"00010\" (CRZ 11; line "
+          "2 of a.txt)",
+          larguras}));
+  EXPECT_EQ(
+      diferencas(a + cabecalho + "11000010\n", b + cabecalho + "1100000010\n"),
+      (Textos{
+          "b.txt:2:53-61: error field E12.7 \"COO\": found \"00000010\", expected \"000010\" (CRZ 11; line "
+          "2 of a.txt)",
+          larguras}));
+}
+
+TEST(Diferenca, ALineTooLongToBeKeptIsToldByItsWholeLength) {
+  Relatorio r = Relatorio::bom();
+  r[8] += std::string(5000000, 'x');
+  EXPECT_EQ(contraBom(r),
+            (Textos{"b.txt:8: error line E10: found 5000000 bytes \"" + std::string(60, 'x') +
+                        "...\" behind the last field, expected nothing (CFD 3; line 8 of a.txt)",
+                    "b.txt:8: error line E10: found a line of 5000084 bytes, not all of them compared, "
+                    "expected 84 bytes (CFD 3; line 8 of a.txt)"}));
 }
 
 TEST(Diferenca, OfALineTooLongToBeKeptItsEndIsNotCompared) {

@@ -45,6 +45,16 @@ TEST(Contadores, CouponsOutOfOrderCountAllTheSame) {
                     kDocumentos});
 }
 
+TEST(Contadores, ACouponOutOfOrderTakesItsPlaceBehindTheSmallerOnes) {
+  EXPECT_EQ(achadosDe("counter-gap", {{"E14", "000031", "000100"},
+                                      {"E14", "000032", "000103"},
+                                      {"E14", "000033", "000101"},
+                                      {"E16", "000000", "000104"}}),
+            Achados{"r.txt:4:47-52: error counter-gap E16.6 \"COO\": found no document with COO \"000102\", "
+                    "expected it in E14 or E16" +
+                    kDocumentos});
+}
+
 TEST(Contadores, GapBehindTheLastDocumentIsOneOfTheFile) {
   EXPECT_EQ(
       achadosDe("counter-gap",

@@ -155,6 +155,29 @@ TEST(LinhasEstranhas, APositionMayHaveBegunAgain) {
   EXPECT_EQ(soDe({"position"}, relatorio).size(), 1U);
 }
 
+TEST(LinhasEstranhas, APlaceholderNamesItsUserOrNone) {
+  Relatorio relatorio = Relatorio::bom();
+  relatorio.troca(3, 59, "202306010800000123456789", std::string(24, ' '));
+  relatorio.poe(3, 45, std::string(14, '0'));
+  EXPECT_EQ(soDe({"identity"}, relatorio), Achados());
+  relatorio.poe(3, 45, "11444777000161");
+  EXPECT_EQ(soDe({"identity"}, relatorio),
+            Achados{"r.txt:3:45-58: error identity E05.5 \"CNPJ do usuário\": found \"11444777000161\", "
+                    "expected \"11222333000181\" as in E01 (the file was changed after it was generated: "
+                    "generate it again)"});
+}
+
+TEST(LinhasEstranhas, ACodingThatEndsBeforeWhatItRepeatsIsToldItsWholeLength) {
+  for (const auto& [linha, esperado] : {std::pair(3, "96"), std::pair(4, "94")}) {
+    Relatorio relatorio = Relatorio::bom();
+    relatorio.insere(linha + 1, relatorio[linha].substr(0, 30));
+    EXPECT_EQ(soDe({"line-length"}, relatorio),
+              Achados{"r.txt:" + std::to_string(linha + 1) + ": error line-length " +
+                      relatorio[linha].substr(0, 3) + ": found 30 bytes, expected " + esperado +
+                      " (look for an empty flag, a short date or an over-long last text in the database)"});
+  }
+}
+
 TEST(LinhasEstranhas, AZeroByteIsNoLetter) {
   Relatorio relatorio = Relatorio::bom();
   relatorio.poe(20, 123, std::string(1, '\0'));

@@ -32,10 +32,10 @@ void Relatorio::troca(int linha, int posicao, const std::string& de, const std::
 }
 
 void Relatorio::insere(int linha, const std::string& texto) {
-  linhas_.insert(linhas_.begin() + linha - 1, texto);
+  linhas_.insert(linhas_.begin() + (linha - 1), texto);
 }
 
-void Relatorio::remove(int linha) { linhas_.erase(linhas_.begin() + linha - 1); }
+void Relatorio::remove(int linha) { linhas_.erase(linhas_.begin() + (linha - 1)); }
 
 void Relatorio::permuta(int uma, int outra) { std::swap((*this)[uma], (*this)[outra]); }
 

@@ -1,5 +1,7 @@
 // Findings as people and programs get them, word for word.
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <sstream>
@@ -142,6 +144,21 @@ TEST(SaidaDeAchados, ColoursAreForTerminals) {
   EXPECT_FALSE(opcoes.cores);
 }
 
+TEST(SaidaDeAchados, OnATerminalOnlyAFilledNoColorTakesTheColoursAway) {
+  int mestre = -1, terminal = -1;
+  ASSERT_EQ(openpty(&mestre, &terminal, nullptr, nullptr, nullptr), 0);
+  unsetenv("NO_COLOR");
+  EXPECT_TRUE(SaidaDeAchados::opcoesPara(terminal).cores);
+  setenv("NO_COLOR", "", 1);
+  EXPECT_TRUE(SaidaDeAchados::opcoesPara(terminal).cores);
+  setenv("NO_COLOR", "1", 1);
+  EXPECT_FALSE(SaidaDeAchados::opcoesPara(terminal).cores);
+  EXPECT_TRUE(SaidaDeAchados::opcoesPara(terminal).comLinha);
+  unsetenv("NO_COLOR");
+  close(terminal);
+  close(mestre);
+}
+
 TEST(SaidaDeAchados, FormatsHaveNames) {
   FormatoDeAchados formato{};
   EXPECT_TRUE(formatoDeAchados("sarif", formato));
@@ -184,7 +201,7 @@ TEST(Trecho, LongLineIsCutAroundTheBytesMeant) {
   EXPECT_EQ(alem.linha, "abc");
 }
 
-TEST(Trecho, WhatCannotBeShownIsAQuestionMark) { EXPECT_EQ(mostravel("a\tb\xC1~"), "a?b?~"); }
+TEST(Trecho, WhatCannotBeShownIsAQuestionMark) { EXPECT_EQ(mostravel("a\tb\xC1~\x7F"), "a?b?~?"); }
 
 }  // namespace
 }  // namespace cotepe

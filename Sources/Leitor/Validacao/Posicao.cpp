@@ -72,7 +72,7 @@ class Posicao final : public Familia {
   void confere(const Maximo& maximo) const {
     const std::string& posicao = posicoes_[maximo.posicao.indice()];
     if (maximo.bytes.empty() || posicao.size() != maximo.bytes.size()) return;
-    const bool deuAVolta = posicao.substr(0, 2) == "00" && maximo.bytes.substr(0, 2) == "99";
+    const bool deuAVolta = posicao.compare(0, 2, "00") == 0 && maximo.bytes.compare(0, 2, "99") == 0;
     if (posicao >= maximo.bytes || deuAVolta || posicao.find_first_not_of("0123456789") != std::string::npos)
       return;
     relator_.naLinhaLida(

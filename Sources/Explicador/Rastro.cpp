@@ -82,9 +82,9 @@ void Rastro::grava(Linha& linha) {
 }
 
 void Rastro::falha(const char* mensagem) {
-  if (achada_) return;
   completa_ = false;
-  if (mensagem != nullptr) hospedeiro().registraLog(mensagem);
+  if (mensagem != nullptr) return hospedeiro().registraLog(mensagem);
+  hospedeiro().falhaSemMensagem();
 }
 
 long Rastro::vezDaFila(int consulta, std::size_t fila) const {

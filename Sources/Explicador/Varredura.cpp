@@ -134,7 +134,7 @@ bool procura(sqlite3* banco, const std::string& sql, const Fila& fila, std::size
       achada = varredura.achada();
       alguma = true;
     }
-    if (alguma && (vez == 0 || select.lista[coluna].extremo())) return true;
+    if (vez == 0) return true;
   }
   return alguma;
 }

@@ -19,10 +19,11 @@ class ExplainOrigem : public Cena {
       linhas_.push_back(texto.substr(i, texto.find('\n', i) - i));
   }
 
-  /// What is printed last of the field with the byte in the first line of a register: its source.
-  std::string origem(const std::string& codigo, int byte) const {
-    std::size_t numero = 0;
-    while (numero < linhas_.size() && linhas_[numero].rfind(codigo, 0) != 0) ++numero;
+  /// What is printed last of the field with the byte in the first line of a register, or `depois` lines
+  /// behind it: its source.
+  std::string origem(const std::string& codigo, int byte, std::size_t depois = 0) const {
+    std::size_t numero = depois;
+    while (numero < linhas_.size() && linhas_[numero - depois].rfind(codigo, 0) != 0) ++numero;
     const Fim fim = roda(
         {"explain", "r.txt:" + std::to_string(numero + 1) + ':' + std::to_string(byte), "--db", "base.db"},
         pasta());
@@ -59,6 +60,88 @@ TEST_F(ExplainOrigem, AGrandTotalTooLongForTheQueryIsTheUsers) {
       "PRAGMA ignore_check_constraints = 1; INSERT INTO posicao_totalizadores_contadores VALUES "
       "(12, 1, 102, 0, 0, 0, 0, '1234567890123456.789')");
   EXPECT_EQ(origem("E02", 253), "  from:    dados_usuario.valor_gt, rowid 1: 10.5\n");
+}
+
+TEST_F(ExplainOrigem, WithoutTheTableOfPositionsTheUsersGrandTotalIsStillFound) {
+  gera("");
+  Banco(em("base.db")).sql("DROP TABLE posicao_totalizadores_contadores");
+  EXPECT_EQ(origem("E02", 253), "  from:    dados_usuario.valor_gt, rowid 1: 10.5\n");
+}
+
+TEST_F(ExplainOrigem, AQueryThatFailsWithoutAMessageIsNamed) {
+  gera("INSERT INTO posicao_totalizadores_contadores VALUES (12, 1, 102, 0, 0, 0, 0, 99.25)");
+  Banco(em("base.db")).sql("DROP TABLE posicao_totalizadores_contadores");
+  const Fim fim = roda({"explain", "r.txt:2:253", "--db", "base.db"}, pasta());
+  EXPECT_EQ(fim.situacao, 2);
+  EXPECT_EQ(fim.saida, "");
+  EXPECT_EQ(fim.erros,
+            "cotepe: cannot trace the line: base.db: found no such table: posicao_totalizadores_contadores, "
+            "expected the tables that E02 is read from; see cotepe check\n");
+}
+
+TEST_F(ExplainOrigem, WithoutAUserTheCnpjHasNoRow) {
+  gera("DELETE FROM dados_usuario");
+  EXPECT_EQ(origem("E01", 99), "  from:    no row: the query has none\n");
+  EXPECT_EQ(origem("E08", 45), "  from:    no row: the query has none\n");
+}
+
+TEST_F(ExplainOrigem, OfASurchargeAloneTheOrderIsTheSurcharges) {
+  gera(
+      "INSERT INTO cupom_nf (cont_coo, cont_gnf, cont_crz, data_hora_emissao, valor_subtotal, "
+      "valor_desconto, "
+      "tipo_desconto, valor_acrescimo, tipo_acrescimo, valor_total_cupom, id_cancelado, "
+      "valor_canc_acrescimo) "
+      "VALUES (103, 7, 12, '2024-01-11 12:00:00', 20, 0, 'V', 1.5, 'V', 21.5, 'N', 0)");
+  EXPECT_EQ(origem("E19", 137), "  from:    cupom_nf.valor_acrescimo, row cont_coo=103 (rowid 103): 1.5\n");
+}
+
+TEST_F(ExplainOrigem, TheSumOfMoreThanTenRowsNamesTheFirstTen) {
+  gera(
+      "INSERT INTO totalizador_reducao WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT "
+      "11) SELECT 11, 'OPERACAO ' || i, 1.5, 'N' FROM n",
+      {"--cat52"});  // no placeholder
+  EXPECT_EQ(
+      origem("E13", 72),
+      "  from:    the sum of totalizador_reducao.valor_base_calculo, 11 rows (rowid 1, 2, 3, 4, 5, 6, 7, "
+      "8, 9, 10, ...)\n");
+}
+
+TEST_F(ExplainOrigem, TheSumOfAViewHasNoRowids) {
+  gera(
+      "INSERT INTO totalizador_reducao WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT "
+      "11) SELECT 11, 'OPERACAO ' || i, 1.5, 'N' FROM n;"
+      "ALTER TABLE totalizador_reducao RENAME TO guardada;"
+      "CREATE VIEW totalizador_reducao AS SELECT * FROM guardada",
+      {"--cat52"});
+  EXPECT_EQ(origem("E13", 72), "  from:    the sum of totalizador_reducao.valor_base_calculo, 11 rows\n");
+}
+
+// A coupon and a document of one COO, both with the counter that the other's query has for none.
+TEST_F(ExplainOrigem, OfEqualLinesOfBothHalvesOfAQueryEachHasItsOwn) {
+  gera(
+      "PRAGMA ignore_check_constraints = 1;"
+      "INSERT INTO meio_pagamento VALUES (1, 'DINHEIRO');"
+      "INSERT INTO pagamento_cupom (cont_coo, indice_meio_pagamento, valor_pagamento, id_estornado, "
+      "valor_estornado) VALUES (103, 1, 20, 'N', 0);"
+      "INSERT INTO cupom_fiscal (cont_coo, cont_ccf, cont_crz, data_hora_emissao, valor_subtotal, "
+      "valor_desconto, valor_acrescimo, valor_total, valor_canc_acrescimo, id_cancelado) VALUES (103, "
+      "CAST('000000000' AS BLOB), 12, '2024-01-11 12:00:00', 20, 0, 0, 20, 0, 'N');"
+      "INSERT INTO cupom_nf (cont_coo, cont_gnf, cont_crz, data_hora_emissao, valor_subtotal, "
+      "valor_desconto, "
+      "tipo_desconto, valor_acrescimo, tipo_acrescimo, valor_total_cupom, id_cancelado, "
+      "valor_canc_acrescimo) "
+      "VALUES (103, CAST('000000000' AS BLOB), 12, '2024-01-11 12:00:00', 20, 0, 'V', 0, 'V', 20, 'N', 0)");
+  EXPECT_EQ(origem("E21", 59), "  from:    the query: it is the constant '000000000' there\n");
+  EXPECT_EQ(origem("E21", 59, 1),
+            "  from:    cupom_nf.cont_gnf, row cont_coo=103 (rowid 103): X'303030303030303030'\n");
+}
+
+TEST_F(ExplainOrigem, AttemptsOfFiveColumnsHaveTheirRow) {
+  gera(
+      "ALTER TABLE tentativas_sb ADD COLUMN outra;"
+      "INSERT INTO tentativas_sb VALUES (3, 'x', '2024-01-02 03:04:05', 'N', 'y')",
+      {"--layout", "2"});
+  EXPECT_EQ(origem("E22", 48), "  from:    tentativas_sb.data_hora, rowid 1: '2024-01-02 03:04:05'\n");
 }
 
 TEST_F(ExplainOrigem, ARowThatIsAnotherEachTimeIsNotFoundAgain) {

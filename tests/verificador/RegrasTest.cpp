@@ -38,6 +38,18 @@ TEST(Verificador, ColumnMissing) {
           "the query fails, expected the column (add it; cotepe schema shows how)"});
 }
 
+TEST(Verificador, AColumnThatOnlyAnotherReportReadsMayBeMissing) {
+  const char* const kSemVendaBruta = "ALTER TABLE reducao_z DROP COLUMN valor_vb";
+  OpcoesDaVerificacao opcoes;
+  opcoes.alcance.comando = "RZ";
+  EXPECT_EQ(depoisDe(kSemVendaBruta, opcoes), Linhas());
+  opcoes.alcance.comando = "MF";
+  EXPECT_EQ(depoisDe(kSemVendaBruta, opcoes),
+            Linhas{"reducao_z.valor_vb: error column-missing E12: found no such column, without which the "
+                   "query fails, "
+                   "expected the column (add it; cotepe schema shows how)"});
+}
+
 TEST(Verificador, RowCount) {
   EXPECT_EQ(
       depoisDe("INSERT INTO dados_ecf SELECT * FROM dados_ecf"),
@@ -330,6 +342,12 @@ INSTANTIATE_TEST_SUITE_P(
           "expected 14 digits (store its digits without separators)"}},
         {"dados_usuario",
          "cnpj",
+         "''",
+         {"dados_usuario[seq_usuario=1].cnpj: error tax-number-form E01.11 \"CNPJ do usuário\": found \"\", "
+          "which is written as 00000000000000; in E02.5, E05.5, E06.5, E08.5 and E10.9 too, expected 14 "
+          "digits (store its digits without separators)"}},
+        {"dados_usuario",
+         "cnpj",
          "'11222333000182'",
          {"dados_usuario[seq_usuario=1].cnpj: warning tax-number E01.11 \"CNPJ do usuário\": found "
           "\"11222333000182\", expected check digits that are right (check it against its document)"}},
@@ -376,6 +394,12 @@ INSTANTIATE_TEST_SUITE_P(
           "\"2024-01-06\", which a period sorts wrongly, expected YYYY-MM-DD HH:MM:SS (store date and time "
           "in this "
           "form)"}},
+        {"fita_detalhe",
+         "data_hora_emissao",
+         "''",
+         {"fita_detalhe[cont_cfd=1].data_hora_emissao: error date-form E10.6 \"Data de emissão\": found "
+          "\"\", "
+          "which ends the line there, expected YYYY-MM-DD HH:MM:SS (store date and time in this form)"}},
         {"intervencao",
          "data_hora_intervencao",
          "'2023-02-29 10:00:00'",

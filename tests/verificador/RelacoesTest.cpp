@@ -25,6 +25,16 @@ TEST(Verificador, TextOrder) {
   EXPECT_EQ(depoisDe("UPDATE fita_detalhe SET cont_cfd = 9;" + outra + "11" + resto), Linhas());
 }
 
+TEST(Verificador, OfTextsOutOfOrderTheShortestIsToldWhereverItStands) {
+  EXPECT_EQ(
+      depoisDe("UPDATE fita_detalhe SET cont_cfd = '100';"
+               "INSERT INTO fita_detalhe VALUES('9', '2024-01-07 10:00:00', 13, 14);"
+               "INSERT INTO fita_detalhe VALUES('11', '2024-01-08 10:00:00', 15, 16)"),
+      Linhas{"fita_detalhe.cont_cfd: error text-order E10: found the texts \"9\" and \"100\", which are "
+             "sorted letter by letter, expected numbers, or texts of as many digits (store it as an "
+             "integer)"});
+}
+
 TEST(Verificador, TextMaximum) {
   EXPECT_EQ(
       depoisDe("UPDATE reducao_z SET valor_gt = '9.5' WHERE cont_crz = 4;"

@@ -83,10 +83,10 @@ void paga(Aleatorio& aleatorio, Cupom& cupom) {
   } else if (sorte <= 90) {
     cupom.pagamentos.push_back({sorte <= 65 ? Meio::credito : Meio::debito, cupom.total, 0});
     if (aleatorio.chance(20)) estorna(aleatorio, cupom);
-  } else if (sorte <= 95 || cupom.total < 2) {
+  } else if (sorte <= 95) {
     cupom.pagamentos.push_back({sorte <= 92 ? Meio::cheque : Meio::vale, cupom.total, 0});
   } else {
-    const Centavos parte = cupom.total / 2;
+    const Centavos parte = cupom.total / 2;  // not zero: the cheapest item costs 50 cents
     cupom.pagamentos.push_back({Meio::vale, parte, 0});
     pagaEmDinheiro(aleatorio, cupom, cupom.total - parte);
   }

@@ -117,6 +117,12 @@ SelectAnalisado analisaUm(std::string_view sql) {
 
 }  // namespace
 
+std::string emAspasSql(const std::string& texto, char aspa) {
+  std::string citado(1, aspa);
+  for (const char c : texto) citado.append(c == aspa ? 2 : 1, c);
+  return citado + aspa;
+}
+
 std::string Expressao::emPalavras() const {
   if (constante()) return frase("the constant {1}", {sql});
   std::string lida = tabela + '.' + coluna;
@@ -132,8 +138,10 @@ std::string Expressao::emPalavras() const {
 SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& nomes) const {
   SelectAnalisado outro = *this;
   if (!lista.empty()) return outro;
-  for (const std::string& nome : nomes)
-    outro.lista.push_back({'"' + nome + '"', "", '"' + nome + '"', tabelas.front().nome, nome});
+  for (const std::string& nome : nomes) {
+    const std::string citado = emAspasSql(nome, '"');
+    outro.lista.push_back({citado, "", citado, tabelas.front().nome, nome});
+  }
   return outro;
 }
 

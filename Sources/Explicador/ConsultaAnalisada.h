@@ -7,6 +7,9 @@
 
 namespace cotepe {
 
+/// A name or a text as SQL writes it between quotes of a kind.
+std::string emAspasSql(const std::string& texto, char aspa);
+
 /// One expression of a SELECT's list.
 struct Expressao {
   std::string sql;             // without its alias

@@ -9,12 +9,6 @@ namespace {
 
 constexpr long kRowidsMostrados = 10;
 
-std::string aspas(const std::string& texto, char aspa) {
-  std::string citado(1, aspa);
-  for (const char c : texto) citado += c == aspa ? std::string(2, aspa) : std::string(1, c);
-  return citado + aspa;
-}
-
 std::vector<std::string> primeiraColuna(sqlite3* banco, const std::string& sql) {
   std::vector<std::string> valores;
   Consulta consulta(banco, sql);
@@ -22,9 +16,10 @@ std::vector<std::string> primeiraColuna(sqlite3* banco, const std::string& sql) 
   return valores;
 }
 
+// With the generated ones, which "*" stands for too.
 std::vector<std::string> colunasDa(sqlite3* banco, const std::string& tabela) {
-  return primeiraColuna(banco,
-                        "SELECT name FROM pragma_table_info(" + aspas(tabela, '\'') + ") ORDER BY cid");
+  return primeiraColuna(banco, "SELECT name FROM pragma_table_xinfo(" + emAspasSql(tabela, '\'') +
+                                   ") WHERE hidden <> 1 ORDER BY cid");
 }
 
 /// What tells the rows of a table apart.
@@ -35,7 +30,7 @@ struct Chave {
 };
 
 Chave chaveDa(sqlite3* banco, const TabelaNomeada& tabela) {
-  const std::string nome = aspas(tabela.nome, '\'');
+  const std::string nome = emAspasSql(tabela.nome, '\'');
   Chave chave{
       tabela.apelido,
       primeiraColuna(banco, "SELECT name FROM pragma_table_info(" + nome + ") WHERE pk > 0 ORDER BY pk"),
@@ -80,7 +75,7 @@ class Varredura {
     const std::string lida = expressao_.constante() ? expressao_.sql : expressao_.argumento;
     lista += lida + ", quote(" + lida + ')';
     for (const std::string& nome : chave_.colunas)
-      lista += ", quote(" + chave_.apelido + '.' + aspas(nome, '"') + ')';
+      lista += ", quote(" + chave_.apelido + '.' + emAspasSql(nome, '"') + ')';
     if (chave_.temRowid) lista += ", " + chave_.apelido + ".rowid";
     return "SELECT " + lista + ' ' + select_.resto;
   }

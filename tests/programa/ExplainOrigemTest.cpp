@@ -1,4 +1,5 @@
 // cotepe explain: values that come from no row of their own, or from one that cannot be named.
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -142,6 +143,37 @@ TEST_F(ExplainOrigem, AttemptsOfFiveColumnsHaveTheirRow) {
       "INSERT INTO tentativas_sb VALUES (3, 'x', '2024-01-02 03:04:05', 'N', 'y')",
       {"--layout", "2"});
   EXPECT_EQ(origem("E22", 48), "  from:    tentativas_sb.data_hora, rowid 1: '2024-01-02 03:04:05'\n");
+}
+
+TEST_F(ExplainOrigem, AttemptsWhoseColumnsHaveQuotesInTheirNamesHaveTheirRow) {
+  gera(
+      "DROP TABLE tentativas_sb; CREATE TABLE tentativas_sb(\"o \"\"n\"\"\" INTEGER PRIMARY KEY, versao, "
+      "data);"
+      "INSERT INTO tentativas_sb VALUES (3, 'x', '2024-01-02 03:04:05')",
+      {"--layout", "2"});
+  EXPECT_EQ(origem("E22", 48),
+            "  from:    tentativas_sb.data, row o \"n\"=3 (rowid 3): '2024-01-02 03:04:05'\n");
+}
+
+TEST_F(ExplainOrigem, AGeneratedColumnHasItsRow) {
+  gera(
+      "DROP TABLE tentativas_sb; CREATE TABLE tentativas_sb(numero, versao, data AS ('2024-01-02 03:04:05'));"
+      "INSERT INTO tentativas_sb VALUES (3, 'x')",
+      {"--layout", "2"});
+  EXPECT_EQ(origem("E22", 48), "  from:    tentativas_sb.data, rowid 1: '2024-01-02 03:04:05'\n");
+}
+
+TEST_F(ExplainOrigem, AColumnThatTheTableDoesNotHaveHasNoRow) {
+  gera(
+      "DROP TABLE tentativas_sb; CREATE TABLE tentativas_sb(numero, versao);"
+      "INSERT INTO tentativas_sb VALUES (3, 'x')",
+      {"--layout", "2"});
+  EXPECT_EQ(origem("E22", 44), "  from:    tentativas_sb.numero, rowid 1: 3\n");
+  const auto linha = std::find_if(linhas_.begin(), linhas_.end(),
+                                  [](const std::string& texto) { return texto.rfind("E22", 0) == 0; });
+  const Fim fim =
+      roda({"explain", "r.txt:" + std::to_string(linha - linhas_.begin() + 1), "--db", "base.db"}, pasta());
+  EXPECT_EQ(fim.saida.substr(fim.saida.rfind("  from:")), "  from:    a row that cannot be told apart\n");
 }
 
 TEST_F(ExplainOrigem, ARowThatIsAnotherEachTimeIsNotFoundAgain) {

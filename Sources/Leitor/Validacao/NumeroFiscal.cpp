@@ -29,7 +29,7 @@ bool cnpjValido(std::string_view digitos) noexcept {
 }
 
 bool cpfValido(std::string_view digitos) noexcept {
-  return digitos.size() == 14 && digitos.substr(0, 3) == "000" &&
+  return digitos.size() == 14 && digitos.compare(0, 3, "000") == 0 &&
          digitos[12] == digitoDe(digitos, 3, 9, 11) && digitos[13] == digitoDe(digitos, 3, 10, 11);
 }
 

@@ -112,6 +112,7 @@ TEST(NumeroFiscal, CheckDigits) {
   EXPECT_FALSE(cpfValido("00052998224726"));
   EXPECT_FALSE(cpfValido("00052998224735"));
   EXPECT_FALSE(cpfValido("00152998224725"));
+  EXPECT_FALSE(cpfValido("52998224725")) << "eleven digits, without the zeros of the field";
 }
 
 }  // namespace

@@ -47,6 +47,14 @@ std::string ajusteEmPalavras(const std::string& valor, bool dado, bool certo = t
 
 }  // namespace
 
+void declaraIdentidade(CLI::App& comando, Identidade& identidade) {
+  comando.add_option("--serial", identidade.serial, traduz("Manufacture number, if the database has none"))
+      ->type_name("TEXT");
+  comando.add_option("--model", identidade.modelo, traduz("Model, if the database has none"))
+      ->type_name("TEXT");
+  comando.add_option("--type", identidade.tipo, traduz("Type, if the database has none"))->type_name("TEXT");
+}
+
 void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
   comando.add_option("--from", o.de, traduz("First day, DDMMYYYY or YYYY-MM-DD"))->type_name("DAY");
   comando.add_option("--to", o.ate, traduz("Last day, the same forms"))->type_name("DAY");
@@ -59,12 +67,7 @@ void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
       "--cat52", [&o] { o.cat52 = true; }, traduz("CAT52 mode"));
   comando.add_flag_callback(
       "--no-cat52", [&o] { o.cat52 = false; }, traduz("No CAT52 mode"));
-  comando.add_option("--serial", o.identidade.serial, traduz("Manufacture number, if the database has none"))
-      ->type_name("TEXT");
-  comando.add_option("--model", o.identidade.modelo, traduz("Model, if the database has none"))
-      ->type_name("TEXT");
-  comando.add_option("--type", o.identidade.tipo, traduz("Type, if the database has none"))
-      ->type_name("TEXT");
+  declaraIdentidade(comando, o.identidade);
 }
 
 std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,

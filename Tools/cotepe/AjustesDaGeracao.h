@@ -14,6 +14,9 @@ struct sqlite3;
 
 namespace cotepe::programa {
 
+/// The options --serial, --model and --type.
+void declaraIdentidade(CLI::App& comando, Identidade& identidade);
+
 struct OpcoesDeAjuste {
   std::string de, ate, comando;
   std::optional<int> leiaute;

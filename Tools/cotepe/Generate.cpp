@@ -1,6 +1,7 @@
 // cotepe generate: the report of a period.
 #include <memory>
 
+#include "AjustesDaGeracao.h"
 #include "Comandos.h"
 #include "Idioma.h"
 #include "Relatorio.h"
@@ -42,13 +43,8 @@ void declaraSaida(CLI::App& comando, OpcoesDoGenerate& o) {
   comando.add_flag("--quiet", o.calado, traduz("No summary and no progress; failures are always told"));
 }
 
-void declaraIdentidade(CLI::App& comando, OpcoesDoGenerate& o) {
-  comando.add_option("--serial", o.identidade.serial, traduz("Manufacture number, if the database has none"))
-      ->type_name("TEXT");
-  comando.add_option("--model", o.identidade.modelo, traduz("Model, if the database has none"))
-      ->type_name("TEXT");
-  comando.add_option("--type", o.identidade.tipo, traduz("Type, if the database has none"))
-      ->type_name("TEXT");
+void declaraQuemEmite(CLI::App& comando, OpcoesDoGenerate& o) {
+  declaraIdentidade(comando, o.identidade);
   comando
       .add_option("--sb-version", o.versaoSb, traduz("Accepted; the layout takes it from the database alone"))
       ->type_name("TEXT");
@@ -60,7 +56,7 @@ Execucao declaraGenerate(CLI::App& comando) {
   const auto opcoes = std::make_shared<OpcoesDoGenerate>();
   declaraEntrada(comando, *opcoes);
   declaraSaida(comando, *opcoes);
-  declaraIdentidade(comando, *opcoes);
+  declaraQuemEmite(comando, *opcoes);
   return [opcoes] { geraRelatorio(*opcoes); };
 }
 

@@ -19,11 +19,11 @@
 #include <string_view>
 #include <vector>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
+#include "Comparacao/Comparacao.h"
 #include "CotepeManager.h"
-#include "Diferenca.h"
-#include "Exibicao.h"
-#include "Validacao/Validador.h"
+#include "Exibicao/Exibicao.h"
+#include "Validacao/Validacao.h"
 
 namespace {
 
@@ -91,7 +91,7 @@ std::string relatorio(const std::string& pasta, int cuponsPorDia, int dias) {
 long valida(const std::string& texto) {
   Contagem achados;
   LeitorDeLinhas linhas{std::string_view(texto)};
-  Validador(achados, {"r.txt", {}}).valida(linhas);
+  Validacao(achados, {"r.txt", {}}).valida(linhas);
   return achados.total;
 }
 
@@ -114,7 +114,7 @@ void le(const std::string& texto) {
 void compara(const std::string& texto) {
   Contagem achados;
   LeitorDeLinhas um{std::string_view(texto)}, outro{std::string_view(texto)};
-  Diferenca(achados, {"a", "b", false}).compara(um, outro);
+  Comparacao(achados, {"a", "b", false}).compara(um, outro);
   if (achados.total != 0) throw std::runtime_error("a report differs from itself");
 }
 
@@ -139,7 +139,7 @@ int dizPico(const char* arquivo) {
   if (aberto == nullptr) return 1;
   Contagem achados;
   LeitorDeLinhas linhas(fileno(aberto));
-  Validador(achados, {"r.txt", {}}).valida(linhas);
+  Validacao(achados, {"r.txt", {}}).valida(linhas);
   std::fclose(aberto);
   std::printf("%s\n", depoisDe("/proc/self/status", "VmHWM").c_str());
   return achados.total == 0 ? 0 : 1;

@@ -6,11 +6,11 @@
 
 #include "Financial.h"
 #include "Hospedeiro.h"
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
 #include "Leiaute/Texto.h"
 #include "LinhaDeExemplo.h"
+#include "Registros/Catalogo.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 namespace bench {
 

@@ -11,12 +11,13 @@ function(cotepe_opcoes alvo)
 endfunction()
 
 # cotepe_biblioteca(NAME SOURCES...): a static library NAME with the alias cotepe::NAME,
-# whose headers are found from its own folder. Its objects can go into a shared library, which they leave
+# whose headers are found from its own folder, and those of the rooms as "Room/Header.h". Its objects can go into a shared library, which they leave
 # without symbols of their own.
 function(cotepe_biblioteca nome)
   add_library(${nome} STATIC ${ARGN})
   add_library(cotepe::${nome} ALIAS ${nome})
-  target_include_directories(${nome} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
+  target_include_directories(${nome} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Sources>)
   set_target_properties(${nome} PROPERTIES
     POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   cotepe_opcoes(${nome})

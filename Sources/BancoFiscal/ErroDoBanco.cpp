@@ -1,8 +1,8 @@
-#include "ErroDoBanco.h"
+#include "BancoFiscal/ErroDoBanco.h"
 
 #include <utility>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe {
 

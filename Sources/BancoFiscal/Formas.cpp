@@ -1,6 +1,6 @@
-#include "Formas.h"
+#include "BancoFiscal/Formas.h"
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe {
 namespace {

@@ -5,8 +5,8 @@
 #include <new>
 
 #include "ExecucaoSqlite.h"
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Texto.h"
+#include "Registros/Catalogo.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // them: who runs by object links no such symbol.
 #include "CotepeManager.h"
 #include "HospedeiroLigado.h"
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 int CotepeManager::GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial,
                                       const char* szDataFinal, const char* szCmd) {

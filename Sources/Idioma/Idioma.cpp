@@ -1,4 +1,4 @@
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 #include <libintl.h>
 

@@ -1,4 +1,4 @@
-#include "AjustesDoRelatorio.h"
+#include "Leitor/AjustesDoRelatorio.h"
 
 #include <algorithm>
 #include <array>

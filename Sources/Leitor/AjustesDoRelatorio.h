@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "LeitorDeRegistros.h"
+#include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe {
 

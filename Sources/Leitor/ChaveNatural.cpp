@@ -1,10 +1,10 @@
-#include "ChaveNatural.h"
+#include "Leitor/ChaveNatural.h"
 
 #include <algorithm>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
-#include "Trecho.h"
+#include "Leitor/Trecho.h"
 
 namespace cotepe {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "LeitorDeRegistros.h"
+#include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe {
 

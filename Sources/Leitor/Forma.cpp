@@ -1,4 +1,4 @@
-#include "Forma.h"
+#include "Leitor/Forma.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 

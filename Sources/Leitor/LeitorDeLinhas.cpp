@@ -1,4 +1,4 @@
-#include "LeitorDeLinhas.h"
+#include "Leitor/LeitorDeLinhas.h"
 
 #include <unistd.h>
 

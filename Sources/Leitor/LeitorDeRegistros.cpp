@@ -1,4 +1,4 @@
-#include "LeitorDeRegistros.h"
+#include "Leitor/LeitorDeRegistros.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "Forma.h"
-#include "LeitorDeLinhas.h"
+#include "Leitor/Forma.h"
+#include "Leitor/LeitorDeLinhas.h"
 
 namespace cotepe {
 

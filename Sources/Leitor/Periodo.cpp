@@ -1,4 +1,4 @@
-#include "Periodo.h"
+#include "Leitor/Periodo.h"
 
 #include <algorithm>
 

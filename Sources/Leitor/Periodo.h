@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "LeitorDeRegistros.h"
+#include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe {
 

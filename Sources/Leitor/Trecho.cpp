@@ -1,4 +1,4 @@
-#include "Trecho.h"
+#include "Leitor/Trecho.h"
 
 #include <algorithm>
 #include <cstddef>

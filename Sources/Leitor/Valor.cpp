@@ -1,10 +1,10 @@
-#include "Valor.h"
+#include "Leitor/Valor.h"
 
 #include <algorithm>
 #include <array>
 
 #include "Leiaute/Releitura.h"
-#include "Trecho.h"
+#include "Leitor/Trecho.h"
 
 namespace cotepe {
 namespace {

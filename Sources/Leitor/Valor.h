@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "LeitorDeRegistros.h"
+#include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe {
 

@@ -1,7 +1,7 @@
 #include "AjustesDaGeracao.h"
 
 #include "Consulta.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe::programa {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "AjustesDoRelatorio.h"
 #include "Dia.h"
 #include "HospedeiroDoPrograma.h"
+#include "Leitor/AjustesDoRelatorio.h"
 
 struct sqlite3;
 

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "Falha.h"
+#include "Sistema/Falha.h"
 
 struct sqlite3;
 

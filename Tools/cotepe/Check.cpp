@@ -5,19 +5,19 @@
 #include <memory>
 #include <vector>
 
+#include "Achados/SaidaDeAchados.h"
+#include "BancoFiscal/ErroDoBanco.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
-#include "Descritor.h"
+#include "Conferencia/Conferencia.h"
 #include "Dia.h"
-#include "ErroDoBanco.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Numero.h"
 #include "RegrasNomeadas.h"
-#include "SaidaDeAchados.h"
-#include "Sinais.h"
-#include "Verificacao/Verificador.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {
@@ -33,10 +33,10 @@ struct OpcoesDoCheck {
   std::vector<std::string> desligadas;
 };
 
-OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
+OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
   if (opcoes.banco.empty())
     throw Falha(kUsoErrado, traduz("wrong usage: --db: found nothing, expected a fiscal database; name it"));
-  OpcoesDaVerificacao verificacao{opcoes.banco,
+  OpcoesDaConferencia verificacao{opcoes.banco,
                                   {opcoes.comando, opcoes.leiaute, opcoes.cat52},
                                   "",
                                   "",
@@ -55,11 +55,11 @@ OpcoesDaVerificacao confere(const OpcoesDoCheck& opcoes) {
 
 int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
 
-void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificacao, SaidaDeAchados& saida) {
+void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao, SaidaDeAchados& saida) {
   const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
   try {
-    verificaBanco(aberto.banco(), verificacao, saida);
+    confereBanco(aberto.banco(), verificacao, saida);
   } catch (const ErroDoBanco& erro) {
     paraSeInterrompido();
     const ErroDoBanco::Partes& partes = erro.partes();
@@ -71,7 +71,7 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaVerificacao& verificaca
 
 void executa(const OpcoesDoCheck& opcoes) {
   if (opcoes.regras) return listaRegras<RegraDoBanco>(kQuantasRegrasDoBanco, 19);
-  const OpcoesDaVerificacao verificacao = confere(opcoes);
+  const OpcoesDaConferencia verificacao = confere(opcoes);
   FluxoDeSaida fluxo;
   SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
   formatoDeAchados(opcoes.formato, comoSai.formato);

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 namespace {

@@ -2,12 +2,12 @@
 #include <memory>
 
 #include "Comandos.h"
-#include "Diferenca.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
-#include "Idioma.h"
+#include "Comparacao/Comparacao.h"
+#include "Idioma/Idioma.h"
 #include "RelatorioLido.h"
 #include "SaidaDoDiff.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
 
 namespace cotepe::programa {
 namespace {
@@ -25,7 +25,7 @@ void executa(const OpcoesDoDiff& opcoes) {
   RelatorioLido a(opcoes.a), b(opcoes.b);
   FluxoDeSaida fluxo;
   SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
-  Diferenca diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem});
+  Comparacao diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem});
   diferenca.compara(a.linhas(), b.linhas());
   saida.termina();
   fluxo.conclui();

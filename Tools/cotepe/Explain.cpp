@@ -4,19 +4,19 @@
 
 #include <memory>
 
+#include "Achados/SaidaDeAchados.h"
 #include "AjustesDaGeracao.h"
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "LugarNoRelatorio.h"
-#include "Progresso.h"
 #include "RelatorioLido.h"
 #include "SaidaDaExplicacao.h"
-#include "SaidaDeAchados.h"
-#include "Sinais.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
+#include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe::programa {
 namespace {

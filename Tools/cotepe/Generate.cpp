@@ -3,7 +3,7 @@
 
 #include "AjustesDaGeracao.h"
 #include "Comandos.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Relatorio.h"
 
 namespace cotepe::programa {

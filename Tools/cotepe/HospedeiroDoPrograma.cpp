@@ -6,12 +6,12 @@
 #include <cstring>
 
 #include "ArquivoDeLog.h"
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Leiaute/Registro.h"
 #include "PreencheComChar.h"
-#include "Progresso.h"
-#include "Sinais.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 

@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "Comandos.h"
-#include "Descritor.h"
-#include "Falha.h"
 #include "FormatosDoLeiaute.h"
-#include "Idioma.h"
-#include "Leiaute/Catalogo.h"
+#include "Idioma/Idioma.h"
+#include "Registros/Catalogo.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 namespace {

@@ -2,10 +2,10 @@
 #include "LinhaDeComando.h"
 
 #include "Comandos.h"
-#include "Descritor.h"
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "PalavrasDaCli.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 namespace {

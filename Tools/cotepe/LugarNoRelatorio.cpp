@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe::programa {
 

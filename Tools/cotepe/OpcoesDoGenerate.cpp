@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "ConflitoDeArquivos.h"
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Saida.h"
+#include "Sistema/ConflitoDeArquivos.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 namespace {

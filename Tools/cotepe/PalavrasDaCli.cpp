@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace cotepe::programa {
 namespace {

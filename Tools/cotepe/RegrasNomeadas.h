@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "Achado.h"
-#include "Descritor.h"
-#include "Falha.h"
-#include "Idioma.h"
+#include "Achados/Achado.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
 
 namespace cotepe::programa {
 

@@ -7,14 +7,14 @@
 
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
-#include "Falha.h"
 #include "Geracao.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "NomeDoRelatorio.h"
-#include "Progresso.h"
 #include "Resumo.h"
 #include "Saida.h"
-#include "Sinais.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {

@@ -6,9 +6,9 @@
 
 #include <cerrno>
 
-#include "Falha.h"
-#include "Idioma.h"
-#include "Sinais.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {

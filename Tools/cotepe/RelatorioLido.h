@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "Descritor.h"
-#include "LeitorDeLinhas.h"
+#include "Leitor/LeitorDeLinhas.h"
+#include "Sistema/Descritor.h"
 
 namespace cotepe::programa {
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Leiaute/Registro.h"
 
 namespace cotepe::programa {

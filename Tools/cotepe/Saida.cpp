@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
-#include "ArquivoSeguro.h"
-#include "Descritor.h"
-#include "Falha.h"
-#include "Idioma.h"
-#include "Sinais.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/ArquivoSeguro.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <ostream>
 
-#include "Idioma.h"
-#include "Json.h"
-#include "Trecho.h"
+#include "Achados/Json.h"
+#include "Idioma/Idioma.h"
+#include "Leitor/Trecho.h"
 
 namespace cotepe::programa {
 namespace {

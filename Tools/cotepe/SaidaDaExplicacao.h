@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "Explicacao.h"
-#include "Procedencia.h"
+#include "Explicacao/Explicacao.h"
+#include "Explicacao/Procedencia.h"
 
 namespace cotepe::programa {
 

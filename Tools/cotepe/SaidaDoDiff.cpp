@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Numero.h"
 
 namespace cotepe::programa {

@@ -4,7 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-#include "SaidaDeAchados.h"
+#include "Achados/SaidaDeAchados.h"
 
 namespace cotepe::programa {
 

@@ -2,13 +2,13 @@
 #include <cstdio>
 #include <memory>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Comandos.h"
 #include "Dia.h"
-#include "Falha.h"
-#include "Idioma.h"
-#include "Progresso.h"
-#include "Sinais.h"
+#include "Idioma/Idioma.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {

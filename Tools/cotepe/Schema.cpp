@@ -1,8 +1,8 @@
 // cotepe schema: the SQL of the fiscal database.
 
+#include "BancoFiscal/Esquema.h"
 #include "Comandos.h"
-#include "Descritor.h"
-#include "Esquema.h"
+#include "Sistema/Descritor.h"
 
 namespace cotepe::programa {
 

@@ -5,15 +5,15 @@
 
 #include "Comandos.h"
 #include "Dia.h"
-#include "Exibicao.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
-#include "Idioma.h"
+#include "Exibicao/Exibicao.h"
+#include "Exibicao/Selecao.h"
+#include "Idioma/Idioma.h"
+#include "Leitor/Periodo.h"
 #include "LugarNoRelatorio.h"
 #include "Numero.h"
-#include "Periodo.h"
 #include "RelatorioLido.h"
-#include "Selecao.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
 
 namespace cotepe::programa {
 namespace {

@@ -3,9 +3,9 @@
 #include <string_view>
 #include <tuple>
 
-#include "Idioma.h"
-#include "Leiaute/Catalogo.h"
+#include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe::programa {
 namespace {

@@ -4,16 +4,16 @@
 #include <memory>
 #include <vector>
 
+#include "Achados/SaidaDeAchados.h"
 #include "Comandos.h"
-#include "Descritor.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "Numero.h"
 #include "RegrasNomeadas.h"
 #include "RelatorioLido.h"
-#include "SaidaDeAchados.h"
-#include "Validacao/Validador.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
+#include "Validacao/Validacao.h"
 
 namespace cotepe::programa {
 namespace {
@@ -40,7 +40,7 @@ void executa(const OpcoesDoValidate& opcoes) {
   comoSai.maximo = opcoes.maximo;
   SaidaDeAchados saida(fluxo, comoSai);
 
-  Validador validador(saida, {relatorio.nome(), desligadas});
+  Validacao validador(saida, {relatorio.nome(), desligadas});
   validador.valida(relatorio.linhas());
   saida.termina();
   fluxo.conclui();

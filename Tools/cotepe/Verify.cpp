@@ -7,19 +7,19 @@
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
-#include "Diferenca.h"
-#include "Falha.h"
-#include "FluxoDeSaida.h"
+#include "Comparacao/Comparacao.h"
 #include "Geracao.h"
 #include "HospedeiroDoPrograma.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "NomeDoRelatorio.h"
-#include "Progresso.h"
 #include "RelatorioLido.h"
 #include "Resumo.h"
 #include "Saida.h"
 #include "SaidaDoDiff.h"
-#include "Sinais.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
+#include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
 namespace {
@@ -50,7 +50,7 @@ class Verificacao {
     const auto gerado = gera(ajuste);
     RelatorioLido esperado(gerado->temporario()), encontrado(opcoes_.relatorio);
     progresso_.limpa();
-    Diferenca(saida, {frase("the report of {1}", {opcoes_.banco}), encontrado.nome(), false, true})
+    Comparacao(saida, {frase("the report of {1}", {opcoes_.banco}), encontrado.nome(), false, true})
         .compara(esperado.linhas(), encontrado.linhas());
     esperado.confereLeitura();
     encontrado.confereLeitura();

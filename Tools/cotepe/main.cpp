@@ -2,11 +2,11 @@
 #include <cstdio>
 #include <new>
 
-#include "Descritor.h"
-#include "Falha.h"
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 #include "LinhaDeComando.h"
-#include "Sinais.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Sinais.h"
 
 int main(int argc, char** argv) {
   using namespace cotepe::programa;

@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "Leiaute/Catalogo.h"
 #include "LinhaDeComando.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe::manuais {
 namespace {

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "Amostra.h"
-#include "Esquema.h"
+#include "Amostra/Amostra.h"
+#include "BancoFiscal/Esquema.h"
 
 namespace cotepe::testes {
 

@@ -1,5 +1,5 @@
 // Days of the sample shop as numbers and as texts.
-#include "Loja/Calendario.h"
+#include "Amostra/Calendario.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Rows written by the library: values arrive as they were meant, and a row that is refused is reported.
-#include "Insercao.h"
+#include "Amostra/Insercao.h"
 
 #include "Banco.h"
 

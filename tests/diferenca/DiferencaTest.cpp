@@ -1,14 +1,14 @@
 // Two reports compared in memory: what is said, word for word.
-#include "Diferenca.h"
+#include "Comparacao/Comparacao.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "ChaveNatural.h"
+#include "Achados/SaidaDeAchados.h"
+#include "Leitor/ChaveNatural.h"
 #include "Relatorio.h"
-#include "SaidaDeAchados.h"
 
 namespace cotepe {
 namespace {
@@ -24,7 +24,7 @@ Textos diferencas(const std::string& a, const std::string& b, bool comCarimbo = 
                   bool comOrdem = false) {
   Coletor coletor;
   LeitorDeLinhas linhasA{std::string_view(a)}, linhasB{std::string_view(b)};
-  Diferenca(coletor, {"a.txt", "b.txt", comCarimbo, comOrdem}).compara(linhasA, linhasB);
+  Comparacao(coletor, {"a.txt", "b.txt", comCarimbo, comOrdem}).compara(linhasA, linhasB);
   return coletor.textos;
 }
 
@@ -34,13 +34,13 @@ Textos contraBom(Relatorio mudado, int leiaute = 1) {
 
 constexpr int kE11 = 9, kPrimeiroE14 = 20;  // lines of the report
 
-TEST(Diferenca, EqualReportsHaveNone) {
+TEST(Comparacao, EqualReportsHaveNone) {
   EXPECT_EQ(contraBom(Relatorio::bom()), Textos());
   EXPECT_EQ(contraBom(Relatorio::bom(2), 2), Textos());
   EXPECT_EQ(diferencas("", ""), Textos());
 }
 
-TEST(Diferenca, AFieldIsNamedWithBothValuesAndItsKey) {
+TEST(Comparacao, AFieldIsNamedWithBothValuesAndItsKey) {
   Relatorio r = Relatorio::bom();
   r.troca(kPrimeiroE14, 67, "00000000003000", "00000000123456");
   EXPECT_EQ(
@@ -50,7 +50,7 @@ TEST(Diferenca, AFieldIsNamedWithBothValuesAndItsKey) {
           "of a.txt)"});
 }
 
-TEST(Diferenca, DatesAreShownAsDatesAndTextsInQuotes) {
+TEST(Comparacao, DatesAreShownAsDatesAndTextsInQuotes) {
   Relatorio r = Relatorio::bom();
   r.troca(kPrimeiroE14, 59, "20240102", "20240105");
   r.troca(2, 73, "LOJA DE EXEMPLO", "LOJA DE EXEMPLA");
@@ -62,7 +62,7 @@ TEST(Diferenca, DatesAreShownAsDatesAndTextsInQuotes) {
               "(CCF 31; line 20 of a.txt)"}));
 }
 
-TEST(Diferenca, BytesThatLookTheSameAreTold) {
+TEST(Comparacao, BytesThatLookTheSameAreTold) {
   Relatorio a = Relatorio::bom(), b = Relatorio::bom();
   a.troca(2, 73, "L", "\x80");
   b.troca(2, 73, "L", "\x81");
@@ -73,7 +73,7 @@ TEST(Diferenca, BytesThatLookTheSameAreTold) {
           "2 of a.txt)"});
 }
 
-TEST(Diferenca, RecordsThatAreMissingOrAddedAreNamedByTheirKey) {
+TEST(Comparacao, RecordsThatAreMissingOrAddedAreNamedByTheirKey) {
   Relatorio semItem = Relatorio::bom();
   semItem.remove(24);  // E15, COO 102, item 2
   EXPECT_EQ(
@@ -84,13 +84,13 @@ TEST(Diferenca, RecordsThatAreMissingOrAddedAreNamedByTheirKey) {
             Textos{"b.txt:24: error added E15: found a record: COO 102, Nº do item 2, expected none"});
 }
 
-TEST(Diferenca, TheOrderOfRecordsInARegisterIsNoDifference) {
+TEST(Comparacao, TheOrderOfRecordsInARegisterIsNoDifference) {
   Relatorio r = Relatorio::bom();
   r.permuta(20, 22);
   EXPECT_EQ(contraBom(r), Textos());
 }
 
-TEST(Diferenca, TheOrderCountsWhenAsked) {
+TEST(Comparacao, TheOrderCountsWhenAsked) {
   const std::string bom = Relatorio::bom().texto();
   EXPECT_EQ(diferencas(bom, bom, false, true), Textos());
   Relatorio emUmRegistro = Relatorio::bom();
@@ -104,7 +104,7 @@ TEST(Diferenca, TheOrderCountsWhenAsked) {
   EXPECT_NE(diferencas(bom, entreRegistros.texto(), false, true), Textos());
 }
 
-TEST(Diferenca, RecordsThatAreMissingOrAddedLeaveTheOthersInOrder) {
+TEST(Comparacao, RecordsThatAreMissingOrAddedLeaveTheOthersInOrder) {
   Relatorio menos = Relatorio::bom();
   menos.remove(21);
   const std::string bom = Relatorio::bom().texto();
@@ -112,14 +112,14 @@ TEST(Diferenca, RecordsThatAreMissingOrAddedLeaveTheOthersInOrder) {
   EXPECT_EQ(diferencas(menos.texto(), bom, false, true).size(), 1U);
 }
 
-TEST(Diferenca, RecordsOfOneKeyAreTakenInOrder) {
+TEST(Comparacao, RecordsOfOneKeyAreTakenInOrder) {
   Relatorio a = Relatorio::bom(), b = Relatorio::bom();
   a.insere(21, a[20]);
   EXPECT_EQ(diferencas(a.texto(), b.texto()),
             Textos{"b.txt: error missing E14: found none, expected a record: CCF 31 (line 21 of a.txt)"});
 }
 
-TEST(Diferenca, RecordsOfOneKeyThatWaitAreTakenInOrderToo) {
+TEST(Comparacao, RecordsOfOneKeyThatWaitAreTakenInOrderToo) {
   Relatorio a = Relatorio::bom(), b = Relatorio::bom();
   a.insere(21, a[20]);
   a.troca(21, 67, "00000000003000", "00000000003100");
@@ -136,7 +136,7 @@ TEST(Diferenca, RecordsOfOneKeyThatWaitAreTakenInOrderToo) {
           "a.txt)"}));
 }
 
-TEST(Diferenca, TheStampCountsOnlyWhenAsked) {
+TEST(Comparacao, TheStampCountsOnlyWhenAsked) {
   Relatorio r = Relatorio::bom();
   r.troca(kE11, 123, "20240103", "20240204");
   r.troca(kE11, 131, "200000", "200001");
@@ -150,7 +150,7 @@ TEST(Diferenca, TheStampCountsOnlyWhenAsked) {
           "9 of a.txt)"}));
 }
 
-TEST(Diferenca, AStampOfOtherLengthAlwaysCounts) {
+TEST(Comparacao, AStampOfOtherLengthAlwaysCounts) {
   Relatorio r = Relatorio::bom();
   r[kE11].pop_back();
   EXPECT_EQ(contraBom(r),
@@ -158,7 +158,7 @@ TEST(Diferenca, AStampOfOtherLengthAlwaysCounts) {
                    "20:00:00 (line 9 of a.txt)"});
 }
 
-TEST(Diferenca, AFieldThatTheLineEndsBeforeIsNothing) {
+TEST(Comparacao, AFieldThatTheLineEndsBeforeIsNothing) {
   Relatorio r = Relatorio::bom();
   r[kE11].resize(130);
   EXPECT_EQ(
@@ -167,7 +167,7 @@ TEST(Diferenca, AFieldThatTheLineEndsBeforeIsNothing) {
              "(line 9 of a.txt)"});
 }
 
-TEST(Diferenca, OfLongTextsThatLookTheSameTheEndOfOneIsTold) {
+TEST(Comparacao, OfLongTextsThatLookTheSameTheEndOfOneIsTold) {
   Relatorio r = Relatorio::bom(2);
   r[kPrimeiroE14].resize(297);
   const Textos textos = contraBom(r, 2);
@@ -177,7 +177,7 @@ TEST(Diferenca, OfLongTextsThatLookTheSameTheEndOfOneIsTold) {
             "byte 101 0x20 (CCF 31; line 20 of a.txt)");
 }
 
-TEST(Diferenca, WhatStandsBehindTheLastFieldIsADifference) {
+TEST(Comparacao, WhatStandsBehindTheLastFieldIsADifference) {
   Relatorio r = Relatorio::bom();
   r[7] += "xyz";
   EXPECT_EQ(contraBom(r),
@@ -185,7 +185,7 @@ TEST(Diferenca, WhatStandsBehindTheLastFieldIsADifference) {
                    "nothing (CRO 1; line 7 of a.txt)"});
 }
 
-TEST(Diferenca, LineEndsAreCompared) {
+TEST(Comparacao, LineEndsAreCompared) {
   Relatorio r = Relatorio::bom();
   r[7] += '\r';
   EXPECT_EQ(contraBom(r),
@@ -198,7 +198,7 @@ TEST(Diferenca, LineEndsAreCompared) {
       << textos[0];
 }
 
-TEST(Diferenca, ALineOfNoRegisterIsAddedAndItsRecordMissing) {
+TEST(Comparacao, ALineOfNoRegisterIsAddedAndItsRecordMissing) {
   Relatorio r = Relatorio::bom();
   r.troca(kPrimeiroE14, 1, "E14", "X14");
   EXPECT_EQ(
@@ -210,13 +210,13 @@ TEST(Diferenca, ALineOfNoRegisterIsAddedAndItsRecordMissing) {
 }
 
 // A lone record out of its register's place does not make the others go astray.
-TEST(Diferenca, ARecordOfAnotherRegisterIsNoEndOfTheOneAround) {
+TEST(Comparacao, ARecordOfAnotherRegisterIsNoEndOfTheOneAround) {
   Relatorio r = Relatorio::bom();
   r.troca(kPrimeiroE14, 1, "E14", "E20");
   EXPECT_EQ(contraBom(r).size(), 2U);
 }
 
-TEST(Diferenca, AWholeRegisterMayBeMissing) {
+TEST(Comparacao, AWholeRegisterMayBeMissing) {
   Relatorio r = Relatorio::bom();
   for (int i = 0; i < 3; ++i) r.remove(kPrimeiroE14);
   EXPECT_EQ(contraBom(r),
@@ -225,7 +225,7 @@ TEST(Diferenca, AWholeRegisterMayBeMissing) {
                     "b.txt: error missing E14: found none, expected a record: CCF 33 (line 22 of a.txt)"}));
 }
 
-TEST(Diferenca, AnEmptyReportLacksEverything) {
+TEST(Comparacao, AnEmptyReportLacksEverything) {
   EXPECT_EQ(diferencas(Relatorio::bom().texto(), "").size(),
             static_cast<std::size_t>(Relatorio::bom().quantas()));
   EXPECT_EQ(diferencas("", Relatorio::bom().texto()).size(),
@@ -233,13 +233,13 @@ TEST(Diferenca, AnEmptyReportLacksEverything) {
 }
 
 // Records of the same values in counters of six and of nine digits.
-TEST(Diferenca, ALineMayEndBeforeItsKey) {
+TEST(Comparacao, ALineMayEndBeforeItsKey) {
   EXPECT_EQ(diferencas("E14\n", "E20\n"),
             (Textos{"b.txt: error missing E14: found none, expected a record: CCF  (line 1 of a.txt)",
                     "b.txt:1: error added E20: found a record: COO , Nº do item , expected none"}));
 }
 
-TEST(Diferenca, OtherWidthsAreToldOnce) {
+TEST(Comparacao, OtherWidthsAreToldOnce) {
   const std::string cabecalho = "E12SERIAL               MODELO              01000010";
   const std::string resto =
       "0000012024010220240102200100"
@@ -252,7 +252,7 @@ TEST(Diferenca, OtherWidthsAreToldOnce) {
           "values are the same)"});
 }
 
-TEST(Diferenca, OtherWidthsAreToldBesideAnotherLineEnd) {
+TEST(Comparacao, OtherWidthsAreToldBesideAnotherLineEnd) {
   const std::string cabecalho = "E12SERIAL               MODELO              01000010";
   const std::string resto =
       "0000012024010220240102200100"
@@ -267,7 +267,7 @@ TEST(Diferenca, OtherWidthsAreToldBesideAnotherLineEnd) {
 }
 
 // The first lines say of which layout the files are.
-TEST(Diferenca, AFieldCutShortIsNotTheSameInAnotherWidth) {
+TEST(Comparacao, AFieldCutShortIsNotTheSameInAnotherWidth) {
   const std::string cabecalho = "E12SERIAL               MODELO              010000";
   const std::string resto =
       "0000012024010220240102200100"
@@ -291,7 +291,7 @@ TEST(Diferenca, AFieldCutShortIsNotTheSameInAnotherWidth) {
           larguras}));
 }
 
-TEST(Diferenca, ALineTooLongToBeKeptIsToldByItsWholeLength) {
+TEST(Comparacao, ALineTooLongToBeKeptIsToldByItsWholeLength) {
   Relatorio r = Relatorio::bom();
   r[8] += std::string(5000000, 'x');
   EXPECT_EQ(contraBom(r),
@@ -301,7 +301,7 @@ TEST(Diferenca, ALineTooLongToBeKeptIsToldByItsWholeLength) {
                     "expected 84 bytes (CFD 3; line 8 of a.txt)"}));
 }
 
-TEST(Diferenca, OfALineTooLongToBeKeptItsEndIsNotCompared) {
+TEST(Comparacao, OfALineTooLongToBeKeptItsEndIsNotCompared) {
   const std::string longa = "E10" + std::string(5000000, 'A');
   const Textos ditos = diferencas(longa + "\n", longa + "B\n");
   ASSERT_FALSE(ditos.empty());
@@ -312,7 +312,7 @@ TEST(Diferenca, OfALineTooLongToBeKeptItsEndIsNotCompared) {
       << ditos.back();
 }
 
-TEST(Diferenca, AFieldThatOnlyOneOfThemHasIsNamed) {
+TEST(Comparacao, AFieldThatOnlyOneOfThemHasIsNamed) {
   const std::string com = Relatorio::bom(2)[20], sem = com.substr(0, com.size() - 560 - 84 - 44);
   const Textos aMenos = diferencas(com + '\n', sem + '\n'), aMais = diferencas(sem + '\n', com + '\n');
   const auto diz = [](const Textos& ditos, const std::string& parte) {

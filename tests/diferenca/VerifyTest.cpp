@@ -2,11 +2,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Cena.h"
 #include "Comandos.h"
-#include "Falha.h"
 #include "Relatorio.h"
+#include "Sistema/Falha.h"
 #include "faults/Relato.h"
 
 namespace {

@@ -18,7 +18,7 @@
 #include <string>
 #include <utility>
 
-#include "Esquema.h"
+#include "BancoFiscal/Esquema.h"
 
 /// How a database is written to.
 struct Modo {

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "Corrida.h"
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 /// One query of a run; no register stands for the query of the printer's identity.
 struct Passo {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Geracao.h"
 #include "PreencheComChar.h"
 #include "referencia/Referencia.h"

@@ -8,10 +8,10 @@
 #include <iterator>
 #include <vector>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Bytes.h"
-#include "Falha.h"
 #include "LinhaDeComando.h"
+#include "Sistema/Falha.h"
 
 namespace {
 

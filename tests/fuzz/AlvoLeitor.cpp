@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string_view>
 
-#include "Exibicao.h"
+#include "Exibicao/Exibicao.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
   using namespace cotepe;

@@ -4,8 +4,8 @@
 #include <sstream>
 #include <string_view>
 
-#include "SaidaDeAchados.h"
-#include "Validacao/Validador.h"
+#include "Achados/SaidaDeAchados.h"
+#include "Validacao/Validacao.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
   using namespace cotepe;
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
     opcoes.comLinha = true;
     SaidaDeAchados saida(fluxo, opcoes);
     LeitorDeLinhas linhas(texto);
-    Validador(saida, {"r.txt", {}}).valida(linhas);
+    Validacao(saida, {"r.txt", {}}).valida(linhas);
     saida.termina();
   }
   return 0;

@@ -1,4 +1,4 @@
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Leiaute/Catalogo.h"
+#include "Registros/Catalogo.h"
 
 namespace {
 

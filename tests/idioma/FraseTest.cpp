@@ -1,7 +1,7 @@
 // Messages and their places, without a catalogue.
 #include <gtest/gtest.h>
 
-#include "Idioma.h"
+#include "Idioma/Idioma.h"
 
 namespace {
 

@@ -12,7 +12,8 @@ import sys
 from po import mensagens
 
 MARCAS = {"traduz", "frase", "fraseDe", "marca"}
-PASTAS = ["Sources/Leitor", "Sources/BancoFiscal", "Sources/Explicador", "Tools/cotepe"]
+NUNCA_FALAM = {"CotepeManager", "Idioma", "InterfaceC"}  # the library is not translated
+PASTAS = [str(p) for p in sorted(pathlib.Path("Sources").iterdir()) if p.name not in NUNCA_FALAM] + ["Tools/cotepe"]
 PECAS = re.compile(
     r'//[^\n]*|/\*.*?\*/|^\#[^\n]*'  # comments and directives
     r'|(?P<cru>R"(?P<cerca>[^(]*)\((?P<texto>.*?)\)(?P=cerca)")'

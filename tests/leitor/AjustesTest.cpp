@@ -1,5 +1,5 @@
 // What a report itself tells of the settings that it was generated with.
-#include "AjustesDoRelatorio.h"
+#include "Leitor/AjustesDoRelatorio.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 
 #include <sstream>
 
-#include "Exibicao.h"
+#include "Exibicao/Exibicao.h"
+#include "Exibicao/Selecao.h"
 #include "Relatorio.h"
-#include "Selecao.h"
 
 namespace cotepe {
 namespace {

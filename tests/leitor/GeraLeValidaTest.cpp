@@ -7,9 +7,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
+#include "BancoFiscal/Esquema.h"
 #include "CotepeManager.h"
-#include "Esquema.h"
 #include "Relatorio.h"
 
 namespace cotepe {

@@ -3,9 +3,9 @@
 
 #include <cerrno>
 
+#include "Achados/SaidaDeAchados.h"
 #include "Relatorio.h"
-#include "SaidaDeAchados.h"
-#include "Validacao/NumeroFiscal.h"
+#include "Leitor/NumeroFiscal.h"
 
 namespace cotepe {
 namespace {
@@ -197,7 +197,7 @@ TEST(LinhasEstranhas, OfAReportThatCannotBeReadToItsEndNothingIsMissing) {
     Achados textos;
     void recebe(const Achado& achado) override { textos.push_back(textoDoAchado(achado)); }
   } coletor;
-  Validador(coletor, {"r.txt", {}}).valida(linhas);
+  Validacao(coletor, {"r.txt", {}}).valida(linhas);
   for (const std::string& dito : coletor.textos)
     EXPECT_EQ(dito.find("register-missing"), std::string::npos) << dito;
 }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "LeitorDeLinhas.h"
+#include "Leitor/LeitorDeLinhas.h"
 
 namespace cotepe {
 namespace {

@@ -10,8 +10,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "Achados/SaidaDeAchados.h"
 #include "Relatorio.h"
-#include "SaidaDeAchados.h"
 #include "Validacao/TabelaDeDocumentos.h"
 
 namespace cotepe {
@@ -176,12 +176,12 @@ long valida(long cupons) {
   Fita fita(cupons);
   Contagem achados;
   LeitorDeLinhas linhas([&](char* destino, std::size_t tamanho) { return fita.le(destino, tamanho); });
-  Validador(achados, {"r.txt", {}}).valida(linhas);
+  Validacao(achados, {"r.txt", {}}).valida(linhas);
   return achados.total;
 }
 
 // Ten thousand lines, then a million.
-TEST(Validador, MemoryDoesNotGrowWithTheReport) {
+TEST(Validacao, MemoryDoesNotGrowWithTheReport) {
   const long achados = valida(3333);
   EXPECT_LT(achados, 20);  // of what the report made up here has not, such as E16
   const long antes = picoEmKb();

@@ -1,5 +1,5 @@
 // Records of a period: by a date of their own, or with the document that they are a part of.
-#include "Periodo.h"
+#include "Leitor/Periodo.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "SaidaDeAchados.h"
+#include "Achados/SaidaDeAchados.h"
 
 Relatorio Relatorio::bom(int leiaute) {
   const std::string nome = PASTA_DOS_RELATORIOS "leiaute" + std::to_string(leiaute) + ".txt";
@@ -51,6 +51,6 @@ std::vector<std::string> achados(const std::string& relatorio, const cotepe::Con
     void recebe(const cotepe::Achado& achado) override { textos.push_back(cotepe::textoDoAchado(achado)); }
   } coletor;
   cotepe::LeitorDeLinhas linhas{std::string_view(relatorio)};
-  cotepe::Validador(coletor, {"r.txt", desligadas}).valida(linhas);
+  cotepe::Validacao(coletor, {"r.txt", desligadas}).valida(linhas);
   return coletor.textos;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Validacao/Validador.h"
+#include "Validacao/Validacao.h"
 
 /// The lines of a report, counted from 1.
 class Relatorio {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Leiaute/Releitura.h"
-#include "Validacao/NumeroFiscal.h"
+#include "Leitor/NumeroFiscal.h"
 
 namespace cotepe {
 namespace {

@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "Json.h"
-#include "SaidaDeAchados.h"
-#include "Trecho.h"
+#include "Achados/Json.h"
+#include "Achados/SaidaDeAchados.h"
+#include "Leitor/Trecho.h"
 
 namespace cotepe {
 namespace {

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <thread>
 
-#include "Esquema.h"
+#include "BancoFiscal/Esquema.h"
 
 namespace fs = std::filesystem;
 

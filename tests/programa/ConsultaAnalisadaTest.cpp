@@ -1,5 +1,5 @@
 // Queries taken apart: what each column is made of, and of which table.
-#include "ConsultaAnalisada.h"
+#include "Explicacao/ConsultaAnalisada.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Falha.h"
+#include "Sistema/Falha.h"
 
 using cotepe::programa::Dia;
 

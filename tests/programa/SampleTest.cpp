@@ -8,7 +8,7 @@
 
 #include "Cena.h"
 
-#include "Esquema.h"
+#include "BancoFiscal/Esquema.h"
 
 namespace {
 

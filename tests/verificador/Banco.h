@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "SaidaDeAchados.h"
+#include "Achados/SaidaDeAchados.h"
+#include "Conferencia/Conferencia.h"
 #include "TabelasSoltas.h"
-#include "Verificacao/Verificador.h"
 
 namespace cotepe::testes {
 
@@ -85,9 +85,9 @@ class BancoLimpo {
   sqlite3* aberto() const { return banco_.get(); }
 
   // The findings as texts, without a file.
-  std::vector<std::string> achados(const OpcoesDaVerificacao& opcoes = {}) {
+  std::vector<std::string> achados(const OpcoesDaConferencia& opcoes = {}) {
     Junta junta;
-    verificaBanco(banco_.get(), opcoes, junta);
+    confereBanco(banco_.get(), opcoes, junta);
     return junta.textos;
   }
 
@@ -98,7 +98,7 @@ class BancoLimpo {
   std::unique_ptr<sqlite3, Fecha> banco_;
 };
 
-inline std::vector<std::string> depoisDe(const std::string& sql, const OpcoesDaVerificacao& opcoes = {}) {
+inline std::vector<std::string> depoisDe(const std::string& sql, const OpcoesDaConferencia& opcoes = {}) {
   BancoLimpo banco;
   banco.executa(sql);
   return banco.achados(opcoes);

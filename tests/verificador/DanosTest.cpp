@@ -9,10 +9,10 @@
 #include <sstream>
 
 #include "Banco.h"
+#include "Conferencia/Partes.h"
 #include "CotepeManager.h"
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Releitura.h"
-#include "Verificacao/Partes.h"
+#include "Registros/Catalogo.h"
 #include "faults/Relato.h"
 
 namespace cotepe::testes {
@@ -249,7 +249,7 @@ void Danos::tenta(const FormaDaTabela& tabela, const FormaDaColuna& coluna, cons
   if (!achado.empty()) {
     ++danos_;
     Colunas colunas;
-    OpcoesDaVerificacao opcoes;
+    OpcoesDaConferencia opcoes;
     opcoes.alcance = {"TDM", GetParam(), false};
     const Contexto contexto(banco_.aberto(), opcoes, colunas);
     confereLinhas(contexto, tabela);

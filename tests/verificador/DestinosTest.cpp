@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
-#include "Formas.h"
+#include "BancoFiscal/Formas.h"
+#include "Conferencia/Celula.h"
+#include "Conferencia/Citacao.h"
+#include "Conferencia/Destinos.h"
 #include "Leiaute/Releitura.h"
-#include "Verificacao/Celula.h"
-#include "Verificacao/Citacao.h"
-#include "Verificacao/Destinos.h"
 
 namespace cotepe {
 namespace {

@@ -50,7 +50,7 @@ TEST(Verificador, WithoutTheColumnsOfTheKeyARowIsTellableByTheOthersAlone) {
 TEST(Verificador, ACleanDatabaseIsCleanForEveryReport) {
   for (const Alcance& alcance : {Alcance{"", 0, true}, Alcance{"MF", 1, false}, Alcance{"MFD", 2, true},
                                  Alcance{"TDM", 2, false}, Alcance{"RZ", 1, true}}) {
-    OpcoesDaVerificacao opcoes;
+    OpcoesDaConferencia opcoes;
     opcoes.alcance = alcance;
     EXPECT_EQ(BancoLimpo().achados(opcoes), Linhas()) << alcance.comando;
   }
@@ -62,13 +62,13 @@ TEST(Verificador, WithEveryRuleOffNothingIsTold) {
       "INSERT INTO totalizador_reducao SELECT * FROM totalizador_reducao; UPDATE fita_detalhe SET cont_cfd = "
       "'x'";
   EXPECT_GT(depoisDe(kDanos).size(), 5U);
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.desligadas.set();
   EXPECT_EQ(depoisDe(kDanos, opcoes), Linhas());
 }
 
 TEST(Verificador, WhatAReportDoesNotReadItDoesNotMiss) {
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.alcance = {"MF", 1, false};
   EXPECT_EQ(
       depoisDe("DROP TABLE pagamento_cupom; DROP TABLE outros_documentos; DROP TABLE tentativas_sb", opcoes),

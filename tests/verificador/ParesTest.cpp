@@ -173,8 +173,8 @@ const std::vector<Par>& pares() {
 }
 
 // January 2024, which holds every document of the clean database.
-OpcoesDaVerificacao janeiro() {
-  OpcoesDaVerificacao opcoes;
+OpcoesDaConferencia janeiro() {
+  OpcoesDaConferencia opcoes;
   opcoes.de = "2024-01-01";
   opcoes.ate = "2024-01-31";
   return opcoes;
@@ -192,7 +192,7 @@ TEST(ParesDeRegras, EachOneCanBeSwitchedOff) {
   for (const Par& par : pares()) {
     RegraDoBanco regra{};
     ASSERT_TRUE(regraDe(par.regra, regra)) << par.regra;
-    OpcoesDaVerificacao opcoes = janeiro();
+    OpcoesDaConferencia opcoes = janeiro();
     opcoes.desligadas.set(static_cast<std::size_t>(regra));
     EXPECT_EQ(depoisDe(par.quebra, opcoes), Linhas()) << par.regra;
   }

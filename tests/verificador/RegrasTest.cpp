@@ -1,5 +1,5 @@
 // Each rule about values: what breaks just it, word for word, and what just does not.
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Banco.h"
 
 namespace cotepe::testes {
@@ -13,7 +13,7 @@ TEST(Verificador, TableMissing) {
       Linhas{
           "moeda: error table-missing E06: found no such table, without which the query fails, expected the "
           "table (create it; cotepe schema shows how)"});
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.alcance.comando = "RZ";
   EXPECT_EQ(depoisDe("DROP TABLE moeda", opcoes), Linhas());
 }
@@ -40,7 +40,7 @@ TEST(Verificador, ColumnMissing) {
 
 TEST(Verificador, AColumnThatOnlyAnotherReportReadsMayBeMissing) {
   const char* const kSemVendaBruta = "ALTER TABLE reducao_z DROP COLUMN valor_vb";
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.alcance.comando = "RZ";
   EXPECT_EQ(depoisDe(kSemVendaBruta, opcoes), Linhas());
   opcoes.alcance.comando = "MF";
@@ -416,7 +416,7 @@ INSTANTIATE_TEST_SUITE_P(
     }));
 
 TEST(Verificador, OutsidePeriod) {
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.de = "2024-01-06";
   opcoes.ate = "2024-01-31";
   const std::string data = "UPDATE fita_detalhe SET data_hora_emissao = ";
@@ -430,7 +430,7 @@ TEST(Verificador, OutsidePeriod) {
 }
 
 TEST(Verificador, APeriodLooksAtItsOwnDocuments) {
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.de = opcoes.ate = "2024-01-04";
   const char* const kErrado = "UPDATE cupom_nf SET id_cancelado = ''";
   EXPECT_EQ(depoisDe(kErrado, opcoes), Linhas());
@@ -439,14 +439,14 @@ TEST(Verificador, APeriodLooksAtItsOwnDocuments) {
 }
 
 TEST(Verificador, TheLayoutSetsTheCounters) {
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.alcance.leiaute = 2;
   EXPECT_EQ(depoisDe("UPDATE fita_detalhe SET coo_final = 123456789", opcoes), Linhas());
   EXPECT_EQ(depoisDe("UPDATE fita_detalhe SET coo_final = 1234567890", opcoes).size(), 1U);
 }
 
 TEST(Verificador, ARuleCanBeSwitchedOff) {
-  OpcoesDaVerificacao opcoes;
+  OpcoesDaConferencia opcoes;
   opcoes.desligadas.set(static_cast<std::size_t>(RegraDoBanco::TabelaAusente));
   EXPECT_EQ(depoisDe("DROP TABLE moeda", opcoes), Linhas());
 }

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "Amostra.h"
+#include "Amostra/Amostra.h"
 #include "Banco.h"
 
 namespace cotepe::testes {
@@ -224,12 +224,12 @@ TEST(Verificador, TheSampleIsClean) {
   sqlite3* banco = nullptr;
   ASSERT_EQ(sqlite3_open((pasta + "/loja.db").c_str(), &banco), SQLITE_OK);
   Junta junta;
-  verificaBanco(banco, {}, junta);
+  confereBanco(banco, {}, junta);
   EXPECT_EQ(junta.textos, Linhas());
-  OpcoesDaVerificacao periodo;
+  OpcoesDaConferencia periodo;
   periodo.de = "2024-01-10";
   periodo.ate = "2024-01-20";
-  verificaBanco(banco, periodo, junta);
+  confereBanco(banco, periodo, junta);
   EXPECT_EQ(junta.textos, Linhas());
   sqlite3_close(banco);
   std::filesystem::remove_all(pasta);

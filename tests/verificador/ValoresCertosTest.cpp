@@ -3,8 +3,8 @@
 #include <set>
 
 #include "Banco.h"
-#include "Leiaute/Catalogo.h"
-#include "Verificacao/Partes.h"
+#include "Conferencia/Partes.h"
+#include "Registros/Catalogo.h"
 #include "referencia/Sorteio.h"
 
 namespace cotepe::testes {
@@ -95,7 +95,7 @@ TEST(ValoresCertos, GiveNoFinding) {
   Sorteio sorteio(20240131);
   BancoLimpo banco;
   Silencio silencio;
-  const OpcoesDaVerificacao opcoes;
+  const OpcoesDaConferencia opcoes;
   const Contexto contexto(banco.aberto(), opcoes, silencio);
   for (const FormaDaTabela& tabela : kFormas) {
     if (tabela.porPosicao) continue;

@@ -1,8 +1,8 @@
 // E01, the printer and the file itself: four queries make one line, written when the last has succeeded.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
 #include "Leiaute/Texto.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,10 +1,10 @@
 // E02, the user of the printer: one record for each user row.
 #include <cstring>
 
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
 #include "Leiaute/Texto.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,7 +1,7 @@
 // E03 and E04, service providers and earlier users: one record each without a source, outside every command.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

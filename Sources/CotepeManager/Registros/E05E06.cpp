@@ -1,7 +1,7 @@
 // E05 and E06, the codings of the grand total and the currency symbols: lines that are never rewound.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,7 +1,7 @@
 // E07, the versions of the basic software.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

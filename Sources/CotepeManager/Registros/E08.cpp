@@ -1,7 +1,7 @@
 // E08, the detail-tape memories: one line for the user, with a serial number that has no source.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

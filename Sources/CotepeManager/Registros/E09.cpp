@@ -1,6 +1,6 @@
 // E09, the technical interventions, whatever their dates.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

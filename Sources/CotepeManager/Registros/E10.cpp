@@ -1,9 +1,9 @@
 // E10, the detail tapes issued in the period, each with the user's CNPJ.
 #include <string>
 
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

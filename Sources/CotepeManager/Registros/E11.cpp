@@ -1,9 +1,9 @@
 // E11, the printer's present position, stamped with the time of generation.
 #include <array>
 
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

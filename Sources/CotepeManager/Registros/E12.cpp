@@ -1,6 +1,6 @@
 // E12, the Z reductions of the period.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,7 +1,7 @@
 // E13, the partial totalizers of the Z reductions: the fiscal ones, then a sum of the non-fiscal ones each.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

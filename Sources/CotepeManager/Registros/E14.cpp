@@ -1,6 +1,6 @@
 // E14, the fiscal coupons of the period's Z reductions.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 #include "Registros/Cupom.h"
 
 namespace cotepe {

@@ -1,6 +1,6 @@
 // E15, the items of the fiscal coupons.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

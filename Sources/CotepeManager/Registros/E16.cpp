@@ -3,8 +3,8 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

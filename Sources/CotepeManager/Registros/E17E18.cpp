@@ -1,6 +1,6 @@
 // E17 and E18, the non-fiscal totalizers and the means of payment of each Z reduction.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,6 +1,6 @@
 // E19, the non-fiscal coupons.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 #include "Registros/Cupom.h"
 
 namespace cotepe {

@@ -1,6 +1,6 @@
 // E20, the operations of the non-fiscal coupons.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,6 +1,6 @@
 // E21, the payments of the fiscal and of the non-fiscal coupons, in one compound query.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,6 +1,6 @@
 // E22, the attempts recorded for the basic software: the whole table, in layout 2 only.
-#include "Leiaute/Catalogo.h"
 #include "Leiaute/Especies.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {

@@ -1,0 +1,84 @@
+// Two reports compared record by record: what one has that the other has not, field by field.
+#pragma once
+
+#include <array>
+#include <deque>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "Achados/Achado.h"
+#include "Leitor/LeitorDeRegistros.h"
+
+namespace cotepe {
+
+/// Compares a report with the one that it should be. Records are aligned by register and natural key, equal
+/// keys in the order of the file. Memory: the lines of the registers under way whose partner has not come
+/// yet; none for files that are equal, at most the records of one register where nothing matches.
+///
+/// Each difference is one finding about the second report. Its rule: "field", "missing" and "added" (a whole
+/// record), "line" (bytes behind the last field, or too many to compare), "line-end", "order" (a record out
+/// of its place), and once, at the end, "layout" for records whose values are the same in fields of other
+/// widths.
+class Comparacao {
+ public:
+  struct Opcoes {
+    std::string esperado, encontrado;  // what people call the first and the second report
+    bool comCarimbo = false;           // whether date and hour of E11 count
+    bool comOrdem = false;             // whether the order of the lines does
+  };
+
+  Comparacao(RecebeAchados& saida, Opcoes opcoes) : saida_(saida), opcoes_(std::move(opcoes)) {}
+
+  /// To be called once. Reading ends at a line that cannot be read: see LeitorDeLinhas::erro afterwards.
+  void compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado);
+
+  /// Pairs of records that were compared, the equal ones among them.
+  long pares() const { return pares_; }
+
+ private:
+  /// A record that outlives its line.
+  struct Guardado {
+    std::string texto;
+    std::vector<CampoLido> campos;
+    RegistroLido lido;  // as it was read; `vista` gives it with this text and these fields
+    long ordem = 0;
+
+    RegistroLido vista() const;
+  };
+
+  using Pendentes = std::unordered_map<std::string, std::deque<Guardado>>;
+  static constexpr std::size_t kBlocos = kCatalogo.size() + 1;  // one for lines of no register at the start
+
+  struct Lado {
+    explicit Lado(LeitorDeLinhas& linhas) : registros(linhas) {}
+    void avanca();
+
+    LeitorDeRegistros registros;
+    RegistroLido lido;
+    bool ha = true;
+    std::size_t bloco = 0;  // from 1: the register of the line, or of the line before where it has none
+    long ordem = 0;         // of the record in its register
+    int adiante = 0;        // how many lines were taken while the other side was in an earlier register
+    std::array<long, kBlocos> ordens{};
+    std::array<Pendentes, kBlocos> pendentes;
+  };
+
+  void chega(Lado& lado, Lado& outro, bool esperado);
+  void confronta(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  int confrontaCampos(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  void confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  void confereOrdem(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
+  void fecha(Lado& esperado, Lado& encontrado);
+  void faltaOuSobra(Pendentes& pendentes, bool falta);
+  Achado achadoEm(const char* regra, const RegistroLido& esperado, const RegistroLido& encontrado,
+                  long ordem) const;
+
+  RecebeAchados& saida_;
+  Opcoes opcoes_;
+  long pares_ = 0;
+  long soLarguras_ = 0;
+  long ultimaEsperada_ = 0, ultimaEncontrada_ = 0;  // greatest line numbers of the pairs so far
+};
+
+}  // namespace cotepe

@@ -1,0 +1,207 @@
+#include "Conferencia/Celula.h"
+
+#include <algorithm>
+
+#include "Conferencia/Citacao.h"
+#include "Idioma/Idioma.h"
+#include "Leiaute/Releitura.h"
+#include "Leiaute/Texto.h"
+
+namespace cotepe {
+namespace {
+
+bool qualquer(const Campo& /*campo*/) { return true; }
+
+std::ptrdiff_t caracteres(std::string_view utf8) {
+  return std::count_if(utf8.begin(), utf8.end(),
+                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
+}
+
+// Bytes that the field gets: those of the characters that the query leaves, without what the field removes.
+std::ptrdiff_t bytesNoCampo(const Destino& destino, std::string_view texto) {
+  std::ptrdiff_t bytes = 0;
+  int contados = 0;
+  for (const char c : texto) {
+    if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++contados > destino.usados &&
+        destino.usados != 0)
+      break;
+    const bool removido =
+        (c == '.' && destino.campo->removePontos) || (c == '-' && destino.campo->removeHifens);
+    if (!removido) ++bytes;
+  }
+  return bytes;
+}
+
+const char* doVazio(Especie especie) {
+  switch (especie) {
+    case Especie::Texto:
+    case Especie::Preenchido:
+      return marca("{1}, which is written as blanks");
+    case Especie::ComoEsta:
+    case Especie::Data:
+    case Especie::Hora:
+    case Especie::DataPronta:
+    case Especie::HoraPronta:
+      return marca("{1}, which ends the line there");
+    default:
+      return marca("{1}, which is written as zeros");
+  }
+}
+
+}  // namespace
+
+void Conferencia::porForma() {
+  if (celula_.nulo && coluna_.forma.forma != Forma::NaoImpressa) return nulo();
+  switch (coluna_.forma.forma) {
+    case Forma::Texto:
+    case Forma::TextoUsado:
+      controle();
+      for (const Destino& destino : coluna_.destinos)
+        if (vale(destino)) texto(destino);
+      return;
+    case Forma::Casas:
+      return codigo({"2", "3"}, traduz("2 or 3"));
+    case Forma::Inteiro:
+      return paraCada(&Conferencia::inteiro);
+    case Forma::Dinheiro:
+    case Forma::Decimal:
+      return paraCada(&Conferencia::dinheiro);
+    case Forma::Cnpj:
+    case Forma::CpfOuCnpj:
+      paraCada(&Conferencia::numeroFiscal);
+      return digitosVerificadores();
+    case Forma::Letra:
+    case Forma::SimNao:
+      if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
+      return coluna_.forma.forma == Forma::SimNao ? codigo({"S", "N"}, traduz("S or N")) : controle();
+    case Forma::TipoDeDocumento:
+      return codigo({"CN", "RG", "CC", "NC", "RZ"}, traduz("CN, RG, CC, NC or RZ"));
+    case Forma::DataHora:
+      return data();
+    case Forma::NaoImpressa:
+      return;
+  }
+}
+
+bool Conferencia::vale(const Destino& destino) const {
+  return celula_.foraDe == nullptr || std::string_view(destino.registro->codigo) != celula_.foraDe;
+}
+
+void Conferencia::paraCada(void (Conferencia::*parte)(const Destino*)) {
+  if (coluna_.destinos.empty()) return (this->*parte)(nullptr);
+  for (const Destino& destino : coluna_.destinos)
+    if (vale(destino)) (this->*parte)(&destino);
+}
+
+const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
+  for (const Destino& destino : coluna_.destinos)
+    if (vale(destino) && serve(*destino.campo)) return &destino;
+  return nullptr;
+}
+
+// The first field that breaks a rule makes the problem, the others are told with it.
+void Conferencia::acha(RegraDoBanco regra, const Destino* destino, std::string encontrado,
+                       std::string esperado, const char* conserto) {
+  for (Problema& problema : problemas_) {
+    if (problema.regra != regra) continue;
+    problema.outros.push_back(destino);
+    return;
+  }
+  problemas_.push_back({regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});
+}
+
+std::string Conferencia::valor() const { return celula_.nulo ? "NULL" : citado(celula_.texto); }
+
+std::string Conferencia::valorCom(const char* consequencia) const { return frase(consequencia, {valor()}); }
+
+void Conferencia::nulo() {
+  if (coluna_.forma.aceitaNulo) return;
+  const Destino* destino = primeiro(qualquer);
+  const char* consequencia =
+      destino == nullptr ? marca("{1}, which no query finds") : doVazio(destino->campo->especie);
+  acha(RegraDoBanco::Nulo, destino, valorCom(consequencia), traduz("a value"));
+}
+
+// A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
+// anything.
+void Conferencia::controle() {
+  const std::string_view texto = celula_.texto;
+  const auto* const c = std::find_if(texto.begin(), texto.end(), controla);
+  if (c == texto.end()) return;
+  const bool comZero = texto.find('\0') != std::string_view::npos;
+  const bool sempre = comZero || texto.find('\x7F') != std::string_view::npos;
+  const Destino* destino =
+      primeiro(sempre ? qualquer : [](const Campo& campo) { return !campo.trocaNaoAscii; });
+  if (destino == nullptr) return;
+  acha(RegraDoBanco::Controle, destino,
+       valorCom(comZero ? marca("{1}, whose zero byte ends the text")
+                : *c == '\n' && !destino->campo->trocaNaoAscii
+                    ? marca("{1}, whose line end breaks the line in two")
+                    : marca("{1}, whose control character goes into the line")),
+       traduz("characters that can be seen"));
+}
+
+bool Conferencia::ultimoDaLinha(const Destino& destino) const {
+  const Campos campos = destino.registro->campos;
+  const auto depois = campos.trecho(static_cast<std::size_t>(destino.numero));
+  return std::none_of(depois.begin(), depois.end(),
+                      [&](const Campo& campo) { return meta_.alcance.existe(campo); });
+}
+
+void Conferencia::texto(const Destino& destino) {
+  const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
+  const bool usado = coluna_.forma.forma == Forma::TextoUsado;
+  if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > destino.usados)
+    return acha(RegraDoBanco::TextoCortado, &destino,
+                frase("{1}, of which the first {2} characters are written",
+                      {valor(), std::to_string(destino.usados)}),
+                frase("at most {1}", {std::to_string(destino.usados)}));
+  if (bytes > largura)
+    return acha(usado ? RegraDoBanco::TextoCortado : RegraDoBanco::TextoLongo, &destino,
+                ultimoDaLinha(destino)
+                    ? fraseDe("{1}, which makes the line {n} byte longer",
+                              "{1}, which makes the line {n} bytes longer", bytes - largura, {valor()})
+                    : fraseDe("{1}, of which the first byte is written",
+                              "{1}, of which the first {n} bytes are written", largura, {valor()}),
+                fraseDe("at most {n} byte", "at most {n} bytes", largura));
+  if (destino.campo->especie == Especie::ComoEsta && bytes < largura)
+    acha(RegraDoBanco::TextoCurto, &destino,
+         fraseDe("{1}, which makes the line {n} byte shorter", "{1}, which makes the line {n} bytes shorter",
+                 largura - bytes, {valor()}),
+         fraseDe("{n} byte", "{n} bytes", largura));
+}
+
+void Conferencia::letra(const Destino* destino) {
+  acha(RegraDoBanco::TamanhoDaLetra, destino,
+       valorCom(destino == nullptr      ? marca("{1}, which leaves the row out")
+                : celula_.texto.empty() ? marca("{1}, which ends the line there")
+                                        : marca("{1}, of which the first character is written")),
+       traduz("one character"));
+}
+
+void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
+  if (std::find(codigos.begin(), codigos.end(), celula_.texto) != codigos.end()) return;
+  const Forma forma = coluna_.forma.forma;
+  const Destino* destino = primeiro(qualquer);
+  acha(RegraDoBanco::Codigo, destino,
+       valorCom(forma == Forma::Casas             ? marca("{1}, which scales the value as 2 does")
+                : forma == Forma::TipoDeDocumento ? marca("{1}, whose counters are written as zeros")
+                : destino == nullptr              ? marca("{1}, which leaves the row out")
+                                                  : marca("{1}, which is written as it stands")),
+       esperado);
+}
+
+void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
+                   std::vector<Problema>& problemas) {
+  Conferencia(coluna, celula, meta, problemas).porForma();
+}
+
+std::string enumera(const std::vector<const Destino*>& destinos) {
+  std::vector<std::string> campos;
+  campos.reserve(destinos.size());
+  for (const Destino* destino : destinos)
+    campos.push_back(std::string(destino->registro->codigo) + '.' + std::to_string(destino->numero));
+  return enumera(campos);
+}
+
+}  // namespace cotepe

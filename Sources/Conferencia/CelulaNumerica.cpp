@@ -1,0 +1,222 @@
+// Numbers, taxpayers' numbers and dates among the values of the database.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "Conferencia/Celula.h"
+#include "Financial.h"
+#include "Idioma/Idioma.h"
+#include "Leiaute/Texto.h"
+#include "Registros/Catalogo.h"
+#include "Leitor/NumeroFiscal.h"
+
+namespace cotepe {
+namespace {
+
+constexpr std::size_t kTamanhoDataHora = 19;
+constexpr std::size_t kMaximoDoGt = 18;  // a greatest grand total of as many characters loses the last one
+constexpr double kSemCentavos = 1e13;    // from here on a binary number has no room for cents in its text
+
+constexpr const char* kEmCampoDe = marca("{1}, which is written as {2} in a field of {3}");
+
+bool digito(char c) { return c >= '0' && c <= '9'; }
+bool digitos(std::string_view texto) {
+  return !texto.empty() && std::all_of(texto.begin(), texto.end(), digito);
+}
+
+// A number as it is stored: sign, digits, digits behind the point.
+struct Numero {
+  bool valido = false, negativo = false;
+  std::string_view inteiros, decimais;
+};
+
+Numero leNumero(std::string_view texto, bool comPonto) {
+  Numero numero;
+  numero.negativo = !texto.empty() && texto[0] == '-';
+  if (numero.negativo) texto.remove_prefix(1);
+  const std::size_t ponto = comPonto ? texto.find('.') : std::string_view::npos;
+  numero.inteiros = texto.substr(0, ponto);
+  if (ponto != std::string_view::npos) numero.decimais = texto.substr(ponto + 1);
+  numero.valido = digitos(numero.inteiros) && (ponto == std::string_view::npos || digitos(numero.decimais));
+  while (numero.inteiros.size() > 1 && numero.inteiros[0] == '0') numero.inteiros.remove_prefix(1);
+  while (!numero.decimais.empty() && numero.decimais.back() == '0') numero.decimais.remove_suffix(1);
+  return numero;
+}
+
+template <class... Valores>
+std::string formatado(const char* formato, Valores... valores) {
+  char texto[400];
+  static_cast<void>(std::snprintf(texto, sizeof texto, formato, valores...));
+  return texto;
+}
+
+std::string ateDigitos(int n) { return fraseDe("at most {n} digit", "at most {n} digits", n); }
+
+// Blanks in the places of a date-time stand for none.
+bool ausente(std::string_view texto) { return texto == kSemDataHora; }
+
+bool naForma(std::string_view texto) {
+  static constexpr std::string_view kForma = "dddd-dd-dd dd:dd:dd";
+  if (texto.size() != kForma.size()) return false;
+  for (std::size_t i = 0; i < texto.size(); ++i)
+    if (kForma[i] == 'd' ? !digito(texto[i]) : texto[i] != kForma[i]) return false;
+  return true;
+}
+
+int numeroEm(std::string_view texto, std::size_t posicao, std::size_t quantos) {
+  int valor = 0;
+  for (std::size_t i = posicao; i < posicao + quantos; ++i) valor = valor * 10 + (texto[i] - '0');
+  return valor;
+}
+
+bool existe(std::string_view dataHora) {
+  static constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const int ano = numeroEm(dataHora, 0, 4), mes = numeroEm(dataHora, 5, 2), dia = numeroEm(dataHora, 8, 2);
+  if (ano < 1 || mes < 1 || mes > 12 || dia < 1) return false;
+  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
+  return dia <= kDias[mes - 1] + (mes == 2 && bissexto ? 1 : 0) && numeroEm(dataHora, 11, 2) < 24 &&
+         numeroEm(dataHora, 14, 2) < 60 && numeroEm(dataHora, 17, 2) < 60;
+}
+
+// The user's and the printer's number are kept in texts as short as their fields, and so lose their end.
+bool cortadoAntes(const Destino& destino) {
+  const bool naCabeca = destino.campo->origem.tipo == Origem::Tipo::Ajuste;
+  const bool numeroDoEcf = std::string_view(destino.registro->codigo) == "E01" && destino.campo->modulo == 0;
+  return destino.campo->especie == Especie::Numero && (naCabeca || numeroDoEcf);
+}
+
+}  // namespace
+
+// What stands in the report for the value; empty where that is no number.
+std::string Conferencia::escrito(const Destino& destino) const {
+  const Campo& campo = *destino.campo;
+  std::string texto(celula_.texto);
+  const int versao = meta_.alcance.menorLeiaute(), largura = larguraNominal(campo, versao);
+  if (cortadoAntes(destino)) texto.resize(std::min(texto.size(), static_cast<std::size_t>(largura)));
+  const auto comSinal = [&](std::int64_t valor) {
+    return formatado("%0*lld", largura, static_cast<long long>(valor));
+  };
+  const auto semSinal = [&](std::int64_t valor) {
+    return formatado("%0*llu", largura, static_cast<unsigned long long>(valor));
+  };
+  const std::int64_t modulo = campo.especie == Especie::Contador ? moduloDoContador(versao) : campo.modulo;
+  switch (campo.especie) {
+    case Especie::Numero:
+    case Especie::Contador:
+      return comSinal(modulo == 0 ? leInteiro(texto.c_str()) : leInteiro(texto.c_str()) % modulo);
+    case Especie::Identificador:
+      return semSinal(leInteiro(texto.c_str()));
+    case Especie::Dinheiro:
+      return semSinal(Financial::CentavosDoBanco(texto.c_str()));
+    case Especie::DinheiroDuplo:
+      return semSinal(Financial::CentavosDoDecimal(leDecimal(texto.c_str())));
+    default:  // Decimal
+      return comSinal(arredonda(leDecimal(texto.c_str()) * (celula_.casas == 3 ? 1000.0 : 100.0)));
+  }
+}
+
+std::string Conferencia::comoEscrito(const Destino* destino) const {
+  const std::string texto = destino == nullptr ? "" : escrito(*destino);
+  return texto.empty() ? valor() : frase("{1}, which is written as {2}", {valor(), texto});
+}
+
+void Conferencia::inteiro(const Destino* destino) {
+  const Numero numero = leNumero(celula_.texto, false);
+  if (!numero.valido)
+    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
+  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
+  if (destino == nullptr) return;
+  const int largura = larguraNominal(*destino->campo, meta_.alcance.menorLeiaute());
+  const int sobra = static_cast<int>(numero.inteiros.size()) - largura;
+  if (sobra <= 0) return;
+  const bool contador = destino->campo->especie == Especie::Contador;
+  if (destino->campo->desloca)
+    return acha(RegraDoBanco::Desloca, destino,
+                fraseDe("{1}, which moves the later fields {n} byte to the right",
+                        "{1}, which moves the later fields {n} bytes to the right", sobra, {valor()}),
+                ateDigitos(largura));
+  const int leiaute = meta_.alcance.menorLeiaute();
+  acha(RegraDoBanco::DigitosPerdidos, destino,
+       frase(contador ? marca("{1}, which is written as {2} in a field of {3} in layout {4}") : kEmCampoDe,
+             {valor(), escrito(*destino), std::to_string(largura), std::to_string(leiaute)}),
+       ateDigitos(largura),
+       contador && leiaute == 1 && numero.inteiros.size() <= 9
+           ? marca("correct it, or take layout 2, where the field has 9 digits")
+           : nullptr);
+}
+
+// The greatest grand total goes to E02 through a text of 17 characters.
+void Conferencia::grandeTotalDoE02(const Destino& destino) {
+  acha(RegraDoBanco::DigitosPerdidos, &destino,
+       valorCom(celula_.texto.size() == kMaximoDoGt ? marca("{1}, whose last character E02 loses")
+                                                    : marca("{1}, which E02 does not use")),
+       traduz("at most 17 characters"));
+}
+
+void Conferencia::dinheiro(const Destino* destino) {
+  const Numero numero = leNumero(celula_.texto, true);
+  if (coluna_.maximo && destino != nullptr && destino->registro == &kE02 &&
+      celula_.texto.size() >= kMaximoDoGt)
+    return grandeTotalDoE02(*destino);
+  const std::size_t expoente = celula_.texto.find("e+");
+  const bool enorme = celula_.real && !numero.negativo && expoente != std::string_view::npos;
+  if (!numero.valido && !enorme)
+    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits and a decimal point"));
+  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
+  if (destino == nullptr) return;
+  const int casas = celula_.casas == 3 ? 3 : 2, largura = destino->campo->largura;
+  if (enorme || static_cast<int>(numero.inteiros.size()) + casas > largura)
+    return acha(RegraDoBanco::NumeroLargo, destino,
+                frase(kEmCampoDe, {valor(), escrito(*destino), std::to_string(largura)}),
+                fraseDe("at most {n} digit before the point", "at most {n} digits before the point",
+                        largura - casas));
+  if (static_cast<int>(numero.decimais.size()) > casas)
+    acha(RegraDoBanco::Arredondado, destino, comoEscrito(destino),
+         frase("{1} decimal places", {std::to_string(casas)}));
+  if (celula_.real && leDecimal(std::string(celula_.texto).c_str()) >= kSemCentavos)
+    acha(RegraDoBanco::DigitosPerdidos, destino,
+         valorCom(marca("{1}, a binary number, of which 15 digits are kept")), traduz("a text"),
+         marca("store it as a text"));
+}
+
+void Conferencia::numeroFiscal(const Destino* destino) {
+  const std::string_view numero = celula_.texto;
+  const bool vazio = numero.empty() && coluna_.forma.forma == Forma::CpfOuCnpj;
+  const bool tamanho = coluna_.forma.forma == Forma::Cnpj ? numero.size() == 14 : numero.size() <= 14;
+  if (vazio || (digitos(numero) && tamanho)) return;
+  acha(RegraDoBanco::FormaDoNumeroFiscal, destino, comoEscrito(destino),
+       coluna_.forma.forma == Forma::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
+}
+
+// A number that is wrong in form has been told already; one of zeros alone is none.
+void Conferencia::digitosVerificadores() {
+  if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
+  const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);
+  if (cnpjValido(catorze) || (coluna_.forma.forma == Forma::CpfOuCnpj && cpfValido(catorze))) return;
+  acha(RegraDoBanco::NumeroFiscal, primeiro([](const Campo&) { return true; }), valor(),
+       traduz("check digits that are right"));
+}
+
+void Conferencia::data() {
+  const std::string_view texto = celula_.texto;
+  if (naForma(texto)) {
+    if (existe(texto)) return;
+    return acha(RegraDoBanco::DataImpossivel, primeiro([](const Campo&) { return true; }), valor(),
+                traduz("a day and an hour that exist"));
+  }
+  if (coluna_.forma.aceitaNulo && ausente(texto)) return;
+  const Destino* deData = primeiro([](const Campo& campo) { return campo.especie == Especie::Data; });
+  const Destino* deHora = primeiro([](const Campo& campo) { return campo.especie == Especie::Hora; });
+  const bool semHora = deHora != nullptr && texto.size() < kTamanhoDataHora;
+  if (coluna_.filtra && !texto.empty() && texto == meta_.primeiroDia)
+    return acha(RegraDoBanco::ForaDoPeriodo, deData,
+                valorCom(marca("{1}, which sorts before the first moment of the period")),
+                traduz("YYYY-MM-DD HH:MM:SS"));
+  const char* consequencia = texto.size() < 10 || semHora ? marca("{1}, which ends the line there")
+                             : coluna_.filtra             ? marca("{1}, which a period sorts wrongly")
+                                              : marca("{1}, of which the wrong characters may be written");
+  acha(RegraDoBanco::FormaDaData, texto.size() >= 10 && semHora ? deHora : deData, valorCom(consequencia),
+       traduz("YYYY-MM-DD HH:MM:SS"));
+}
+
+}  // namespace cotepe

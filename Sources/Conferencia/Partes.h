@@ -1,0 +1,81 @@
+// What the parts of the checker share: a query, what is there of a table, and how findings are made.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "BancoFiscal/Formas.h"
+#include "Conferencia/Celula.h"
+#include "Conferencia/Conferencia.h"
+
+namespace cotepe {
+
+/// One SQL statement. Throws ErroDoBanco wherever SQLite fails.
+class Pergunta {
+ public:
+  Pergunta(sqlite3* banco, const std::string& sql);
+  ~Pergunta() { sqlite3_finalize(declaracao_); }
+  Pergunta(const Pergunta&) = delete;
+  Pergunta& operator=(const Pergunta&) = delete;
+
+  /// Parameters are counted from 1 and are those of the text that the statement has.
+  void vincula(int parametro, const std::string& texto);
+  bool avanca();
+  int tipo(int coluna) const { return sqlite3_column_type(declaracao_, coluna); }
+  /// Of the present row, until the next one; empty for NULL.
+  std::string_view texto(int coluna) const;
+
+ private:
+  [[noreturn]] void falha() const;
+
+  sqlite3* banco_;
+  sqlite3_stmt* declaracao_ = nullptr;
+};
+
+struct Lugar {
+  std::string tabela, chave, coluna;
+};
+
+/// The tables as they are, the reports meant, and the findings.
+class Contexto {
+ public:
+  Contexto(sqlite3* banco, const OpcoesDaConferencia& opcoes, RecebeAchados& recebe)
+      : banco_(banco), opcoes_(opcoes), recebe_(recebe) {}
+
+  sqlite3* banco() const { return banco_; }
+  const OpcoesDaConferencia& opcoes() const { return opcoes_; }
+  bool ligada(RegraDoBanco regra) const { return !opcoes_.desligadas[static_cast<std::size_t>(regra)]; }
+
+  /// The columns of a table, in their order; none where there is no such table.
+  std::vector<std::string> colunas(const std::string& tabela) const;
+  bool tem(const std::string& tabela, const std::string& coluna) const;
+  /// Whether the reports meant read it.
+  bool lida(std::string_view tabela) const { return !leitores(tabela, "").empty(); }
+  /// The registers that read the column ("" for any), in words; those of the identity query are all of them.
+  std::string leitores(std::string_view tabela, std::string_view coluna) const;
+
+  /// A finding of a rule that is on; `registro` is one or more codes, the field may be null. `conserto`, to
+  /// be translated, stands for the rule's own advice.
+  void relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
+              std::string encontrado, std::string esperado, const char* conserto = nullptr) const;
+
+ private:
+  sqlite3* banco_;
+  const OpcoesDaConferencia& opcoes_;
+  RecebeAchados& recebe_;
+};
+
+/// The parts of a list "a,b".
+std::vector<std::string> separa(std::string_view lista);
+
+// The parts themselves.
+void confereEsquema(const Contexto& contexto);
+void confereLinhas(const Contexto& contexto, const FormaDaTabela& forma);
+void confereLigacoes(const Contexto& contexto);
+void confereUnicidade(const Contexto& contexto);
+void confereIndices(const Contexto& contexto);
+
+}  // namespace cotepe

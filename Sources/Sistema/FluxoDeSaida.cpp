@@ -1,0 +1,35 @@
+#include "Sistema/FluxoDeSaida.h"
+
+#include <unistd.h>
+
+#include "Sistema/Descritor.h"
+
+namespace cotepe::programa {
+
+// The stream passes on what its buffer throws, once it is told to.
+FluxoDeSaida::FluxoDeSaida() : std::ostream(nullptr) {
+  rdbuf(&bloco_);
+  exceptions(std::ios::badbit);
+}
+
+void FluxoDeSaida::conclui() {
+  flush();
+  confirmaEscrita(STDOUT_FILENO, "stdout");
+}
+
+FluxoDeSaida::Bloco::Bloco() { setp(bytes_.data(), bytes_.data() + bytes_.size()); }
+
+int FluxoDeSaida::Bloco::overflow(int c) {
+  sync();
+  if (c == traits_type::eof()) return traits_type::not_eof(c);
+  return sputc(static_cast<char>(c));
+}
+
+int FluxoDeSaida::Bloco::sync() {
+  const std::string_view cheio(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+  setp(bytes_.data(), bytes_.data() + bytes_.size());
+  escreveTudo(STDOUT_FILENO, cheio, "stdout");
+  return 0;
+}
+
+}  // namespace cotepe::programa

@@ -1,0 +1,173 @@
+// The keys of each register ascend, and its dates go along with them.
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "Idioma/Idioma.h"
+#include "Leiaute/Releitura.h"
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+enum class Segundo : std::uint8_t { Nenhum, Numero, Texto, TextoSemCaixa, Totalizador };
+
+/// What a register is sorted by: a number, then another one or a text.
+struct Chave {
+  const Registro* registro;
+  const char* numero;
+  const char* segundo;
+  Segundo tipo;
+  bool unica;        // no two records have the same key
+  const char* data;  // goes on with the number; null for none
+};
+
+constexpr Chave kChaves[] = {
+    {&kE09, "CRO", "CRO", Segundo::Nenhum, false, "Data da intervenção"},
+    {&kE10, "CFD", "CFD", Segundo::Nenhum, true, "Data de emissão"},
+    {&kE12, "CRZ", "CRO", Segundo::Numero, true, "Data do movimento"},
+    {&kE13, "CRZ", "Totalizador parcial", Segundo::Totalizador, false, nullptr},
+    {&kE14, "CCF", "CCF", Segundo::Nenhum, true, "Data de emissão"},
+    {&kE15, "CCF", "Nº do item", Segundo::Numero, true, nullptr},
+    {&kE16, "COO", "COO", Segundo::Nenhum, true, "Data final de emissão"},
+    {&kE17, "CRZ", "Totalizador não fiscal", Segundo::Texto, false, nullptr},
+    {&kE18, "CRZ", "Meio de pagamento", Segundo::TextoSemCaixa, false, nullptr},
+    {&kE19, "GNF", "GNF", Segundo::Nenhum, true, "Data de emissão"},
+    {&kE20, "GNF", "Nº do item", Segundo::Numero, true, nullptr},
+    {&kE21, "COO", "Meio de pagamento", Segundo::Texto, false, nullptr},
+};
+
+/// A key as it was read. `bloco` sets apart E13's non-fiscal sums, which stand behind all the others.
+struct ChaveLida {
+  int bloco = 0;
+  std::int64_t numero = 0, segundo = 0;
+  std::string texto;
+};
+
+// Of E13's totalizers: taxed ones, services, the others.
+int grupo(std::string_view totalizador) { return totalizador[2] == 'T' ? 0 : totalizador[2] == 'S' ? 1 : 2; }
+
+char maiuscula(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
+
+int sinal(std::int64_t a, std::int64_t b) { return a < b ? -1 : a > b ? 1 : 0; }
+
+/// The keys of one register, record after record.
+class Sequencia {
+ public:
+  explicit Sequencia(const Chave& chave)
+      : chave_(chave),
+        numero_(*chave.registro, chave.numero),
+        segundo_(*chave.registro, chave.segundo),
+        data_(*chave.registro, chave.data == nullptr ? chave.numero : chave.data) {}
+
+  void confere(Relator& relator, const RegistroLido& lido) {
+    if (lido.vazio || !le(lido)) return;
+    if (conhecida_) confereChave(relator, lido);
+    if (chave_.data != nullptr) confereData(relator, lido);
+    std::swap(anterior_, atual_);
+    conhecida_ = true;
+  }
+
+ private:
+  bool le(const RegistroLido& lido) {
+    if (!numero_.le(lido, atual_.numero)) return false;
+    if (chave_.tipo == Segundo::Nenhum) return true;
+    if (chave_.tipo == Segundo::Numero) return segundo_.le(lido, atual_.segundo);
+    const std::string_view texto = segundo_.bytes(lido);
+    if (texto.size() < 3) return false;
+    if (chave_.tipo == Segundo::Totalizador) {
+      atual_.bloco = texto == "OPNF   " ? 1 : 0;
+      atual_.segundo = grupo(texto);
+    } else {
+      atual_.texto = texto;
+      if (chave_.tipo == Segundo::TextoSemCaixa)
+        std::transform(texto.begin(), texto.end(), atual_.texto.begin(), maiuscula);
+    }
+    return true;
+  }
+
+  // Counters begin again where their digits end, a little before or after when some are of other documents.
+  bool deuAVolta(const RegistroLido& lido) const {
+    std::int64_t limite = 1;
+    for (int i = 0; i < lido.campos[numero_.indice()].largura; ++i) limite *= 10;
+    return anterior_.numero >= limite - limite / 100 && atual_.numero < limite / 100;
+  }
+
+  void confereChave(Relator& relator, const RegistroLido& lido) {
+    if (atual_.bloco != anterior_.bloco) {
+      if (atual_.bloco < anterior_.bloco) foraDeOrdem(relator, lido, segundo_);
+      return;
+    }
+    const int ordem = sinal(atual_.numero, anterior_.numero);
+    if (ordem > 0 || (ordem < 0 && deuAVolta(lido))) return;
+    if (ordem < 0) return foraDeOrdem(relator, lido, numero_);
+    const int resto = atual_.segundo != anterior_.segundo ? sinal(atual_.segundo, anterior_.segundo)
+                                                          : atual_.texto.compare(anterior_.texto);
+    if (resto < 0) return foraDeOrdem(relator, lido, segundo_);
+    if (resto == 0 && chave_.unica)
+      relator.noCampo(Regra::ContadorRepetido, lido, segundo_.indice(),
+                      frase("{1} a second time", {entreAspas(segundo_.bytes(lido))}),
+                      traduz("each key once"));
+  }
+
+  void foraDeOrdem(Relator& relator, const RegistroLido& lido, const Coluna& coluna) const {
+    const bool numero = coluna.indice() == numero_.indice();
+    const int largura = lido.campos[coluna.indice()].largura;
+    const std::string antes = numero                           ? contadorEscrito(anterior_.numero, largura)
+                              : chave_.tipo == Segundo::Numero ? contadorEscrito(anterior_.segundo, largura)
+                                                               : anterior_.texto;
+    relator.noCampo(Regra::OrdemDasChaves, lido, coluna.indice(),
+                    antes.empty()
+                        ? entreAspas(coluna.bytes(lido))
+                        : frase("{1} after {2}", {entreAspas(coluna.bytes(lido)), entreAspas(antes)}),
+                    traduz("ascending keys"));
+  }
+
+  void confereData(Relator& relator, const RegistroLido& lido) {
+    const std::string_view data = data_.bytes(lido);
+    if (!dataPossivel(data)) return;
+    if (!dataAnterior_.empty() && data < dataAnterior_)
+      relator.noCampo(Regra::DataRetrocede, lido, data_.indice(),
+                      frase("{1} after {2}", {entreAspas(data), entreAspas(dataAnterior_)}),
+                      traduz("no earlier day"));
+    dataAnterior_ = data;
+  }
+
+  const Chave& chave_;
+  Coluna numero_, segundo_, data_;
+  ChaveLida atual_, anterior_;
+  std::string dataAnterior_;
+  bool conhecida_ = false;
+};
+
+class Chaves final : public Familia {
+ public:
+  explicit Chaves(Relator& relator) : relator_(relator) {
+    qual_.fill(-1);
+    for (const Chave& chave : kChaves) {
+      qual_[static_cast<std::size_t>(indiceDoRegistro(chave.registro->codigo))] =
+          static_cast<int>(sequencias_.size());
+      sequencias_.emplace_back(chave);
+    }
+  }
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr) return;
+    const int qual = qual_[static_cast<std::size_t>(lido.indice)];
+    if (qual >= 0) sequencias_[static_cast<std::size_t>(qual)].confere(relator_, lido);
+  }
+
+ private:
+  Relator& relator_;
+  std::array<int, kCatalogo.size()> qual_{};
+  std::vector<Sequencia> sequencias_;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeChaves(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Chaves>(relator);
+}
+
+}  // namespace cotepe

@@ -1,0 +1,108 @@
+#include "Validacao/Familia.h"
+
+#include <utility>
+
+#include "Idioma/Idioma.h"
+#include "Leiaute/Releitura.h"
+#include "Leitor/Trecho.h"
+#include "Leitor/Valor.h"
+
+namespace cotepe {
+namespace {
+
+constexpr std::size_t kConteudoMostrado = 4096;  // of a line, in a finding
+
+}  // namespace
+
+LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo) {
+  const CampoLido& lugar = lido.campos[campo];
+  return {lugar.numero - 1, lugar.posicao + 1, lugar.posicao + lugar.largura};
+}
+
+Relator::Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas)
+    : recebe_(recebe), arquivo_(std::move(arquivo)), desligadas_(desligadas) {}
+
+Achado Relator::novo(Regra regra, std::string encontrado, std::string esperado) const {
+  const DescricaoDaRegra& descrita = descricao(regra);
+  Achado achado;
+  achado.severidade = descrita.severidade;
+  achado.regra = descrita.nome;
+  achado.arquivo = arquivo_;
+  achado.encontrado = std::move(encontrado);
+  achado.esperado = std::move(esperado);
+  achado.conserto = traduz(descrita.conserto);
+  return achado;
+}
+
+void Relator::noCampo(Regra regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
+                      std::string esperado) {
+  if (!ligada(regra)) return;
+  Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
+  const CampoLido& lugar = lido.campos[campo];
+  achado.linha = lido.linha.numero;
+  achado.de = lugar.posicao + 1;
+  achado.ate = lugar.posicao + lugar.largura;
+  achado.conteudo = lido.linha.texto.substr(0, kConteudoMostrado);
+  achado.registro = lido.registro->codigo;
+  achado.campo = lugar.campo->rotulo;
+  achado.numero = lugar.numero;
+  recebe_.recebe(achado);
+}
+
+void Relator::naLinha(Regra regra, const RegistroLido& lido, std::string encontrado, std::string esperado) {
+  if (!ligada(regra)) return;
+  Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
+  achado.linha = lido.linha.numero;
+  achado.conteudo = lido.linha.texto.substr(0, kConteudoMostrado);
+  if (lido.registro != nullptr) achado.registro = lido.registro->codigo;
+  recebe_.recebe(achado);
+}
+
+void Relator::naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
+                          std::string encontrado, std::string esperado) {
+  if (!ligada(regra)) return;
+  Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
+  achado.linha = linha;
+  achado.registro = registro.codigo;
+  if (lugar.campo >= 0) {
+    achado.campo = registro.campos[static_cast<std::size_t>(lugar.campo)].rotulo;
+    achado.numero = lugar.campo + 1;
+    achado.de = linha > 0 ? lugar.de : 0;
+    achado.ate = linha > 0 ? lugar.ate : 0;
+  }
+  recebe_.recebe(achado);
+}
+
+void Relator::noArquivo(Regra regra, const Registro* registro, std::string encontrado, std::string esperado) {
+  if (!ligada(regra)) return;
+  Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
+  if (registro != nullptr) achado.registro = registro->codigo;
+  recebe_.recebe(achado);
+}
+
+bool Coluna::le(const RegistroLido& lido, std::int64_t& valor) const {
+  if (indice() >= lido.quantos) return false;
+  const std::string_view lidos = lido.bytes(indice());
+  return lidos.size() == static_cast<std::size_t>(lido.campos[indice()].largura) && leNumero(lidos, valor);
+}
+
+std::string entreAspas(std::string_view bytes) {
+  constexpr std::size_t kMaximo = 60;
+  const bool cabe = bytes.size() <= kMaximo;
+  return '"' + mostravel(bytes.substr(0, kMaximo)) + (cabe ? "\"" : "...\"");
+}
+
+std::string reais(std::int64_t centavos) {
+  const std::uint64_t modulo =
+      centavos < 0 ? 0 - static_cast<std::uint64_t>(centavos) : static_cast<std::uint64_t>(centavos);
+  const std::string fracao = std::to_string(100 + modulo % 100).substr(1);
+  return (centavos < 0 ? "-" : "") + comMilhares(std::to_string(modulo / 100) + '.' + fracao);
+}
+
+std::string contadorEscrito(std::int64_t valor, int largura) {
+  const std::string digitos = std::to_string(valor);
+  const auto total = static_cast<std::size_t>(largura);
+  return digitos.size() >= total ? digitos : std::string(total - digitos.size(), '0') + digitos;
+}
+
+}  // namespace cotepe

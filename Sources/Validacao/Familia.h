@@ -1,0 +1,87 @@
+// What the families of rules share: how they see the file, and how they report.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Leitor/LeitorDeRegistros.h"
+#include "Validacao/Regras.h"
+
+namespace cotepe {
+
+/// A field of a register, from 0 in its list, and where it stands on the line, from 1; by default none.
+struct LugarDoCampo {
+  int campo = -1;
+  int de = 0, ate = 0;
+};
+
+/// The place of a field of a line, counted from 0 among those that stand on it.
+LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo);
+
+/// Makes findings of the rules that are on; what was found and expected is translated already.
+class Relator {
+ public:
+  Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas);
+
+  bool ligada(Regra regra) const { return !desligadas_[static_cast<std::size_t>(regra)]; }
+
+  /// About a field of a line, counted from 0 among those that stand on it.
+  void noCampo(Regra regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
+               std::string esperado);
+  /// About a whole line.
+  void naLinha(Regra regra, const RegistroLido& lido, std::string encontrado, std::string esperado);
+  /// About a line that was read before (0 for one that is missing), and a field of it.
+  void naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
+                   std::string encontrado, std::string esperado);
+  /// About the file; `registro` may be null.
+  void noArquivo(Regra regra, const Registro* registro, std::string encontrado, std::string esperado);
+
+ private:
+  Achado novo(Regra regra, std::string encontrado, std::string esperado) const;
+
+  RecebeAchados& recebe_;
+  std::string arquivo_;
+  ConjuntoDeRegras desligadas_;
+};
+
+/// Some rules that look at the same things.
+class Familia {
+ public:
+  virtual ~Familia() = default;
+  /// Each line of the file, those of no register among them.
+  virtual void linha(const RegistroLido& lido) = 0;
+  /// The end of the file.
+  virtual void fim() {}
+};
+
+using NovaFamilia = std::unique_ptr<Familia>(Relator& relator, const LeitorDeRegistros& leitor);
+
+NovaFamilia regrasDeLinhas, regrasDeOrdem, regrasDeCampos, regrasDeIdentidade, regrasDeChaves,
+    regrasDeContadores, regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa,
+    regrasDePosicao;
+
+/// A field of a regular register, found by its label once.
+class Coluna {
+ public:
+  Coluna(const Registro& registro, const char* rotulo) : indice_(indiceDoCampo(registro, rotulo)) {}
+
+  std::size_t indice() const { return static_cast<std::size_t>(indice_); }
+  std::string_view bytes(const RegistroLido& lido) const {
+    return indice() < lido.quantos ? lido.bytes(indice()) : std::string_view();
+  }
+  /// Reads a number; false where the line ends before it or holds something else there.
+  bool le(const RegistroLido& lido, std::int64_t& valor) const;
+
+ private:
+  int indice_;
+};
+
+/// Texts for findings: the bytes in quotes, cents as 1.234,56, a counter as it would stand in `largura`
+/// digits.
+std::string entreAspas(std::string_view bytes);
+std::string reais(std::int64_t centavos);
+std::string contadorEscrito(std::int64_t valor, int largura);
+
+}  // namespace cotepe

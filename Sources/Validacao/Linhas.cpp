@@ -1,0 +1,46 @@
+// Rules about lines as such: their ends, their registers, their lengths.
+#include <string>
+
+#include "Idioma/Idioma.h"
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+class Linhas final : public Familia {
+ public:
+  explicit Linhas(Relator& relator) : relator_(relator) {}
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.linha.comCr && !comCr_) fimComCr(lido);
+    if (lido.linha.semFim)
+      relator_.naLinha(Regra::FimDeLinha, lido, traduz("the end of the file"),
+                       traduz("a line-feed before it"));
+    if (lido.registro == nullptr)
+      relator_.naLinha(Regra::RegistroDesconhecido, lido, entreAspas(lido.linha.texto.substr(0, 3)),
+                       traduz("E01 to E22"));
+    else if (!lido.medidaCerta)
+      relator_.naLinha(Regra::Comprimento, lido,
+                       fraseDe("{n} byte", "{n} bytes", static_cast<long long>(lido.linha.tamanho)),
+                       std::to_string(lido.comprimento));
+  }
+
+ private:
+  // A converted file has it on every line: said once.
+  void fimComCr(const RegistroLido& lido) {
+    comCr_ = true;
+    relator_.naLinha(Regra::FimDeLinha, lido, traduz("CR and LF, as maybe on other lines"),
+                     traduz("LF alone"));
+  }
+
+  Relator& relator_;
+  bool comCr_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDeLinhas(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Linhas>(relator);
+}
+
+}  // namespace cotepe

@@ -1,0 +1,97 @@
+// E11's present counters against the greatest ones of the other registers.
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "Idioma/Idioma.h"
+#include "Validacao/Familia.h"
+
+namespace cotepe {
+namespace {
+
+struct FonteDoContador {
+  const Registro* registro;
+  const char* rotulo;   // in `registro`
+  const char* posicao;  // in E11
+};
+
+constexpr FonteDoContador kFontes[] = {
+    {&kE09, "CRO", "CRO"}, {&kE10, "CFD", "CFD"}, {&kE12, "CRZ", "CRZ"}, {&kE12, "COO", "COO"},
+    {&kE12, "CRO", "CRO"}, {&kE14, "CCF", "CCF"}, {&kE14, "COO", "COO"}, {&kE16, "COO", "COO"},
+    {&kE16, "GNF", "GNF"}, {&kE16, "GRG", "GRG"}, {&kE19, "COO", "COO"}, {&kE19, "GNF", "GNF"},
+};
+
+/// The greatest value of one of the sources.
+struct Maximo {
+  const FonteDoContador* fonte;
+  Coluna coluna, posicao;
+  std::int64_t valor = 0;
+  std::string bytes;
+};
+
+class Posicao final : public Familia {
+ public:
+  explicit Posicao(Relator& relator) : relator_(relator) {
+    for (const FonteDoContador& fonte : kFontes) {
+      const auto registro = static_cast<std::size_t>(indiceDoRegistro(fonte.registro->codigo));
+      maximos_[registro].push_back({&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.posicao}, 0, ""});
+    }
+  }
+
+  void linha(const RegistroLido& lido) override {
+    if (lido.registro == nullptr || lido.vazio) return;
+    if (lido.registro == &kE11) return guarda(lido);
+    for (Maximo& maximo : maximos_[static_cast<std::size_t>(lido.indice)]) {
+      std::int64_t valor = 0;
+      if (!maximo.coluna.le(lido, valor) || valor <= maximo.valor) continue;
+      maximo.valor = valor;
+      maximo.bytes = maximo.coluna.bytes(lido);
+    }
+  }
+
+  // A position of zeros alone is one that the database does not have.
+  void fim() override {
+    if (linha_ == 0 || !alguma_) return;
+    for (const auto& doRegistro : maximos_)
+      for (const Maximo& maximo : doRegistro) confere(maximo);
+  }
+
+ private:
+  void guarda(const RegistroLido& lido) {
+    if (linha_ != 0) return;
+    linha_ = lido.linha.numero;
+    for (std::size_t i = 4; i < lido.quantos; ++i) {
+      const auto campo = static_cast<std::size_t>(lido.campos[i].numero - 1);
+      posicoes_[campo] = lido.bytes(i);
+      lugares_[campo] = lugarDoCampo(lido, i);
+      alguma_ = alguma_ || (i < 14 && lido.bytes(i).find_first_not_of('0') != std::string_view::npos);
+    }
+  }
+
+  void confere(const Maximo& maximo) const {
+    const std::string& posicao = posicoes_[maximo.posicao.indice()];
+    if (maximo.bytes.empty() || posicao.size() != maximo.bytes.size()) return;
+    const bool deuAVolta = posicao.compare(0, 2, "00") == 0 && maximo.bytes.compare(0, 2, "99") == 0;
+    if (posicao >= maximo.bytes || deuAVolta || posicao.find_first_not_of("0123456789") != std::string::npos)
+      return;
+    relator_.naLinhaLida(
+        Regra::Posicao, linha_, kE11, lugares_[maximo.posicao.indice()], entreAspas(posicao),
+        frase("no less than {1} of {2}", {entreAspas(maximo.bytes), maximo.fonte->registro->codigo}));
+  }
+
+  Relator& relator_;
+  std::array<std::vector<Maximo>, kCatalogo.size()> maximos_;
+  std::array<std::string, 20> posicoes_;
+  std::array<LugarDoCampo, 20> lugares_;
+  long linha_ = 0;
+  bool alguma_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Familia> regrasDePosicao(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
+  return std::make_unique<Posicao>(relator);
+}
+
+}  // namespace cotepe

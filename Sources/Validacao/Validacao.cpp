@@ -1,0 +1,24 @@
+#include "Validacao/Validacao.h"
+
+namespace cotepe {
+
+Validacao::Validacao(RecebeAchados& recebe, const OpcoesDeValidacao& opcoes)
+    : relator_(recebe, opcoes.arquivo, opcoes.desligadas) {}
+
+Validacao::~Validacao() = default;
+
+bool Validacao::valida(LeitorDeLinhas& linhas) {
+  LeitorDeRegistros leitor(linhas);
+  for (NovaFamilia* nova :
+       {regrasDeLinhas, regrasDeOrdem, regrasDeIdentidade, regrasDeCampos, regrasDeChaves, regrasDeContadores,
+        regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})
+    familias_.push_back(nova(relator_, leitor));
+  for (RegistroLido lido; leitor.proximo(lido); ++linhas_)
+    for (const auto& familia : familias_) familia->linha(lido);
+  if (linhas.erro() == 0)
+    for (const auto& familia : familias_) familia->fim();
+  familias_.clear();
+  return linhas.erro() == 0;
+}
+
+}  // namespace cotepe

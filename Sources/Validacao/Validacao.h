@@ -1,0 +1,50 @@
+// Holds a report to the rules, in one pass.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Leitor/LeitorDeRegistros.h"
+#include "Validacao/Familia.h"
+#include "Validacao/Regras.h"
+
+namespace cotepe {
+
+/// What a validation is told.
+struct OpcoesDeValidacao {
+  std::string arquivo;          ///< its name in the findings
+  ConjuntoDeRegras desligadas;  ///< rules that are not looked at
+};
+
+/// Reads a report to its end and gives every finding to `recebe`, in one pass: most of them at their line,
+/// those of whole documents and of the whole file at the end.
+///
+/// Of each coupon of E14 and E19 something is remembered, since its items and payments stand elsewhere in the
+/// file: the last pages of it in memory, the others in a temporary file without a name (in TMPDIR), or in
+/// memory too where there is no room for one.
+///
+///   Validacao validador(saida, opcoes);
+///   LeitorDeLinhas linhas(descritor);
+///   if (!validador.valida(linhas)) ... linhas.erro() ...
+class Validacao {
+ public:
+  /// Borrows `recebe`, and copies the options.
+  Validacao(RecebeAchados& recebe, const OpcoesDeValidacao& opcoes);
+  ~Validacao();
+  Validacao(const Validacao&) = delete;
+  Validacao& operator=(const Validacao&) = delete;
+
+  /// False when the file could not be read to its end (LeitorDeLinhas::erro). To be called once.
+  bool valida(LeitorDeLinhas& linhas);
+
+  /// Lines read.
+  long linhas() const { return linhas_; }
+
+ private:
+  Relator relator_;
+  std::vector<std::unique_ptr<Familia>> familias_;
+  long linhas_ = 0;
+};
+
+}  // namespace cotepe

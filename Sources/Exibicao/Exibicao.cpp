@@ -32,7 +32,7 @@ class Base : public Exibicao {
 
  protected:
   bool escondido(const RegistroLido& lido, std::size_t i) const {
-    return mascara_ && pessoal(*lido.campos[i].campo);
+    return mascara_ && lido.campos[i].campo->dadoPessoal;
   }
 
   Valor valor(const RegistroLido& lido, std::size_t i) const {

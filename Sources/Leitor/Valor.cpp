@@ -1,7 +1,6 @@
 #include "Leitor/Valor.h"
 
 #include <algorithm>
-#include <array>
 
 #include "Leiaute/Releitura.h"
 #include "Leitor/Trecho.h"
@@ -89,12 +88,6 @@ std::string paraPessoas(const Valor& valor, std::string_view bytes) {
     default:
       return valor.texto;
   }
-}
-
-bool pessoal(const Campo& campo) {
-  static constexpr std::array<std::string_view, 4> kRotulos = {"Nome do consumidor", "CPF/CNPJ do consumidor",
-                                                               "Texto suplementar", "Texto complementar"};
-  return std::find(kRotulos.begin(), kRotulos.end(), campo.rotulo) != kRotulos.end();
 }
 
 std::string mascarado(std::string_view bytes) {

@@ -37,9 +37,6 @@ std::string comMilhares(std::string decimal);
 /// A value as people of the country write it: 1.234,56 and 31/01/2024; numbers of counters as on the line.
 std::string paraPessoas(const Valor& valor, std::string_view bytes);
 
-/// Whether the field tells about a consumer: the name, the CPF or CNPJ, the free texts of a coupon.
-bool pessoal(const Campo& campo);
-
 /// A '*' for each character that is not blank.
 std::string mascarado(std::string_view bytes);
 

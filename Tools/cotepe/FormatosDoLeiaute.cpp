@@ -9,13 +9,13 @@
 namespace cotepe::programa {
 namespace {
 
-constexpr std::size_t kColunas = 7;
+constexpr std::size_t kColunas = 8;
 using Celulas = std::array<std::string, kColunas>;
 
 constexpr std::array<const char*, kColunas> kTitulos = {
-    marca("No."),  marca("Label"),       marca("Positions"), marca("Width"),
-    marca("Kind"), marca("Placeholder"), marca("Condition")};
-constexpr std::array<bool, kColunas> kADireita = {true, false, false, true, false, false, false};
+    marca("No."),   marca("Label"), marca("Key"),         marca("Positions"),
+    marca("Width"), marca("Kind"),  marca("Placeholder"), marca("Condition")};
+constexpr std::array<bool, kColunas> kADireita = {true, false, false, false, true, false, false, false};
 
 std::string posicoes(const LinhaDaTabela& linha) {
   if (linha.de == linha.ate) return std::to_string(linha.de);
@@ -43,10 +43,14 @@ Celulas titulos() {
 }
 
 Celulas celulasDe(const LinhaDaTabela& linha) {
-  return {
-      std::to_string(linha.numero),  linha.rotulo,          posicoes(linha),
-      std::to_string(linha.largura), traduz(linha.especie), frase(linha.vazio.modelo, {linha.vazio.parte}),
-      condicao(linha, frase)};
+  return {std::to_string(linha.numero),
+          linha.rotulo,
+          linha.chave,
+          posicoes(linha),
+          std::to_string(linha.largura),
+          traduz(linha.especie),
+          frase(linha.vazio.modelo, {linha.vazio.parte}),
+          condicao(linha, frase)};
 }
 
 std::string comandos(const Registro& registro) {
@@ -103,7 +107,7 @@ std::string emLinhaDeMarkdown(const Celulas& celulas) {
 }
 
 std::string tabelaEmMarkdown(const TabelaDoLeiaute& tabela) {
-  return emLinhaDeMarkdown(titulos()) + "|---:|---|---|---:|---|---|---|\n" +
+  return emLinhaDeMarkdown(titulos()) + "|---:|---|---|---|---:|---|---|---|\n" +
          lista(tabela.linhas, "",
                [](const LinhaDaTabela& linha) { return emLinhaDeMarkdown(celulasDe(linha)); });
 }
@@ -116,6 +120,7 @@ bool primeira(const Tabelas& tabelas, std::size_t i) {
 nlohmann::ordered_json campoEmJson(const LinhaDaTabela& linha) {
   return {{"number", linha.numero},
           {"label", linha.rotulo},
+          {"key", linha.chave},
           {"from", linha.de},
           {"to", linha.ate},
           {"width", linha.largura},

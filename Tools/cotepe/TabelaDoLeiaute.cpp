@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "Idioma/Idioma.h"
+#include "Leiaute/Chave.h"
 #include "Leiaute/Releitura.h"
 #include "Registros/Catalogo.h"
 
@@ -96,8 +97,8 @@ std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool c
     if (!campo.existe(versao, cat52)) continue;
     if (campo.posicao != 0) posicao = campo.posicao;
     const int largura = larguraNominal(campo, versao);
-    linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, posicao, posicao + largura - 1,
-                      largura, nomeDaEspecie(campo),
+    linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, chaveDe(campo), posicao,
+                      posicao + largura - 1, largura, nomeDaEspecie(campo),
                       temVazio(registro, cat52) ? vazioDe(registro, campo, noCabecalho) : Dito{"-", ""},
                       condicoesDe(campo)});
     if (!campo.naoAvanca) posicao += largura;

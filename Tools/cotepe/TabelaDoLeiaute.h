@@ -23,6 +23,7 @@ struct Dito {
 struct LinhaDaTabela {
   int numero;                   // from 1
   std::string rotulo;           // UTF-8
+  std::string chave;            // what programs call it
   int de, ate;                  // positions from 1, both included
   int largura;                  // bytes
   const char* especie;          // a message

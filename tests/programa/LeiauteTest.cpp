@@ -24,53 +24,57 @@ TEST_F(Leiaute, OfE22AsText) {
             "Commands: MF, TDM. Placeholder record: none.\n"
             "\n"
             "Layout 2: 55 bytes.\n"
-            "No.  Label                    Positions  Width  Kind                Placeholder  Condition\n"
-            "  1  Tipo do registro         1-3            3  text, never filled  -\n"
-            "  2  Nº de fabricação do ECF  4-23          20  text                -\n"
-            "  3  Modelo do ECF            24-43         20  text                -\n"
-            "  4  Número                   44-47          4  number              -            a longer "
-            "number moves "
-            "the later fields\n"
-            "  5  Data                     48-55          8  date AAAAMMDD       -\n");
+            "No.  Label                    Key                    Positions  Width  Kind                "
+            "Placeholder  "
+            "Condition\n"
+            "  1  Tipo do registro         tipo_registro          1-3            3  text, never filled  -\n"
+            "  2  Nº de fabricação do ECF  numero_fabricacao_ecf  4-23          20  text                -\n"
+            "  3  Modelo do ECF            modelo_ecf             24-43         20  text                -\n"
+            "  4  Número                   numero                 44-47          4  number              -    "
+            "        "
+            "a longer number moves the later fields\n"
+            "  5  Data                     data                   48-55          8  date AAAAMMDD       -\n");
 }
 
 TEST_F(Leiaute, OfE09AsMarkdownInBothLayouts) {
   const std::string texto = imprime({"E09", "--format", "markdown"});
-  EXPECT_EQ(texto.substr(texto.find("\n## ")),
-            "\n## E09 Relação de intervenções técnicas\n"
-            "\n"
-            "Commands: MF, TDM. Placeholder record: outside CAT52 mode.\n"
-            "\n"
-            "Layout 1: 65 bytes.\n"
-            "\n"
-            "| No. | Label | Positions | Width | Kind | Placeholder | Condition |\n"
-            "|---:|---|---|---:|---|---|---|\n"
-            "| 1 | Tipo do registro | 1-3 | 3 | text, never filled | as in a record |   |\n"
-            "| 2 | Nº de fabricação do ECF | 4-23 | 20 | text | as in a record |   |\n"
-            "| 3 | MF adicional | 24 | 1 | text, never filled | as in a record |   |\n"
-            "| 4 | Modelo do ECF | 25-44 | 20 | text | as in a record |   |\n"
-            "| 5 | CRO | 45-50 | 6 | number | zeros |   |\n"
-            "| 6 | Data da intervenção | 51-58 | 8 | date AAAAMMDD | blanks |   |\n"
-            "| 7 | Hora da intervenção | 59-64 | 6 | hour HHMMSS | blanks |   |\n"
-            "| 8 | Perda de dados da MT | 65 | 1 | text, never filled | blanks |   |\n"
-            "\n"
-            "Layout 2: 79 bytes.\n"
-            "\n"
-            "| No. | Label | Positions | Width | Kind | Placeholder | Condition |\n"
-            "|---:|---|---|---:|---|---|---|\n"
-            "| 1 | Tipo do registro | 1-3 | 3 | text, never filled | as in a record |   |\n"
-            "| 2 | Nº de fabricação do ECF | 4-23 | 20 | text | as in a record |   |\n"
-            "| 3 | MF adicional | 24 | 1 | text, never filled | as in a record |   |\n"
-            "| 4 | Modelo do ECF | 25-44 | 20 | text | as in a record |   |\n"
-            "| 5 | CRO | 45-50 | 6 | number | zeros |   |\n"
-            "| 6 | Data da intervenção | 51-58 | 8 | date AAAAMMDD | blanks |   |\n"
-            "| 7 | Hora da intervenção | 59-64 | 6 | hour HHMMSS | blanks |   |\n"
-            "| 8 | Perda de dados da MT | 65 | 1 | text, never filled | blanks |   |\n"
-            "| 9 | Tipo de intervenção | 66 | 1 | text, never filled | blanks | layout 2 only; in a "
-            "placeholder what "
-            "follows begins at the same position |\n"
-            "| 10 | CRZ | 67-70 | 4 | number | zeros | layout 2 only |\n"
-            "| 11 | COO | 71-79 | 9 | number | zeros | layout 2 only |\n");
+  EXPECT_EQ(
+      texto.substr(texto.find("\n## ")),
+      "\n## E09 Relação de intervenções técnicas\n"
+      "\n"
+      "Commands: MF, TDM. Placeholder record: outside CAT52 mode.\n"
+      "\n"
+      "Layout 1: 65 bytes.\n"
+      "\n"
+      "| No. | Label | Key | Positions | Width | Kind | Placeholder | Condition |\n"
+      "|---:|---|---|---|---:|---|---|---|\n"
+      "| 1 | Tipo do registro | tipo_registro | 1-3 | 3 | text, never filled | as in a record |   |\n"
+      "| 2 | Nº de fabricação do ECF | numero_fabricacao_ecf | 4-23 | 20 | text | as in a record |   |\n"
+      "| 3 | MF adicional | mf_adicional | 24 | 1 | text, never filled | as in a record |   |\n"
+      "| 4 | Modelo do ECF | modelo_ecf | 25-44 | 20 | text | as in a record |   |\n"
+      "| 5 | CRO | cro | 45-50 | 6 | number | zeros |   |\n"
+      "| 6 | Data da intervenção | data_intervencao | 51-58 | 8 | date AAAAMMDD | blanks |   |\n"
+      "| 7 | Hora da intervenção | hora_intervencao | 59-64 | 6 | hour HHMMSS | blanks |   |\n"
+      "| 8 | Perda de dados da MT | perda_dados_mt | 65 | 1 | text, never filled | blanks |   |\n"
+      "\n"
+      "Layout 2: 79 bytes.\n"
+      "\n"
+      "| No. | Label | Key | Positions | Width | Kind | Placeholder | Condition |\n"
+      "|---:|---|---|---|---:|---|---|---|\n"
+      "| 1 | Tipo do registro | tipo_registro | 1-3 | 3 | text, never filled | as in a record |   |\n"
+      "| 2 | Nº de fabricação do ECF | numero_fabricacao_ecf | 4-23 | 20 | text | as in a record |   |\n"
+      "| 3 | MF adicional | mf_adicional | 24 | 1 | text, never filled | as in a record |   |\n"
+      "| 4 | Modelo do ECF | modelo_ecf | 25-44 | 20 | text | as in a record |   |\n"
+      "| 5 | CRO | cro | 45-50 | 6 | number | zeros |   |\n"
+      "| 6 | Data da intervenção | data_intervencao | 51-58 | 8 | date AAAAMMDD | blanks |   |\n"
+      "| 7 | Hora da intervenção | hora_intervencao | 59-64 | 6 | hour HHMMSS | blanks |   |\n"
+      "| 8 | Perda de dados da MT | perda_dados_mt | 65 | 1 | text, never filled | blanks |   |\n"
+      "| 9 | Tipo de intervenção | tipo_intervencao | 66 | 1 | text, never filled | blanks | layout 2 only; "
+      "in a "
+      "placeholder what "
+      "follows begins at the same position |\n"
+      "| 10 | CRZ | crz | 67-70 | 4 | number | zeros | layout 2 only |\n"
+      "| 11 | COO | coo | 71-79 | 9 | number | zeros | layout 2 only |\n");
 }
 
 TEST_F(Leiaute, OfE14AsJsonInCat52ModeHasNoTexts) {
@@ -87,6 +91,7 @@ TEST_F(Leiaute, OfE14AsJsonInCat52ModeHasNoTexts) {
   ASSERT_EQ(e14["fields"].size(), 19U);
   EXPECT_EQ(e14["fields"][18], (Json{{"number", 19},
                                      {"label", "CPF/CNPJ do consumidor"},
+                                     {"key", "cpf_cnpj_consumidor"},
                                      {"from", 184},
                                      {"to", 197},
                                      {"width", 14},

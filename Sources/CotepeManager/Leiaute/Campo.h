@@ -100,6 +100,7 @@ struct Campo {
   bool desloca = false;         ///< never clipped: a longer number moves the later fields right
   bool naoAvanca = false;       ///< the cursor stays before the field in a data record ...
   bool naoAvancaVazio = false;  ///< ... and in a placeholder record
+  bool dadoPessoal = false;     ///< tells about a consumer
 
   constexpr Campo() = default;
   /// The texts are borrowed and live for ever.
@@ -120,6 +121,7 @@ struct Campo {
   constexpr Campo nuncaCortado()               const { Campo c = *this; c.desloca = true; return c; }
   constexpr Campo semAvancar()                 const { Campo c = *this; c.naoAvanca = true; return c; }
   constexpr Campo semAvancarVazio()            const { Campo c = *this; c.naoAvancaVazio = true; return c; }
+  constexpr Campo pessoal()                    const { Campo c = *this; c.dadoPessoal = true; return c; }
   // clang-format on
   ///@}
 

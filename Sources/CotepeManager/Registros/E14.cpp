@@ -22,10 +22,10 @@ constexpr auto kCampos = registroDoUsuario("E14", {
     letra        ("Cancelado (S/N)",                    coluna(7)),
     dinheiro     ("Cancelamento de acréscimo",      13, coluna(8)),
     letra        ("Ordem de desconto e acréscimo",      funcao(ordemDescontoAcrescimo)),
-    texto        ("Nome do consumidor",             40, coluna(9)),
-    identificador("CPF/CNPJ do consumidor",             coluna(10)),
-    texto        ("Texto suplementar",             560, coluna(15)).semNaoAscii().naVersao2().foraDoCat52(),
-    texto        ("Texto complementar",             84, coluna(16)).semNaoAscii().naVersao2().foraDoCat52(),
+    texto        ("Nome do consumidor",             40, coluna(9)).pessoal(),
+    identificador("CPF/CNPJ do consumidor",             coluna(10)).pessoal(),
+    texto        ("Texto suplementar",             560, coluna(15)).semNaoAscii().naVersao2().foraDoCat52().pessoal(),
+    texto        ("Texto complementar",             84, coluna(16)).semNaoAscii().naVersao2().foraDoCat52().pessoal(),
     texto        ("Assinatura do documento",        44, coluna(17)).naVersao2().foraDoCat52(),
 });
 // clang-format on

@@ -20,8 +20,8 @@ constexpr auto kCampos = registroDoUsuario("E19", {
     letra        ("Cancelado (S/N)",                    coluna(7)),
     dinheiro     ("Cancelamento de acréscimo",      13, coluna(8)),
     letra        ("Ordem de desconto e acréscimo",      funcao(ordemDescontoAcrescimo)),
-    texto        ("Nome do consumidor",             40, coluna(9)),
-    identificador("CPF/CNPJ do consumidor",             coluna(10)),
+    texto        ("Nome do consumidor",             40, coluna(9)).pessoal(),
+    identificador("CPF/CNPJ do consumidor",             coluna(10)).pessoal(),
 });
 // clang-format on
 static_assert(comprimento(kCampos, 1, false) == 191);

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "Geracao.h"
-#include "Hospedeiro.h"
+#include "HospedeiroParado.h"
 #include "Piso.h"
 #include "referencia/Referencia.h"
 
@@ -65,9 +65,9 @@ class Cronometro final : public bench::HospedeiroParado {
  public:
   explicit Cronometro(Medida& medida) : medida_(medida) {}
 
-  void inicia(const cotepe::Registro& /*registro*/) override { inicio_ = agora(); }
-  void conclui(const cotepe::Registro& registro, long linhas, bool /*completo*/) override {
-    medida_.registros[registro.codigo] = {linhas, desde(inicio_)};
+  void inicia(const char* /*registro*/) override { inicio_ = agora(); }
+  void conclui(const char* registro, long linhas, bool /*completo*/) override {
+    medida_.registros[registro] = {linhas, desde(inicio_)};
   }
 
  private:

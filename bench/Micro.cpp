@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Financial.h"
-#include "Hospedeiro.h"
+#include "HospedeiroParado.h"
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
 #include "Leiaute/Texto.h"

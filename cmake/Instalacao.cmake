@@ -7,12 +7,10 @@ set(cotepe_cabecalhos ${CMAKE_INSTALL_INCLUDEDIR}/cotepe)
 set(cotepe_pacote ${CMAKE_INSTALL_LIBDIR}/cmake/cotepe)
 
 install(FILES Sources/InterfaceC/cotepe.h Sources/CotepeManager/CotepeManager.h Sources/CotepeManager/Geracao.h
+  Sources/CotepeManager/Hospedeiro.h
   libs/BigInt/BigInt.h libs/Financial/Financial.h
   Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/PreencheComChar.h Host/RtcClasses.h
   DESTINATION ${cotepe_cabecalhos} COMPONENT desenvolvimento)
-install(FILES Sources/CotepeManager/Leiaute/Campo.h Sources/CotepeManager/Leiaute/Execucao.h
-  Sources/CotepeManager/Leiaute/Registro.h
-  DESTINATION ${cotepe_cabecalhos}/Leiaute COMPONENT desenvolvimento)
 
 set_target_properties(Host PROPERTIES OUTPUT_NAME cotepe_host)
 install(TARGETS cotepe_compartilhada cotepe_estatica Host EXPORT cotepe

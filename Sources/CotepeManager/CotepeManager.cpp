@@ -114,9 +114,9 @@ cotepe::Ajustes CotepeManager::ajustes() const {
 
 void CotepeManager::escreve(const cotepe::Registro& registro, cotepe::Hospedeiro& hospedeiro) {
   cotepe::ExecucaoSqlite execucao(db, ReportFile, ajustes(), hospedeiro);
-  hospedeiro.inicia(registro);
+  hospedeiro.inicia(registro.codigo);
   registro.escreve(execucao, registro);
-  hospedeiro.conclui(registro, execucao.linhas(), execucao.completa());
+  hospedeiro.conclui(registro.codigo, execucao.linhas(), execucao.completa());
 }
 
 void CotepeManager::formataData(char* src, char* dst) { cotepe::formataData(src, dst); }

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "CotepeManager.h"
-#include "Leiaute/Execucao.h"
-#include "Leiaute/Registro.h"
+#include "Hospedeiro.h"
 
 namespace cotepe {
 

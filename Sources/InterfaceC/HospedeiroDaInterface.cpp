@@ -73,9 +73,9 @@ void HospedeiroDaInterface::preenche(char* texto, char* destino, int largura) {
   std::memset(destino + usados, ' ', bytes - usados);
 }
 
-void HospedeiroDaInterface::conclui(const Registro& registro, long linhas, bool completo) {
+void HospedeiroDaInterface::conclui(const char* registro, long linhas, bool completo) {
   completa_ = completa_ && completo;
-  if (aviso_.funcao != nullptr) aviso_.funcao(aviso_.usuario, registro.codigo, linhas, completo ? 1 : 0);
+  if (aviso_.funcao != nullptr) aviso_.funcao(aviso_.usuario, registro, linhas, completo ? 1 : 0);
 }
 
 HospedeiroDaInterface::Carimbo HospedeiroDaInterface::carimbo(const cotepe_time& momento) {

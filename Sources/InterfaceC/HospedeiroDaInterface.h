@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "Leiaute/Execucao.h"
+#include "Hospedeiro.h"
 #include "cotepe.h"
 
 namespace cotepe {
@@ -33,7 +33,7 @@ class HospedeiroDaInterface final : public Hospedeiro {
   const char* tipo() override { return tipo_.c_str(); }
   void dataHoraAtual(char* saida) override;
   void preenche(char* texto, char* destino, int largura) override;
-  void conclui(const Registro& registro, long linhas, bool completo) override;
+  void conclui(const char* registro, long linhas, bool completo) override;
 
  private:
   template <class Funcao>

@@ -7,7 +7,6 @@
 
 #include "ArquivoDeLog.h"
 #include "Idioma/Idioma.h"
-#include "Leiaute/Registro.h"
 #include "PreencheComChar.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"
@@ -33,14 +32,14 @@ void HospedeiroDoPrograma::preenche(char* texto, char* destino, int largura) {
 
 void HospedeiroDoPrograma::falhaSemMensagem() { motivo_ = sqlite3_errmsg(banco_); }
 
-void HospedeiroDoPrograma::inicia(const Registro& registro) {
+void HospedeiroDoPrograma::inicia(const char* registro) {
   paraSeInterrompido();
   motivo_.clear();
-  progresso_.etapa(registro.codigo);
+  progresso_.etapa(registro);
 }
 
-void HospedeiroDoPrograma::conclui(const Registro& registro, long linhas, bool completo) {
-  etapas_.push_back({&registro, linhas, completo, motivo_});
+void HospedeiroDoPrograma::conclui(const char* registro, long linhas, bool completo) {
+  etapas_.push_back({registro, linhas, completo, motivo_});
 }
 
 bool HospedeiroDoPrograma::continua() noexcept {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Leiaute/Execucao.h"
+#include "Hospedeiro.h"
 
 class ArquivoDeLog;
 struct sqlite3;
@@ -20,7 +20,7 @@ struct Identidade {
 
 /// How a register ended.
 struct Etapa {
-  const Registro* registro;
+  const char* registro;  // its code
   long linhas;
   bool completa;
   std::string motivo;  // of the failed query
@@ -43,8 +43,8 @@ class HospedeiroDoPrograma final : public Hospedeiro {
   void dataHoraAtual(char* saida) override;
   void preenche(char* texto, char* destino, int largura) override;
   void falhaSemMensagem() override;
-  void inicia(const Registro& registro) override;
-  void conclui(const Registro& registro, long linhas, bool completo) override;
+  void inicia(const char* registro) override;
+  void conclui(const char* registro, long linhas, bool completo) override;
 
   /// To be called often inside a query: shows progress; false when the query is to be stopped.
   bool continua() noexcept;

@@ -3,7 +3,6 @@
 #include <cstdio>
 
 #include "Idioma/Idioma.h"
-#include "Leiaute/Registro.h"
 
 namespace cotepe::programa {
 
@@ -13,7 +12,7 @@ std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatori
   std::string texto;
   long total = 0;
   for (const Etapa& etapa : etapas) {
-    static_cast<void>(std::snprintf(linha, sizeof linha, "%s %11ld\n", etapa.registro->codigo, etapa.linhas));
+    static_cast<void>(std::snprintf(linha, sizeof linha, "%s %11ld\n", etapa.registro, etapa.linhas));
     texto += linha;
     total += etapa.linhas;
   }
@@ -36,7 +35,7 @@ std::string incompletos(const std::vector<Etapa>& etapas) {
   for (const Etapa& etapa : etapas) {
     if (etapa.completa) continue;
     if (!texto.empty()) texto += ", ";
-    texto += std::string(etapa.registro->codigo) + " (" + etapa.motivo + ")";
+    texto += std::string(etapa.registro) + " (" + etapa.motivo + ")";
   }
   return texto;
 }

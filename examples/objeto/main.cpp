@@ -20,7 +20,7 @@ class Aplicativo final : public cotepe::Hospedeiro {
     std::memset(destino, ' ', bytes);
     std::memcpy(destino, texto, strnlen(texto, bytes));
   }
-  void conclui(const cotepe::Registro& /*registro*/, long /*linhas*/, bool completo) override {
+  void conclui(const char* /*registro*/, long /*linhas*/, bool completo) override {
     completa = completa && completo;
   }
 

@@ -59,8 +59,8 @@ class Ouvinte final : public cotepe::Hospedeiro {
     PreencheComChar(texto, destino, largura, ' ', 1);
   }
   void dataHoraAtual(char* saida) override { std::strcpy(saida, kCarimbo); }
-  void conclui(const cotepe::Registro& registro, long /*linhas*/, bool completo) override {
-    if (!completo) corrida_.incompletos.emplace_back(registro.codigo);
+  void conclui(const char* registro, long /*linhas*/, bool completo) override {
+    if (!completo) corrida_.incompletos.emplace_back(registro);
   }
 
  private:

@@ -27,8 +27,8 @@ class HospedeiroDeTeste : public cotepe::Hospedeiro {
     recebido = std::string(texto) + "/" + std::to_string(largura);
   }
   void falhaSemMensagem() override { roteiro += "?"; }
-  void inicia(const cotepe::Registro& registro) override { roteiro += std::string("<") + registro.codigo; }
-  void conclui(const cotepe::Registro& /*registro*/, long linhas, bool completo) override {
+  void inicia(const char* registro) override { roteiro += std::string("<") + registro; }
+  void conclui(const char* /*registro*/, long linhas, bool completo) override {
     roteiro += " " + std::to_string(linhas) + (completo ? "> " : "!> ");
   }
 

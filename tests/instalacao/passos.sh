@@ -18,7 +18,7 @@ arquivos_de() { (cd "$1" && find . ! -type d | LC_ALL=C sort); }
 instala() {
   rm -rf "$PREFIXO"
   cmake --install "$CONSTRUCAO" --prefix "$PREFIXO" >instala.txt
-  for arquivo in bin/cotepe include/cotepe/cotepe.h include/cotepe/Leiaute/Execucao.h "$BIBLIOTECAS/libcotepe.a" \
+  for arquivo in bin/cotepe include/cotepe/cotepe.h include/cotepe/Hospedeiro.h "$BIBLIOTECAS/libcotepe.a" \
     "$BIBLIOTECAS/libcotepe_host.a" "$BIBLIOTECAS/libcotepe.so.$VERSAO" \
     "$BIBLIOTECAS/cmake/cotepe/cotepeConfig.cmake" "$BIBLIOTECAS/pkgconfig/cotepe.pc" \
     share/locale/pt_BR/LC_MESSAGES/cotepe.mo; do

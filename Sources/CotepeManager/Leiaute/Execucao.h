@@ -3,6 +3,8 @@
 
 #include <memory>
 
+#include "Hospedeiro.h"
+
 namespace cotepe {
 
 class Linha;
@@ -20,39 +22,6 @@ struct Ajustes {
   const char* comando = "";          ///< at most 3 characters of the command given
   const char* dataHoraInicial = "";  ///< YYYY-MM-DD 00:00:00
   const char* dataHoraFinal = "";    ///< YYYY-MM-DD 23:59:59
-};
-
-/// The services and the knowledge of the application around the generator.
-class Hospedeiro {
- public:
-  virtual ~Hospedeiro() = default;
-
-  /// Appends one message line to the application's log.
-  virtual void registraLog(const char* mensagem) = 0;
-
-  ///@{
-  /// What is known of the printer without its database; empty when unknown. Need not be terminated after
-  /// 30 (serial, modelo) or 15 bytes (tipo): callers bound their copies.
-  virtual const char* serial() = 0;
-  virtual const char* modelo() = 0;
-  virtual const char* tipo() = 0;
-  ///@}
-
-  /// Leaves the current time in `saida` as AAAAMMDD, one separator, HHMMSS; `saida` holds 41 zeroed bytes.
-  virtual void dataHoraAtual(char* saida) = 0;
-
-  /// Places `texto` left-aligned and blank-filled into the `largura` bytes at `destino`.
-  virtual void preenche(char* texto, char* destino, int largura) = 0;
-
-  /// A query failed whose register logs nothing then.
-  virtual void falhaSemMensagem() {}
-
-  ///@{
-  /// Follow a run register by register: its start, and its end with the number of lines that it wrote and
-  /// whether each of its queries ended normally.
-  virtual void inicia(const Registro& /*registro*/) {}
-  virtual void conclui(const Registro& /*registro*/, long /*linhas*/, bool /*completo*/) {}
-  ///@}
 };
 
 /// A row of a query; its texts are valid until the next row. NULL is an empty text.

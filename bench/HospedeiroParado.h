@@ -4,7 +4,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "Leiaute/Execucao.h"
+#include "Hospedeiro.h"
 
 namespace bench {
 

@@ -13,6 +13,13 @@
 namespace cotepe {
 namespace {
 
+constexpr Regra regraDaDiferenca(const char* nome) { return {nome, Severidade::Erro, nullptr, nullptr}; }
+
+constexpr Regra kCampo = regraDaDiferenca("field"), kFalta = regraDaDiferenca("missing"),
+                kSobra = regraDaDiferenca("added"), kLinha = regraDaDiferenca("line"),
+                kFimDeLinha = regraDaDiferenca("line-end"), kOrdem = regraDaDiferenca("order"),
+                kLarguras = regraDaDiferenca("layout");
+
 constexpr int kFolga = 16;  // lines that a side may be ahead by register: a lone line out of place is no gap
 constexpr std::size_t kMaximoMostrado = 60;  // bytes of a text
 
@@ -155,9 +162,7 @@ void Comparacao::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
     fecha(a, b);
   }
   if (soLarguras_ == 0) return;
-  Achado achado;
-  achado.regra = "layout";
-  achado.arquivo = opcoes_.encontrado;
+  Achado achado = achadoDe(kLarguras, opcoes_.encontrado);
   achado.encontrado =
       fraseDe("{n} record in fields of other widths", "{n} records in fields of other widths", soLarguras_);
   achado.esperado = frase("the widths of {1}", {opcoes_.esperado});
@@ -201,7 +206,7 @@ int Comparacao::confrontaCampos(const RegistroLido& esperado, const RegistroLido
       ++diferentes;
       const RegistroLido& tem = i < 0 ? encontrado : esperado;
       const auto k = static_cast<std::size_t>(i < 0 ? j : i);
-      Achado achado = achadoEm("field", esperado, encontrado, ordem);
+      Achado achado = achadoEm(kCampo, esperado, encontrado, ordem);
       achado.numero = tem.campos[k].numero;
       achado.campo = rotuloUnico(tem, k);
       achado.encontrado = i < 0 ? legivel(tem, k) : traduz("no such field");
@@ -219,7 +224,7 @@ int Comparacao::confrontaCampos(const RegistroLido& esperado, const RegistroLido
       continue;
     }
     ++diferentes;
-    Achado achado = achadoEm("field", esperado, encontrado, ordem);
+    Achado achado = achadoEm(kCampo, esperado, encontrado, ordem);
     const CampoLido& campo = encontrado.campos[b];
     achado.numero = campo.numero;
     achado.campo = rotuloUnico(encontrado, b);
@@ -232,7 +237,7 @@ int Comparacao::confrontaCampos(const RegistroLido& esperado, const RegistroLido
 }
 
 void Comparacao::confrontaResto(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem) {
-  const auto aponta = [&](const char* regra, const std::string& encontra, const std::string& espera) {
+  const auto aponta = [&](const Regra& regra, const std::string& encontra, const std::string& espera) {
     Achado achado = achadoEm(regra, esperado, encontrado, ordem);
     achado.encontrado = encontra;
     achado.esperado = espera;
@@ -240,14 +245,14 @@ void Comparacao::confrontaResto(const RegistroLido& esperado, const RegistroLido
   };
   const std::string_view restoA = resto(esperado), restoB = resto(encontrado);
   if (restoA != restoB)
-    aponta("line", frase("{1} behind the last field", {nomeDoResto(encontrado.linha, restoB)}),
+    aponta(kLinha, frase("{1} behind the last field", {nomeDoResto(encontrado.linha, restoB)}),
            nomeDoResto(esperado.linha, restoA));
   if (!inteira(esperado.linha) || !inteira(encontrado.linha))
-    aponta("line",
+    aponta(kLinha,
            frase("a line of {1} bytes, not all of them compared", {std::to_string(encontrado.linha.tamanho)}),
            fraseDe("{n} byte", "{n} bytes", static_cast<long long>(esperado.linha.tamanho)));
   if (!mesmoFim(esperado.linha, encontrado.linha))
-    aponta("line-end", nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
+    aponta(kFimDeLinha, nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
 }
 
 // Both sides are read in their order, so that pairs which are in order come in order.
@@ -256,7 +261,7 @@ void Comparacao::confereOrdem(const RegistroLido& esperado, const RegistroLido& 
   ultimaEsperada_ = std::max(ultimaEsperada_, esperado.linha.numero);
   ultimaEncontrada_ = std::max(ultimaEncontrada_, encontrado.linha.numero);
   if (!fora || !opcoes_.comOrdem) return;
-  Achado achado = achadoEm("order", esperado, encontrado, ordem);
+  Achado achado = achadoEm(kOrdem, esperado, encontrado, ordem);
   achado.encontrado = traduz("the record out of its place");
   achado.esperado = frase("the order of {1}", {opcoes_.esperado});
   saida_.recebe(achado);
@@ -281,9 +286,7 @@ void Comparacao::faltaOuSobra(Pendentes& pendentes, bool falta) {
             [](const Guardado* a, const Guardado* b) { return a->lido.linha.numero < b->lido.linha.numero; });
   for (const Guardado* guardado : emOrdem) {
     const RegistroLido lido = guardado->vista();
-    Achado achado;
-    achado.regra = falta ? "missing" : "added";
-    achado.arquivo = opcoes_.encontrado;
+    Achado achado = achadoDe(falta ? kFalta : kSobra, opcoes_.encontrado);
     achado.conteudo = guardado->texto;
     if (lido.registro != nullptr) achado.registro = lido.registro->codigo;
     const std::string qual = registroComChave(lido, guardado->ordem);
@@ -298,11 +301,9 @@ void Comparacao::faltaOuSobra(Pendentes& pendentes, bool falta) {
   pendentes.clear();
 }
 
-Achado Comparacao::achadoEm(const char* regra, const RegistroLido& esperado, const RegistroLido& encontrado,
+Achado Comparacao::achadoEm(const Regra& regra, const RegistroLido& esperado, const RegistroLido& encontrado,
                             long ordem) const {
-  Achado achado;
-  achado.regra = regra;
-  achado.arquivo = opcoes_.encontrado;
+  Achado achado = achadoDe(regra, opcoes_.encontrado);
   achado.linha = encontrado.linha.numero;
   achado.conteudo = std::string(encontrado.linha.texto);
   if (encontrado.registro != nullptr) achado.registro = encontrado.registro->codigo;

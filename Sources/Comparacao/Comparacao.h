@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "Achados/Achado.h"
+#include "Achados/Regra.h"
 #include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe {
@@ -71,7 +71,7 @@ class Comparacao {
   void confereOrdem(const RegistroLido& esperado, const RegistroLido& encontrado, long ordem);
   void fecha(Lado& esperado, Lado& encontrado);
   void faltaOuSobra(Pendentes& pendentes, bool falta);
-  Achado achadoEm(const char* regra, const RegistroLido& esperado, const RegistroLido& encontrado,
+  Achado achadoEm(const Regra& regra, const RegistroLido& esperado, const RegistroLido& encontrado,
                   long ordem) const;
 
   RecebeAchados& saida_;

@@ -8,6 +8,28 @@
 #include "Leiaute/Texto.h"
 
 namespace cotepe {
+
+const Regra conferencia::kNulo{"null-value", Severidade::Erro,
+                               marca("NULL stands only in dates that may be absent."),
+                               marca("store a value")};
+const Regra conferencia::kTamanhoDaLetra{"flag-length", Severidade::Erro, marca("A flag is one character."),
+                                         marca("store one character")};
+const Regra conferencia::kCodigo{"code-unknown", Severidade::Erro, marca("A code is one of its values."),
+                                 marca("store one of them")};
+const Regra conferencia::kTextoLongo{"text-long", Severidade::Erro,
+                                     marca("A text is no longer than its field, in bytes."),
+                                     marca("shorten it")};
+const Regra conferencia::kTextoCortado{
+    "text-cut", Severidade::Aviso,
+    marca("A text of which only the first bytes are written fits all the same."),
+    marca("shorten it, so that what matters stands in front")};
+const Regra conferencia::kTextoCurto{"text-short", Severidade::Erro,
+                                     marca("A text that is not filled with blanks is as long as its field."),
+                                     marca("store all its characters")};
+const Regra conferencia::kControle{"control-character", Severidade::Erro,
+                                   marca("A text has no control character and no line end."),
+                                   marca("remove it")};
+
 namespace {
 
 bool qualquer(const Campo& /*campo*/) { return true; }
@@ -100,14 +122,14 @@ const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
 }
 
 // The first field that breaks a rule makes the problem, the others are told with it.
-void Conferencia::acha(RegraDoBanco regra, const Destino* destino, std::string encontrado,
+void Conferencia::acha(const Regra& regra, const Destino* destino, std::string encontrado,
                        std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
-    if (problema.regra != regra) continue;
+    if (problema.regra != &regra) continue;
     problema.outros.push_back(destino);
     return;
   }
-  problemas_.push_back({regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});
+  problemas_.push_back({&regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});
 }
 
 std::string Conferencia::valor() const { return celula_.nulo ? "NULL" : citado(celula_.texto); }
@@ -119,7 +141,7 @@ void Conferencia::nulo() {
   const Destino* destino = primeiro(qualquer);
   const char* consequencia =
       destino == nullptr ? marca("{1}, which no query finds") : doVazio(destino->campo->especie);
-  acha(RegraDoBanco::Nulo, destino, valorCom(consequencia), traduz("a value"));
+  acha(conferencia::kNulo, destino, valorCom(consequencia), traduz("a value"));
 }
 
 // A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
@@ -133,7 +155,7 @@ void Conferencia::controle() {
   const Destino* destino =
       primeiro(sempre ? qualquer : [](const Campo& campo) { return !campo.trocaNaoAscii; });
   if (destino == nullptr) return;
-  acha(RegraDoBanco::Controle, destino,
+  acha(conferencia::kControle, destino,
        valorCom(comZero ? marca("{1}, whose zero byte ends the text")
                 : *c == '\n' && !destino->campo->trocaNaoAscii
                     ? marca("{1}, whose line end breaks the line in two")
@@ -152,12 +174,12 @@ void Conferencia::texto(const Destino& destino) {
   const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
   const bool usado = coluna_.forma.forma == Forma::TextoUsado;
   if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > destino.usados)
-    return acha(RegraDoBanco::TextoCortado, &destino,
+    return acha(conferencia::kTextoCortado, &destino,
                 frase("{1}, of which the first {2} characters are written",
                       {valor(), std::to_string(destino.usados)}),
                 frase("at most {1}", {std::to_string(destino.usados)}));
   if (bytes > largura)
-    return acha(usado ? RegraDoBanco::TextoCortado : RegraDoBanco::TextoLongo, &destino,
+    return acha(usado ? conferencia::kTextoCortado : conferencia::kTextoLongo, &destino,
                 ultimoDaLinha(destino)
                     ? fraseDe("{1}, which makes the line {n} byte longer",
                               "{1}, which makes the line {n} bytes longer", bytes - largura, {valor()})
@@ -165,14 +187,14 @@ void Conferencia::texto(const Destino& destino) {
                               "{1}, of which the first {n} bytes are written", largura, {valor()}),
                 fraseDe("at most {n} byte", "at most {n} bytes", largura));
   if (destino.campo->especie == Especie::ComoEsta && bytes < largura)
-    acha(RegraDoBanco::TextoCurto, &destino,
+    acha(conferencia::kTextoCurto, &destino,
          fraseDe("{1}, which makes the line {n} byte shorter", "{1}, which makes the line {n} bytes shorter",
                  largura - bytes, {valor()}),
          fraseDe("{n} byte", "{n} bytes", largura));
 }
 
 void Conferencia::letra(const Destino* destino) {
-  acha(RegraDoBanco::TamanhoDaLetra, destino,
+  acha(conferencia::kTamanhoDaLetra, destino,
        valorCom(destino == nullptr      ? marca("{1}, which leaves the row out")
                 : celula_.texto.empty() ? marca("{1}, which ends the line there")
                                         : marca("{1}, of which the first character is written")),
@@ -183,7 +205,7 @@ void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const 
   if (std::find(codigos.begin(), codigos.end(), celula_.texto) != codigos.end()) return;
   const Forma forma = coluna_.forma.forma;
   const Destino* destino = primeiro(qualquer);
-  acha(RegraDoBanco::Codigo, destino,
+  acha(conferencia::kCodigo, destino,
        valorCom(forma == Forma::Casas             ? marca("{1}, which scales the value as 2 does")
                 : forma == Forma::TipoDeDocumento ? marca("{1}, whose counters are written as zeros")
                 : destino == nullptr              ? marca("{1}, which leaves the row out")

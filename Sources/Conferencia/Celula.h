@@ -8,7 +8,7 @@
 
 #include "BancoFiscal/Formas.h"
 #include "Conferencia/Destinos.h"
-#include "Conferencia/RegrasDoBanco.h"
+#include "Conferencia/Regras.h"
 
 namespace cotepe {
 
@@ -39,7 +39,7 @@ struct Meta {
 
 /// Something wrong with a value. Without `destino` it is no field's.
 struct Problema {
-  RegraDoBanco regra;
+  const Regra* regra;
   std::string encontrado, esperado;
   const Destino* destino = nullptr;
   std::vector<const Destino*> outros;  // hit in the same way
@@ -76,7 +76,7 @@ class Conferencia {
   void data();
 
   void grandeTotalDoE02(const Destino& destino);
-  void acha(RegraDoBanco regra, const Destino* destino, std::string encontrado, std::string esperado,
+  void acha(const Regra& regra, const Destino* destino, std::string encontrado, std::string esperado,
             const char* conserto = nullptr);
   void paraCada(void (Conferencia::*parte)(const Destino*));
   bool vale(const Destino& destino) const;

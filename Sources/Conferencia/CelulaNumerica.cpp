@@ -7,10 +7,46 @@
 #include "Financial.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Texto.h"
-#include "Registros/Catalogo.h"
 #include "Leitor/NumeroFiscal.h"
+#include "Registros/Catalogo.h"
 
 namespace cotepe {
+
+const Regra conferencia::kNaoNumero{"not-a-number", Severidade::Erro,
+                                    marca("A number is digits, of money with a point before the cents."),
+                                    marca("store it as a number")};
+const Regra conferencia::kNegativo{"negative", Severidade::Erro, marca("No number is negative."),
+                                   marca("correct it")};
+const Regra conferencia::kDigitosPerdidos{"digits-lost", Severidade::Erro,
+                                          marca("A number has no more digits than are written of it."),
+                                          marca("correct it")};
+const Regra conferencia::kNumeroLargo{"number-wide", Severidade::Erro,
+                                      marca("An amount or quantity is no wider than its field."),
+                                      marca("correct it")};
+const Regra conferencia::kArredondado{
+    "rounded", Severidade::Aviso, marca("An amount or quantity has no more decimal places than its field."),
+    marca("store it as it was printed")};
+const Regra conferencia::kDesloca{"field-shift", Severidade::Erro,
+                                  marca("A number that is never clipped fits its field."),
+                                  marca("correct it")};
+const Regra conferencia::kFormaDoNumeroFiscal{
+    "tax-number-form", Severidade::Erro,
+    marca("A CNPJ or CPF is digits alone: 14, of a consumer at most 14."),
+    marca("store its digits without separators")};
+const Regra conferencia::kNumeroFiscal{"tax-number", Severidade::Aviso,
+                                       marca("The check digits of a CNPJ or CPF are right."),
+                                       marca("check it against its document")};
+const Regra conferencia::kFormaDaData{"date-form", Severidade::Erro,
+                                      marca("A date-time is YYYY-MM-DD HH:MM:SS."),
+                                      marca("store date and time in this form")};
+const Regra conferencia::kDataImpossivel{"date-impossible", Severidade::Erro,
+                                         marca("A date-time is a day and an hour that exist."),
+                                         marca("correct it")};
+const Regra conferencia::kForaDoPeriodo{
+    "outside-period", Severidade::Erro,
+    marca("No bare date stands on the first day of the period, which leaves it out."),
+    marca("store the time too")};
+
 namespace {
 
 constexpr std::size_t kTamanhoDataHora = 19;
@@ -123,20 +159,20 @@ std::string Conferencia::comoEscrito(const Destino* destino) const {
 void Conferencia::inteiro(const Destino* destino) {
   const Numero numero = leNumero(celula_.texto, false);
   if (!numero.valido)
-    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
-  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
+    return acha(conferencia::kNaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
+  if (numero.negativo) return acha(conferencia::kNegativo, destino, comoEscrito(destino), traduz("no sign"));
   if (destino == nullptr) return;
   const int largura = larguraNominal(*destino->campo, meta_.alcance.menorLeiaute());
   const int sobra = static_cast<int>(numero.inteiros.size()) - largura;
   if (sobra <= 0) return;
   const bool contador = destino->campo->especie == Especie::Contador;
   if (destino->campo->desloca)
-    return acha(RegraDoBanco::Desloca, destino,
+    return acha(conferencia::kDesloca, destino,
                 fraseDe("{1}, which moves the later fields {n} byte to the right",
                         "{1}, which moves the later fields {n} bytes to the right", sobra, {valor()}),
                 ateDigitos(largura));
   const int leiaute = meta_.alcance.menorLeiaute();
-  acha(RegraDoBanco::DigitosPerdidos, destino,
+  acha(conferencia::kDigitosPerdidos, destino,
        frase(contador ? marca("{1}, which is written as {2} in a field of {3} in layout {4}") : kEmCampoDe,
              {valor(), escrito(*destino), std::to_string(largura), std::to_string(leiaute)}),
        ateDigitos(largura),
@@ -147,7 +183,7 @@ void Conferencia::inteiro(const Destino* destino) {
 
 // The greatest grand total goes to E02 through a text of 17 characters.
 void Conferencia::grandeTotalDoE02(const Destino& destino) {
-  acha(RegraDoBanco::DigitosPerdidos, &destino,
+  acha(conferencia::kDigitosPerdidos, &destino,
        valorCom(celula_.texto.size() == kMaximoDoGt ? marca("{1}, whose last character E02 loses")
                                                     : marca("{1}, which E02 does not use")),
        traduz("at most 17 characters"));
@@ -161,20 +197,20 @@ void Conferencia::dinheiro(const Destino* destino) {
   const std::size_t expoente = celula_.texto.find("e+");
   const bool enorme = celula_.real && !numero.negativo && expoente != std::string_view::npos;
   if (!numero.valido && !enorme)
-    return acha(RegraDoBanco::NaoNumero, destino, comoEscrito(destino), traduz("digits and a decimal point"));
-  if (numero.negativo) return acha(RegraDoBanco::Negativo, destino, comoEscrito(destino), traduz("no sign"));
+    return acha(conferencia::kNaoNumero, destino, comoEscrito(destino), traduz("digits and a decimal point"));
+  if (numero.negativo) return acha(conferencia::kNegativo, destino, comoEscrito(destino), traduz("no sign"));
   if (destino == nullptr) return;
   const int casas = celula_.casas == 3 ? 3 : 2, largura = destino->campo->largura;
   if (enorme || static_cast<int>(numero.inteiros.size()) + casas > largura)
-    return acha(RegraDoBanco::NumeroLargo, destino,
+    return acha(conferencia::kNumeroLargo, destino,
                 frase(kEmCampoDe, {valor(), escrito(*destino), std::to_string(largura)}),
                 fraseDe("at most {n} digit before the point", "at most {n} digits before the point",
                         largura - casas));
   if (static_cast<int>(numero.decimais.size()) > casas)
-    acha(RegraDoBanco::Arredondado, destino, comoEscrito(destino),
+    acha(conferencia::kArredondado, destino, comoEscrito(destino),
          frase("{1} decimal places", {std::to_string(casas)}));
   if (celula_.real && leDecimal(std::string(celula_.texto).c_str()) >= kSemCentavos)
-    acha(RegraDoBanco::DigitosPerdidos, destino,
+    acha(conferencia::kDigitosPerdidos, destino,
          valorCom(marca("{1}, a binary number, of which 15 digits are kept")), traduz("a text"),
          marca("store it as a text"));
 }
@@ -184,7 +220,7 @@ void Conferencia::numeroFiscal(const Destino* destino) {
   const bool vazio = numero.empty() && coluna_.forma.forma == Forma::CpfOuCnpj;
   const bool tamanho = coluna_.forma.forma == Forma::Cnpj ? numero.size() == 14 : numero.size() <= 14;
   if (vazio || (digitos(numero) && tamanho)) return;
-  acha(RegraDoBanco::FormaDoNumeroFiscal, destino, comoEscrito(destino),
+  acha(conferencia::kFormaDoNumeroFiscal, destino, comoEscrito(destino),
        coluna_.forma.forma == Forma::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
 }
 
@@ -193,7 +229,7 @@ void Conferencia::digitosVerificadores() {
   if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
   const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);
   if (cnpjValido(catorze) || (coluna_.forma.forma == Forma::CpfOuCnpj && cpfValido(catorze))) return;
-  acha(RegraDoBanco::NumeroFiscal, primeiro([](const Campo&) { return true; }), valor(),
+  acha(conferencia::kNumeroFiscal, primeiro([](const Campo&) { return true; }), valor(),
        traduz("check digits that are right"));
 }
 
@@ -201,7 +237,7 @@ void Conferencia::data() {
   const std::string_view texto = celula_.texto;
   if (naForma(texto)) {
     if (existe(texto)) return;
-    return acha(RegraDoBanco::DataImpossivel, primeiro([](const Campo&) { return true; }), valor(),
+    return acha(conferencia::kDataImpossivel, primeiro([](const Campo&) { return true; }), valor(),
                 traduz("a day and an hour that exist"));
   }
   if (coluna_.forma.aceitaNulo && ausente(texto)) return;
@@ -209,13 +245,13 @@ void Conferencia::data() {
   const Destino* deHora = primeiro([](const Campo& campo) { return campo.especie == Especie::Hora; });
   const bool semHora = deHora != nullptr && texto.size() < kTamanhoDataHora;
   if (coluna_.filtra && !texto.empty() && texto == meta_.primeiroDia)
-    return acha(RegraDoBanco::ForaDoPeriodo, deData,
+    return acha(conferencia::kForaDoPeriodo, deData,
                 valorCom(marca("{1}, which sorts before the first moment of the period")),
                 traduz("YYYY-MM-DD HH:MM:SS"));
   const char* consequencia = texto.size() < 10 || semHora ? marca("{1}, which ends the line there")
                              : coluna_.filtra             ? marca("{1}, which a period sorts wrongly")
                                               : marca("{1}, of which the wrong characters may be written");
-  acha(RegraDoBanco::FormaDaData, texto.size() >= 10 && semHora ? deHora : deData, valorCom(consequencia),
+  acha(conferencia::kFormaDaData, texto.size() >= 10 && semHora ? deHora : deData, valorCom(consequencia),
        traduz("YYYY-MM-DD HH:MM:SS"));
 }
 

@@ -5,7 +5,7 @@
 
 #include "Achados/Achado.h"
 #include "Conferencia/Destinos.h"
-#include "Conferencia/RegrasDoBanco.h"
+#include "Conferencia/Regras.h"
 
 struct sqlite3;
 
@@ -15,7 +15,7 @@ struct OpcoesDaConferencia {
   std::string arquivo;  // its name in the findings
   Alcance alcance;      // which reports are meant
   std::string de, ate;  // the period, YYYY-MM-DD; both empty for all that is stored
-  RegrasDoBanco desligadas;
+  Supressoes desligadas;
 };
 
 /// Reads every table that the reports meant read, once and row by row, and then asks for what does not match

@@ -8,6 +8,19 @@
 #include "Leiaute/Texto.h"
 
 namespace cotepe {
+
+const Regra conferencia::kQuantasLinhas{
+    "row-count", Severidade::Erro,
+    marca("There is one printer, one user, one position, and a version of the software."),
+    marca("leave the row that is valid now")};
+const Regra conferencia::kOrdemDeTexto{
+    "text-order", Severidade::Erro,
+    marca("A counter that rows are sorted by is stored so that 9 comes before 11."),
+    marca("store it as an integer")};
+const Regra conferencia::kMaximoDeTexto{
+    "text-maximum", Severidade::Erro,
+    marca("What a maximum is taken of is stored so that 9 is less than 11."), marca("store it as a number")};
+
 namespace {
 
 constexpr char kPrimeiraHora[] = " 00:00:00", kUltimaHora[] = " 23:59:59";
@@ -193,17 +206,17 @@ void Passada::confereLinha(const Pergunta& pergunta) {
 
 void Passada::relata(const ColunaVerificada& coluna, const Problema& problema,
                      const Pergunta& pergunta) const {
-  if (!contexto_.ligada(problema.regra)) return;
+  if (!contexto_.ligada(*problema.regra)) return;
   std::string encontrado = problema.encontrado;
   if (!problema.outros.empty()) encontrado = frase("{1}; in {2} too", {encontrado, enumera(problema.outros)});
-  contexto_.relata(problema.regra, {forma_.nome, chave(pergunta), coluna.nome}, coluna.leitores,
+  contexto_.relata(*problema.regra, {forma_.nome, chave(pergunta), coluna.nome}, coluna.leitores,
                    problema.destino, encontrado, problema.esperado, problema.conserto);
 }
 
 void Passada::confereQuantas(long linhas) const {
   const bool poucas = linhas < forma_.minimo, muitas = forma_.maximo != 0 && linhas > forma_.maximo;
   if (!poucas && !muitas) return;
-  contexto_.relata(RegraDoBanco::QuantasLinhas, {forma_.nome, "", ""}, contexto_.leitores(forma_.nome, ""),
+  contexto_.relata(conferencia::kQuantasLinhas, {forma_.nome, "", ""}, contexto_.leitores(forma_.nome, ""),
                    nullptr,
                    poucas ? fraseDe("{n} row, without which fields are left out",
                                     "{n} rows, without which fields are left out", linhas)
@@ -219,7 +232,7 @@ void Passada::confereOrdem(const ColunaLigada& coluna) const {
   const Ordem& ordem = coluna.ordem;
   if (ordem.uso == nullptr || ordem.textos == 0 || (ordem.outros == 0 && ordem.menor == ordem.maior)) return;
   const bool maximo = ordem.uso->uso == Uso::Maximo;
-  contexto_.relata(maximo ? RegraDoBanco::MaximoDeTexto : RegraDoBanco::OrdemDeTexto,
+  contexto_.relata(maximo ? conferencia::kMaximoDeTexto : conferencia::kOrdemDeTexto,
                    {forma_.nome, "", coluna.verificada.nome}, coluna.verificada.leitores, nullptr,
                    textosEmDesordem(ordem), traduz("numbers, or texts of as many digits"));
 }

@@ -61,15 +61,11 @@ std::string Contexto::leitores(std::string_view tabela, std::string_view coluna)
   return codigos;
 }
 
-void Contexto::relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro,
+void Contexto::relata(const Regra& regra, const Lugar& lugar, const std::string& registro,
                       const Destino* destino, std::string encontrado, std::string esperado,
                       const char* conserto) const {
   if (!ligada(regra)) return;
-  const DescricaoDaRegraDoBanco& daRegra = descricao(regra);
-  Achado achado;
-  achado.severidade = daRegra.severidade;
-  achado.regra = daRegra.nome;
-  achado.arquivo = opcoes_.arquivo;
+  Achado achado = achadoDe(regra, opcoes_.arquivo);
   achado.tabela = lugar.tabela;
   achado.chave = lugar.chave;
   achado.coluna = lugar.coluna;
@@ -81,7 +77,7 @@ void Contexto::relata(RegraDoBanco regra, const Lugar& lugar, const std::string&
   }
   achado.encontrado = std::move(encontrado);
   achado.esperado = std::move(esperado);
-  achado.conserto = traduz(conserto != nullptr ? conserto : daRegra.conserto);
+  if (conserto != nullptr) achado.conserto = traduz(conserto);
   recebe_.recebe(achado);
 }
 

@@ -47,7 +47,7 @@ class Contexto {
 
   sqlite3* banco() const { return banco_; }
   const OpcoesDaConferencia& opcoes() const { return opcoes_; }
-  bool ligada(RegraDoBanco regra) const { return !opcoes_.desligadas[static_cast<std::size_t>(regra)]; }
+  bool ligada(const Regra& regra) const { return opcoes_.desligadas.ligada(regra); }
 
   /// The columns of a table, in their order; none where there is no such table.
   std::vector<std::string> colunas(const std::string& tabela) const;
@@ -59,7 +59,7 @@ class Contexto {
 
   /// A finding of a rule that is on; `registro` is one or more codes, the field may be null. `conserto`, to
   /// be translated, stands for the rule's own advice.
-  void relata(RegraDoBanco regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
+  void relata(const Regra& regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
               std::string encontrado, std::string esperado, const char* conserto = nullptr) const;
 
  private:

@@ -6,13 +6,35 @@
 #include "Idioma/Idioma.h"
 
 namespace cotepe {
+
+const Regra conferencia::kSemReducao{
+    "no-reduction", Severidade::Erro,
+    marca("A document or total belongs to a Z reduction, or to the day after the last one."),
+    marca("store the reduction, or correct the counter")};
+const Regra conferencia::kSemDocumento{"no-document", Severidade::Erro,
+                                       marca("An item or payment belongs to a coupon."),
+                                       marca("store the coupon, or correct the counter")};
+const Regra conferencia::kSemTotalizador{"no-totalizer", Severidade::Erro,
+                                         marca("The totalizer of a non-fiscal item is registered."),
+                                         marca("register the totalizer")};
+const Regra conferencia::kSemMeio{"no-means", Severidade::Erro,
+                                  marca("The means of a payment is registered."),
+                                  marca("register the means of payment")};
+const Regra conferencia::kRepetido{"counter-repeat", Severidade::Erro,
+                                   marca("A counter or key is used once."),
+                                   marca("leave one of the rows, or correct the counter")};
+const Regra conferencia::kDoisCupons{
+    "two-coupons", Severidade::Erro,
+    marca("A COO is that of a fiscal or of a non-fiscal coupon, not of both."),
+    marca("correct the counter of one of them")};
+
 namespace {
 
-RegraDoBanco regraDaLigacao(const std::string& alvo) {
-  if (alvo == "reducao_z") return RegraDoBanco::SemReducao;
-  if (alvo == "totalizador_nao_fiscal") return RegraDoBanco::SemTotalizador;
-  if (alvo == "meio_pagamento") return RegraDoBanco::SemMeio;
-  return RegraDoBanco::SemDocumento;
+const Regra& regraDaLigacao(const std::string& alvo) {
+  if (alvo == "reducao_z") return conferencia::kSemReducao;
+  if (alvo == "totalizador_nao_fiscal") return conferencia::kSemTotalizador;
+  if (alvo == "meio_pagamento") return conferencia::kSemMeio;
+  return conferencia::kSemDocumento;
 }
 
 const char* chaveDa(const std::string& tabela) {
@@ -62,7 +84,7 @@ bool possivel(const Contexto& contexto, const Ligacao& ligacao) {
 }
 
 void confereLigacao(const Contexto& contexto, const Ligacao& ligacao) {
-  const RegraDoBanco regra = regraDaLigacao(ligacao.alvo);
+  const Regra& regra = regraDaLigacao(ligacao.alvo);
   if (!contexto.ligada(regra) || !possivel(contexto, ligacao)) return;
   const std::string leitores = contexto.leitores(ligacao.tabela, ligacao.coluna);
   const std::vector<std::string> chave = chavePresente(contexto, ligacao.tabela);
@@ -91,20 +113,20 @@ void confereUnico(const Contexto& contexto, const Unicidade& unicidade) {
                         " GROUP BY " + unicidade.colunas + " HAVING count(*) > 1");
   while (pergunta.avanca())
     contexto.relata(
-        RegraDoBanco::Repetido, {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
+        conferencia::kRepetido, {unicidade.tabela, chaveDaLinha(pergunta, colunas), colunas.back()},
         contexto.leitores(unicidade.tabela, colunas[0]), nullptr,
         frase("{1} rows: {2}", {pergunta.texto(0), traduz(unicidade.consequencia)}), traduz("one"));
 }
 
 // Payments join the coupons of both kinds by the same counter.
 void confereDoisCupons(const Contexto& contexto) {
-  if (!contexto.ligada(RegraDoBanco::DoisCupons) || !contexto.lida("pagamento_cupom") ||
+  if (!contexto.ligada(conferencia::kDoisCupons) || !contexto.lida("pagamento_cupom") ||
       !contexto.tem("cupom_fiscal", "cont_coo") || !contexto.tem("cupom_nf", "cont_coo"))
     return;
   Pergunta pergunta(contexto.banco(),
                     "SELECT cont_coo FROM cupom_nf WHERE cont_coo IN (SELECT cont_coo FROM cupom_fiscal)");
   while (pergunta.avanca())
-    contexto.relata(RegraDoBanco::DoisCupons,
+    contexto.relata(conferencia::kDoisCupons,
                     {"cupom_nf", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
                     contexto.leitores("pagamento_cupom", "cont_coo"), nullptr,
                     traduz("a row of cupom_fiscal with the same counter: every payment of it is written for "
@@ -114,14 +136,14 @@ void confereDoisCupons(const Contexto& contexto) {
 
 // Fiscal coupons and other documents are numbered by the same counter.
 void confereCooUnico(const Contexto& contexto) {
-  if (!contexto.ligada(RegraDoBanco::Repetido) || !contexto.lida("outros_documentos") ||
+  if (!contexto.ligada(conferencia::kRepetido) || !contexto.lida("outros_documentos") ||
       !contexto.tem("cupom_fiscal", "cont_coo") || !contexto.tem("outros_documentos", "cont_coo"))
     return;
   Pergunta pergunta(
       contexto.banco(),
       "SELECT cont_coo FROM outros_documentos WHERE cont_coo IN (SELECT cont_coo FROM cupom_fiscal)");
   while (pergunta.avanca())
-    contexto.relata(RegraDoBanco::Repetido,
+    contexto.relata(conferencia::kRepetido,
                     {"outros_documentos", "cont_coo=" + legivel(pergunta.texto(0)), "cont_coo"},
                     contexto.leitores("outros_documentos", "cont_coo"), nullptr,
                     traduz("a row of cupom_fiscal with the same counter: two records have the same counter"),
@@ -135,7 +157,7 @@ void confereSomaNaoFiscal(const Contexto& contexto) {
   const auto e13 = std::find_if(destinos.begin(), destinos.end(), [](const Destino& destino) {
     return std::string_view(destino.registro->codigo) == "E13";
   });
-  if (!contexto.ligada(RegraDoBanco::NumeroLargo) || e13 == destinos.end()) return;
+  if (!contexto.ligada(conferencia::kNumeroLargo) || e13 == destinos.end()) return;
   for (const char* coluna : {"cont_crz", "valor_base_calculo", "id_fiscal"})
     if (!contexto.tem("totalizador_reducao", coluna)) return;
   const int inteiros = e13->campo->largura - 2;
@@ -144,7 +166,7 @@ void confereSomaNaoFiscal(const Contexto& contexto) {
                     " WHERE id_fiscal = 'N' GROUP BY cont_crz HAVING count(*) > 1 AND soma >= 1e" +
                         std::to_string(inteiros));
   while (pergunta.avanca())
-    contexto.relata(RegraDoBanco::NumeroLargo,
+    contexto.relata(conferencia::kNumeroLargo,
                     {"totalizador_reducao", "cont_crz=" + legivel(pergunta.texto(0)), "valor_base_calculo"},
                     "", &*e13, frase("{1}, the sum of what is not fiscal", {citado(pergunta.texto(1))}),
                     fraseDe("a sum of at most {n} digit before the point",
@@ -158,7 +180,7 @@ void confereLigacoes(const Contexto& contexto) {
 }
 
 void confereUnicidade(const Contexto& contexto) {
-  if (contexto.ligada(RegraDoBanco::Repetido))
+  if (contexto.ligada(conferencia::kRepetido))
     for (const Unicidade& unicidade : kUnicidades) confereUnico(contexto, unicidade);
   confereDoisCupons(contexto);
   confereCooUnico(contexto);

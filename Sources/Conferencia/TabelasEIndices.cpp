@@ -5,6 +5,17 @@
 #include "Idioma/Idioma.h"
 
 namespace cotepe {
+
+const Regra conferencia::kTabelaAusente{"table-missing", Severidade::Erro,
+                                        marca("Every table that the registers read is there."),
+                                        marca("create it; cotepe schema shows how")};
+const Regra conferencia::kColunaAusente{"column-missing", Severidade::Erro,
+                                        marca("Every column that the registers read is there."),
+                                        marca("add it; cotepe schema shows how")};
+const Regra conferencia::kSemIndice{"index-missing", Severidade::Aviso,
+                                    marca("There is an index on each column that the queries search by."),
+                                    marca("create the index; cotepe schema shows how")};
+
 namespace {
 
 void confereColunas(const Contexto& contexto, const FormaDaTabela& forma) {
@@ -12,7 +23,7 @@ void confereColunas(const Contexto& contexto, const FormaDaTabela& forma) {
     if (coluna.nome == nullptr || contexto.tem(forma.nome, coluna.nome)) continue;
     const std::string leitores = contexto.leitores(forma.nome, coluna.nome);
     if (leitores.empty()) continue;
-    contexto.relata(RegraDoBanco::ColunaAusente, {forma.nome, "", coluna.nome}, leitores, nullptr,
+    contexto.relata(conferencia::kColunaAusente, {forma.nome, "", coluna.nome}, leitores, nullptr,
                     traduz("no such column, without which the query fails"), traduz("the column"));
   }
 }
@@ -22,7 +33,7 @@ void confereQuantasColunas(const Contexto& contexto, const FormaDaTabela& forma,
                                        [](const FormaDaColuna& coluna) { return coluna.nome == nullptr; });
   const auto precisas = static_cast<std::size_t>(fim - forma.colunas.begin());
   if (quantas >= precisas) return;
-  contexto.relata(RegraDoBanco::ColunaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
+  contexto.relata(conferencia::kColunaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
                   nullptr,
                   fraseDe("{n} column, which is read by position", "{n} columns, which are read by position",
                           static_cast<long long>(quantas)),
@@ -50,7 +61,7 @@ void confereEsquema(const Contexto& contexto) {
     if (!contexto.lida(forma.nome)) continue;
     const std::size_t quantas = contexto.colunas(forma.nome).size();
     if (quantas == 0)
-      contexto.relata(RegraDoBanco::TabelaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
+      contexto.relata(conferencia::kTabelaAusente, {forma.nome, "", ""}, contexto.leitores(forma.nome, ""),
                       nullptr, traduz("no such table, without which the query fails"), traduz("the table"));
     else if (forma.porPosicao)
       confereQuantasColunas(contexto, forma, quantas);
@@ -60,7 +71,7 @@ void confereEsquema(const Contexto& contexto) {
 }
 
 void confereIndices(const Contexto& contexto) {
-  if (!contexto.ligada(RegraDoBanco::SemIndice)) return;
+  if (!contexto.ligada(conferencia::kSemIndice)) return;
   for (const Busca& busca : kBuscas) {
     if (!contexto.lida(busca.tabela) || !contexto.tem(busca.tabela, busca.coluna)) continue;
     const std::vector<std::string> nomes = colunasComIndice(contexto, busca.tabela);
@@ -68,7 +79,7 @@ void confereIndices(const Contexto& contexto) {
           return sqlite3_stricmp(nome.c_str(), busca.coluna) == 0;
         }))
       continue;
-    contexto.relata(RegraDoBanco::SemIndice, {busca.tabela, "", busca.coluna},
+    contexto.relata(conferencia::kSemIndice, {busca.tabela, "", busca.coluna},
                     contexto.leitores(busca.tabela, busca.coluna), nullptr,
                     traduz("no index that begins with it, so that the table is read again and again"),
                     traduz("an index"));

@@ -6,10 +6,36 @@
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
-#include "Validacao/Familia.h"
 #include "Leitor/NumeroFiscal.h"
+#include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kDigitos{"field-digits", Severidade::Erro,
+                                marca("A number is digits alone: no sign, no separator, no blank."),
+                                kVejaOBanco};
+const Regra validacao::kLargura{"field-width", Severidade::Erro,
+                                marca("A number is wider than its field only where its digits need it."),
+                                kGereDeNovo};
+const Regra validacao::kLetra{"field-letter", Severidade::Erro, marca("A flag is one of its letters."),
+                              kVejaOBanco};
+const Regra validacao::kConstante{"field-constant", Severidade::Erro,
+                                  marca("A field that is the same in every report holds that value."),
+                                  kGereDeNovo};
+const Regra validacao::kControle{"field-control", Severidade::Erro, marca("A text has no control character."),
+                                 kVejaOBanco};
+const Regra validacao::kNaoAscii{"field-ascii", Severidade::Aviso, marca("A text is ASCII."), kVejaOBanco};
+const Regra validacao::kAlinhamento{"field-alignment", Severidade::Aviso, marca("A text is left-aligned."),
+                                    kVejaOBanco};
+const Regra validacao::kData{"field-date", Severidade::Erro,
+                             marca("A date is a day that exists, and is there where the record needs it."),
+                             kVejaOBanco};
+const Regra validacao::kHora{"field-hour", Severidade::Erro,
+                             marca("An hour is one that exists, and is there where the record needs it."),
+                             kVejaOBanco};
+const Regra validacao::kNumeroFiscal{"tax-number", Severidade::Aviso,
+                                     marca("The check digits of a CNPJ or CPF are right."), kVejaOBanco};
+
 namespace {
 
 /// The letters of a flag, and the same in words.
@@ -94,12 +120,12 @@ class CamposDaLinha final : public Familia {
     const std::string_view bytes = campo.em(lido.linha.texto);
     if (!exigencia.constante.empty()) {
       if (bytes != exigencia.constante)
-        relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes), entreAspas(exigencia.constante));
+        relator_.noCampo(validacao::kConstante, lido, i, entreAspas(bytes), entreAspas(exigencia.constante));
       return;
     }
     if (exigencia.letras != nullptr) {
       if (std::strchr(exigencia.letras->letras, bytes[0]) == nullptr || bytes[0] == '\0')
-        relator_.noCampo(Regra::Letra, lido, i, entreAspas(bytes), traduz(exigencia.letras->esperado));
+        relator_.noCampo(validacao::kLetra, lido, i, entreAspas(bytes), traduz(exigencia.letras->esperado));
       return;
     }
     const Defeito achado = defeitoDe(*campo.campo, bytes, exigencia.presente);
@@ -113,25 +139,25 @@ class CamposDaLinha final : public Familia {
     const std::string bytes = entreAspas(lido.bytes(i));
     switch (achado) {
       case Defeito::Digitos:
-        return relator_.noCampo(Regra::Digitos, lido, i, bytes,
+        return relator_.noCampo(validacao::kDigitos, lido, i, bytes,
                                 fraseDe("{n} digit", "{n} digits", lido.campos[i].largura));
       case Defeito::Controle:
-        return relator_.noCampo(Regra::Controle, lido, i, bytes, traduz("no control character"));
+        return relator_.noCampo(validacao::kControle, lido, i, bytes, traduz("no control character"));
       case Defeito::NaoAscii:
-        return relator_.noCampo(Regra::NaoAscii, lido, i, bytes, traduz("ASCII alone"));
+        return relator_.noCampo(validacao::kNaoAscii, lido, i, bytes, traduz("ASCII alone"));
       case Defeito::Alinhamento:
-        return relator_.noCampo(Regra::Alinhamento, lido, i, bytes, traduz("no blank before the text"));
+        return relator_.noCampo(validacao::kAlinhamento, lido, i, bytes, traduz("no blank before the text"));
       case Defeito::Data:
-        return relator_.noCampo(Regra::Data, lido, i, bytes, traduz("a day as AAAAMMDD"));
+        return relator_.noCampo(validacao::kData, lido, i, bytes, traduz("a day as AAAAMMDD"));
       default:  // Hora
-        return relator_.noCampo(Regra::Hora, lido, i, bytes, traduz("an hour as HHMMSS"));
+        return relator_.noCampo(validacao::kHora, lido, i, bytes, traduz("an hour as HHMMSS"));
     }
   }
 
   void confereNumeroFiscal(const RegistroLido& lido, std::size_t i, bool podeSerCpf) {
     const std::string_view bytes = lido.bytes(i);
     if (soZeros(bytes) || cnpjValido(bytes) || (podeSerCpf && cpfValido(bytes))) return;
-    relator_.noCampo(Regra::NumeroFiscal, lido, i, entreAspas(bytes),
+    relator_.noCampo(validacao::kNumeroFiscal, lido, i, entreAspas(bytes),
                      podeSerCpf ? traduz("a CPF or CNPJ with right check digits")
                                 : traduz("a CNPJ with right check digits"));
   }
@@ -139,7 +165,7 @@ class CamposDaLinha final : public Familia {
   void confereLargura(const RegistroLido& lido, std::size_t i) {
     const int nominal = lido.campos[i].campo->largura;
     if (lido.campos[i].largura > nominal && lido.bytes(i)[0] == '0')
-      relator_.noCampo(Regra::Largura, lido, i, entreAspas(lido.bytes(i)),
+      relator_.noCampo(validacao::kLargura, lido, i, entreAspas(lido.bytes(i)),
                        fraseDe("{n} digit", "{n} digits", nominal));
   }
 
@@ -147,7 +173,7 @@ class CamposDaLinha final : public Familia {
     const std::string_view bytes = lido.bytes(i);
     constexpr std::string_view kPrimeiro = "AC1704 01.00.00", kSegundo = "AC1704 02.00.00";
     if (bytes != kPrimeiro && bytes != kSegundo)
-      relator_.noCampo(Regra::Constante, lido, i, entreAspas(bytes),
+      relator_.noCampo(validacao::kConstante, lido, i, entreAspas(bytes),
                        frase("{1} or {2}", {entreAspas(kPrimeiro), entreAspas(kSegundo)}));
   }
 

@@ -9,6 +9,13 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kOrdemDasChaves{
+    "key-order", Severidade::Erro, marca("The keys of a register ascend."),
+    marca("check that the database stores counters as numbers: as text, 9 comes after 11")};
+const Regra validacao::kDataRetrocede{"date-backwards", Severidade::Aviso,
+                                      marca("Dates do not go back while counters go on."), kVejaOBanco};
+
 namespace {
 
 enum class Segundo : std::uint8_t { Nenhum, Numero, Texto, TextoSemCaixa, Totalizador };
@@ -106,7 +113,7 @@ class Sequencia {
                                                           : atual_.texto.compare(anterior_.texto);
     if (resto < 0) return foraDeOrdem(relator, lido, segundo_);
     if (resto == 0 && chave_.unica)
-      relator.noCampo(Regra::ContadorRepetido, lido, segundo_.indice(),
+      relator.noCampo(validacao::kContadorRepetido, lido, segundo_.indice(),
                       frase("{1} a second time", {entreAspas(segundo_.bytes(lido))}),
                       traduz("each key once"));
   }
@@ -117,7 +124,7 @@ class Sequencia {
     const std::string antes = numero                           ? contadorEscrito(anterior_.numero, largura)
                               : chave_.tipo == Segundo::Numero ? contadorEscrito(anterior_.segundo, largura)
                                                                : anterior_.texto;
-    relator.noCampo(Regra::OrdemDasChaves, lido, coluna.indice(),
+    relator.noCampo(validacao::kOrdemDasChaves, lido, coluna.indice(),
                     antes.empty()
                         ? entreAspas(coluna.bytes(lido))
                         : frase("{1} after {2}", {entreAspas(coluna.bytes(lido)), entreAspas(antes)}),
@@ -128,7 +135,7 @@ class Sequencia {
     const std::string_view data = data_.bytes(lido);
     if (!dataPossivel(data)) return;
     if (!dataAnterior_.empty() && data < dataAnterior_)
-      relator.noCampo(Regra::DataRetrocede, lido, data_.indice(),
+      relator.noCampo(validacao::kDataRetrocede, lido, data_.indice(),
                       frase("{1} after {2}", {entreAspas(data), entreAspas(dataAnterior_)}),
                       traduz("no earlier day"));
     dataAnterior_ = data;

@@ -10,6 +10,15 @@
 #include "Validacao/Paginas.h"
 
 namespace cotepe {
+
+const Regra validacao::kContadorRepetido{"counter-repeat", Severidade::Erro, marca("A counter is used once."),
+                                         kVejaOsDocumentos};
+const Regra validacao::kContadorAusente{"counter-gap", Severidade::Erro,
+                                        marca("CRZ, COO, CCF and GNF have no gaps."), kVejaOsDocumentos};
+const Regra validacao::kItemAusente{"item-gap", Severidade::Aviso,
+                                    marca("The items of a coupon are numbered from 1 without gaps."),
+                                    kVejaOsDocumentos};
+
 namespace {
 
 std::int64_t limite(int largura) {
@@ -49,12 +58,12 @@ class Contador {
     const std::string_view bytes = coluna_.bytes(lido);
     if (valor > anterior_ + 1)
       relator.noCampo(
-          Regra::ContadorAusente, lido, coluna_.indice(),
+          validacao::kContadorAusente, lido, coluna_.indice(),
           frase("{1} after {2}", {entreAspas(bytes), citado(anterior_, largura)}),
           frase(valor == anterior_ + 2 ? marca("{1} between them") : marca("{1} to {2} between them"),
                 {citado(anterior_ + 1, largura), citado(valor - 1, largura)}));
     if (valor == anterior_ && !podeRepetir)
-      relator.noCampo(Regra::ContadorRepetido, lido, coluna_.indice(),
+      relator.noCampo(validacao::kContadorRepetido, lido, coluna_.indice(),
                       frase("{1} a second time", {entreAspas(bytes)}), traduz("each counter once"));
   }
 
@@ -87,13 +96,13 @@ class Coos {
     ordena();
     if (ultimo_ >= 0 && coo <= ultimo_) return volta(ultimo_, coo);
     const auto lacuna = [&](std::int64_t de, std::int64_t ate) {
-      relator.noCampo(Regra::ContadorAusente, lido, documento_.indice(), semDocumentos(de, ate, largura_),
-                      traduz("it in E14 or E16"));
+      relator.noCampo(validacao::kContadorAusente, lido, documento_.indice(),
+                      semDocumentos(de, ate, largura_), traduz("it in E14 or E16"));
     };
     avancaAte(coo, lacuna);
     if (temCupom() && cupomAtual() == coo) {
       passaCupom();
-      relator.noCampo(Regra::ContadorRepetido, lido, documento_.indice(),
+      relator.noCampo(validacao::kContadorRepetido, lido, documento_.indice(),
                       frase("{1}, which E14 has too", {entreAspas(documento_.bytes(lido))}),
                       traduz("each COO once"));
     }
@@ -104,7 +113,7 @@ class Coos {
     if (incerto_) return;
     ordena();
     avancaAte(INT64_MAX, [&](std::int64_t de, std::int64_t ate) {
-      relator.noArquivo(Regra::ContadorAusente, &kE14, semDocumentos(de, ate, largura_),
+      relator.noArquivo(validacao::kContadorAusente, &kE14, semDocumentos(de, ate, largura_),
                         traduz("it in E14 or E16"));
     });
   }
@@ -159,7 +168,7 @@ class Itens {
     const bool lidos = contador_.le(lido, cupom) && item_.le(lido, item);
     const std::int64_t esperado = conhecido_ && cupom == cupom_ ? ultimo_ + 1 : 1;
     if (lidos && (conhecido_ || !comecou_) && item > esperado)
-      relator.noCampo(Regra::ItemAusente, lido, item_.indice(), entreAspas(item_.bytes(lido)),
+      relator.noCampo(validacao::kItemAusente, lido, item_.indice(), entreAspas(item_.bytes(lido)),
                       entreAspas(contadorEscrito(esperado, 3)));
     conhecido_ = lidos;
     comecou_ = true;

@@ -10,6 +10,28 @@
 #include "Validacao/TabelaDeDocumentos.h"
 
 namespace cotepe {
+
+const Regra validacao::kItensDoCupom{"coupon-items", Severidade::Erro,
+                                     marca("E15's items that are not cancelled add up to E14's subtotal."),
+                                     kVejaOBanco};
+const Regra validacao::kPagamentosDoCupom{
+    "coupon-payments", Severidade::Erro,
+    marca("E21's payments, less reversals and change, are no less than E14's net total."), kVejaOBanco};
+const Regra validacao::kItensDoNaoFiscal{
+    "nonfiscal-items", Severidade::Erro,
+    marca("E20's items that are not cancelled add up to E19's subtotal."),
+    marca("an item whose totalizer is not registered is left out: check the database")};
+const Regra validacao::kPagamentosDoNaoFiscal{
+    "nonfiscal-payments", Severidade::Erro,
+    marca("E21's payments, less reversals and change, are no less than E19's net total."), kVejaOBanco};
+const Regra validacao::kPagamentoAMais{
+    "payments-over", Severidade::Aviso,
+    marca("The payments of a coupon, less reversals and change, are no more than its net total."),
+    marca("where change is not recorded as a payment TROCO, switch this rule off")};
+const Regra validacao::kSemDocumento{
+    "orphan-record", Severidade::Erro,
+    marca("An item, payment or total belongs to a document or reduction of the file."), kVejaOsDocumentos};
+
 namespace {
 
 constexpr std::string_view kTroco = "TROCO";  // the means of payment that stands for change handed back
@@ -20,12 +42,14 @@ struct Papel {
   const Registro& item;
   const char* contador;
   const char* valorDoItem;
-  Regra itens, pagamentos;
+  const Regra& itens;
+  const Regra& pagamentos;
 };
 
-const Papel kFiscal{kE14, kE15, "CCF", "Valor total líquido", Regra::ItensDoCupom, Regra::PagamentosDoCupom};
+const Papel kFiscal{
+    kE14, kE15, "CCF", "Valor total líquido", validacao::kItensDoCupom, validacao::kPagamentosDoCupom};
 const Papel kNaoFiscal{
-    kE19, kE20, "GNF", "Valor líquido", Regra::ItensDoNaoFiscal, Regra::PagamentosDoNaoFiscal};
+    kE19, kE20, "GNF", "Valor líquido", validacao::kItensDoNaoFiscal, validacao::kPagamentosDoNaoFiscal};
 
 /// The coupons of one kind.
 class Cupons {
@@ -114,7 +138,7 @@ class Cupons {
     const Coluna& errada = dono == nullptr ? colunaCoo : colunaContador;
     const char* codigo = papel_.documento.codigo;
     const int largura = lido.campos[errada.indice()].largura;
-    relator.noCampo(Regra::SemDocumento, lido, errada.indice(), entreAspas(errada.bytes(lido)),
+    relator.noCampo(validacao::kSemDocumento, lido, errada.indice(), entreAspas(errada.bytes(lido)),
                     dono == nullptr ? frase("a COO of {1}", {codigo})
                                     : frase("{1} as in {2}",
                                             {entreAspas(contadorEscrito(dono->contador, largura)), codigo}));
@@ -137,7 +161,8 @@ class Cupons {
     const std::int64_t falta = documento.faltaDePagamentos;
     if (falta == 0 || documento.pagamentosIncertos || documento.cancelado) return;
     relator.naLinhaLida(
-        falta > 0 ? papel_.pagamentos : Regra::PagamentoAMais, documento.linha, papel_.documento, lugarTotal_,
+        falta > 0 ? papel_.pagamentos : validacao::kPagamentoAMais, documento.linha, papel_.documento,
+        lugarTotal_,
         frase(falta > 0 ? marca("payments in E21 of {1} less") : marca("payments in E21 of {1} more"),
               {reais(std::abs(falta))}),
         traduz("payments that add up to it"));

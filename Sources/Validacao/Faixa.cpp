@@ -7,6 +7,14 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kFaixaDasReducoes{"reduction-range", Severidade::Erro,
+                                         marca("E01's range of CRZ and days is that of E12."), kVejaOBanco};
+const Regra validacao::kGrandeTotal{
+    "grand-total", Severidade::Erro,
+    marca("The grand total holds the gross sales of the file, and E11's is no less than E02's."),
+    kVejaOBanco};
+
 namespace {
 
 /// A field of an early line, kept for the end of the file.
@@ -65,21 +73,21 @@ class Faixa final : public Familia {
     if (primeiroDia_.empty() || movimento < primeiroDia_) primeiroDia_ = movimento;
     if (!soBrancos(emissao)) ultimoDia_ = std::max(ultimoDia_, emissao);
     if (dataPossivel(movimento) && dataPossivel(emissao) && emissao < movimento)
-      relator_.noCampo(Regra::DataRetrocede, lido, emissao_.indice(), entreAspas(emissao),
+      relator_.noCampo(validacao::kDataRetrocede, lido, emissao_.indice(), entreAspas(emissao),
                        frase("no day before {1}", {entreAspas(movimento)}));
   }
 
   void confere(const Guardado& campo, const std::string& esperado) const {
     if (!ilegivel_ && campo.bytes != esperado)
-      relator_.naLinhaLida(Regra::FaixaDasReducoes, campo.linha, kE01, campo.lugar, entreAspas(campo.bytes),
-                           frase("{1} as E12 has it", {entreAspas(esperado)}));
+      relator_.naLinhaLida(validacao::kFaixaDasReducoes, campo.linha, kE01, campo.lugar,
+                           entreAspas(campo.bytes), frase("{1} as E12 has it", {entreAspas(esperado)}));
   }
 
   void confereGrandeTotal() const {
     std::int64_t total = 0, posicao = 0;
     if (gt02_.linha == 0 || !leNumero(gt02_.bytes, total)) return;
     if (!ilegivel_ && total < vendas_)
-      relator_.naLinhaLida(Regra::GrandeTotal, gt02_.linha, kE02, gt02_.lugar, reais(total),
+      relator_.naLinhaLida(validacao::kGrandeTotal, gt02_.linha, kE02, gt02_.lugar, reais(total),
                            frase("no less than {1}, the gross sales of E12", {reais(vendas_)}));
     if (gt11_.linha == 0 || !leNumero(gt11_.bytes, posicao)) return;
     for (std::size_t i = gt11_.bytes.size(); i < 18; ++i)
@@ -87,7 +95,7 @@ class Faixa final : public Familia {
     const auto largura = static_cast<int>(gt11_.bytes.size());
     if (posicao < total)
       relator_.naLinhaLida(
-          Regra::GrandeTotal, gt11_.linha, kE11, gt11_.lugar, entreAspas(gt11_.bytes),
+          validacao::kGrandeTotal, gt11_.linha, kE11, gt11_.lugar, entreAspas(gt11_.bytes),
           frase("no less than {1} as in E02", {entreAspas(contadorEscrito(total, largura))}));
   }
 

@@ -19,22 +19,17 @@ LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo) {
   return {lugar.numero - 1, lugar.posicao + 1, lugar.posicao + lugar.largura};
 }
 
-Relator::Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas)
-    : recebe_(recebe), arquivo_(std::move(arquivo)), desligadas_(desligadas) {}
+Relator::Relator(RecebeAchados& recebe, std::string arquivo, Supressoes desligadas)
+    : recebe_(recebe), arquivo_(std::move(arquivo)), desligadas_(std::move(desligadas)) {}
 
-Achado Relator::novo(Regra regra, std::string encontrado, std::string esperado) const {
-  const DescricaoDaRegra& descrita = descricao(regra);
-  Achado achado;
-  achado.severidade = descrita.severidade;
-  achado.regra = descrita.nome;
-  achado.arquivo = arquivo_;
+Achado Relator::novo(const Regra& regra, std::string encontrado, std::string esperado) const {
+  Achado achado = achadoDe(regra, arquivo_);
   achado.encontrado = std::move(encontrado);
   achado.esperado = std::move(esperado);
-  achado.conserto = traduz(descrita.conserto);
   return achado;
 }
 
-void Relator::noCampo(Regra regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
+void Relator::noCampo(const Regra& regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
                       std::string esperado) {
   if (!ligada(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
@@ -49,7 +44,8 @@ void Relator::noCampo(Regra regra, const RegistroLido& lido, std::size_t campo, 
   recebe_.recebe(achado);
 }
 
-void Relator::naLinha(Regra regra, const RegistroLido& lido, std::string encontrado, std::string esperado) {
+void Relator::naLinha(const Regra& regra, const RegistroLido& lido, std::string encontrado,
+                      std::string esperado) {
   if (!ligada(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   achado.linha = lido.linha.numero;
@@ -58,7 +54,7 @@ void Relator::naLinha(Regra regra, const RegistroLido& lido, std::string encontr
   recebe_.recebe(achado);
 }
 
-void Relator::naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
+void Relator::naLinhaLida(const Regra& regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
                           std::string encontrado, std::string esperado) {
   if (!ligada(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
@@ -73,7 +69,8 @@ void Relator::naLinhaLida(Regra regra, long linha, const Registro& registro, con
   recebe_.recebe(achado);
 }
 
-void Relator::noArquivo(Regra regra, const Registro* registro, std::string encontrado, std::string esperado) {
+void Relator::noArquivo(const Regra& regra, const Registro* registro, std::string encontrado,
+                        std::string esperado) {
   if (!ligada(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   if (registro != nullptr) achado.registro = registro->codigo;

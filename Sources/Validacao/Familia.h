@@ -23,27 +23,27 @@ LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo);
 /// Makes findings of the rules that are on; what was found and expected is translated already.
 class Relator {
  public:
-  Relator(RecebeAchados& recebe, std::string arquivo, const ConjuntoDeRegras& desligadas);
+  Relator(RecebeAchados& recebe, std::string arquivo, Supressoes desligadas);
 
-  bool ligada(Regra regra) const { return !desligadas_[static_cast<std::size_t>(regra)]; }
+  bool ligada(const Regra& regra) const { return desligadas_.ligada(regra); }
 
   /// About a field of a line, counted from 0 among those that stand on it.
-  void noCampo(Regra regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
+  void noCampo(const Regra& regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
                std::string esperado);
   /// About a whole line.
-  void naLinha(Regra regra, const RegistroLido& lido, std::string encontrado, std::string esperado);
+  void naLinha(const Regra& regra, const RegistroLido& lido, std::string encontrado, std::string esperado);
   /// About a line that was read before (0 for one that is missing), and a field of it.
-  void naLinhaLida(Regra regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
+  void naLinhaLida(const Regra& regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
                    std::string encontrado, std::string esperado);
   /// About the file; `registro` may be null.
-  void noArquivo(Regra regra, const Registro* registro, std::string encontrado, std::string esperado);
+  void noArquivo(const Regra& regra, const Registro* registro, std::string encontrado, std::string esperado);
 
  private:
-  Achado novo(Regra regra, std::string encontrado, std::string esperado) const;
+  Achado novo(const Regra& regra, std::string encontrado, std::string esperado) const;
 
   RecebeAchados& recebe_;
   std::string arquivo_;
-  ConjuntoDeRegras desligadas_;
+  Supressoes desligadas_;
 };
 
 /// Some rules that look at the same things.

@@ -8,6 +8,10 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kIdentidade{
+    "identity", Severidade::Erro, marca("The printer and its user are the same in every line."), kGereDeNovo};
+
 namespace {
 
 /// A field of the head, and what its first line held.
@@ -20,7 +24,7 @@ class Marca {
       valor_ = bytes;
       primeira_ = lido.linha.numero;
     } else if (bytes != valor_) {
-      relator.noCampo(Regra::Identidade, lido, campo, entreAspas(bytes),
+      relator.noCampo(validacao::kIdentidade, lido, campo, entreAspas(bytes),
                       frase("{1} as in line {2}", {entreAspas(valor_), std::to_string(primeira_)}));
     }
   }
@@ -48,7 +52,7 @@ class Cnpjs {
     const bool semUsuario = lido.vazio && bytes.find_first_not_of('0') == std::string::npos;
     if (doE01_.empty() || semUsuario || bytes.size() != doE01_.front().size()) return;
     if (std::find(doE01_.begin(), doE01_.end(), bytes) == doE01_.end())
-      relator.noCampo(Regra::Identidade, lido, campo, entreAspas(bytes),
+      relator.noCampo(validacao::kIdentidade, lido, campo, entreAspas(bytes),
                       frase("{1} as in {2}", {entreAspas(doE01_.front()), "E01"}));
   }
 

@@ -7,6 +7,21 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kOrdemDosRegistros{"register-order", Severidade::Erro,
+                                          marca("The registers stand in ascending order, each in one block."),
+                                          kGereDeNovo};
+const Regra validacao::kRegistroAusente{
+    "register-missing", Severidade::Erro, marca("Every register that the command writes is there."),
+    marca("look into the log for the query that failed, and generate again")};
+const Regra validacao::kRegistroSobrando{
+    "register-extra", Severidade::Erro,
+    marca("No register is there that the command or the layout does not write, none too often."),
+    kGereDeNovo};
+const Regra validacao::kVazio{
+    "placeholder", Severidade::Erro,
+    marca("A placeholder record stands alone in its register, and not in CAT52 mode."), kGereDeNovo};
+
 namespace {
 
 constexpr int kE01Indice = 0, kE02Indice = 1, kE08Indice = 7, kE11Indice = 10, kE13Indice = 12,
@@ -30,7 +45,7 @@ class Ordem final : public Familia {
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr) return;
     if (lido.indice < anterior_)
-      relator_.naLinha(Regra::OrdemDosRegistros, lido,
+      relator_.naLinha(validacao::kOrdemDosRegistros, lido,
                        frase("{1} after {2}", {codigo(lido.indice), codigo(anterior_)}),
                        traduz("registers in ascending order"));
     anterior_ = lido.indice;
@@ -39,13 +54,13 @@ class Ordem final : public Familia {
     if (lido.indice == kE13Indice) (somaNaoFiscal(lido) ? naoFiscais_ : fiscais_).conta(lido);
     if (lido.indice == kE01Indice && bloco.linhas == 1) leComando(lido);
     if (bloco.linhas == 2 && unico(lido.indice))
-      relator_.naLinha(Regra::RegistroSobrando, lido, frase("a second {1}", {codigo(lido.indice)}),
+      relator_.naLinha(validacao::kRegistroSobrando, lido, frase("a second {1}", {codigo(lido.indice)}),
                        traduz("one line"));
   }
 
   void fim() override {
     if (blocos_[kE01Indice].linhas == 0)
-      relator_.noArquivo(Regra::RegistroAusente, &kE01, frase("no line of {1}", {"E01"}),
+      relator_.noArquivo(validacao::kRegistroAusente, &kE01, frase("no line of {1}", {"E01"}),
                          traduz("E01 as the first register"));
     for (int i = 0; i < static_cast<int>(kCatalogo.size()); ++i) {
       if (comandoLido_) confereDespacho(i);
@@ -82,25 +97,25 @@ class Ordem final : public Familia {
     else if (despachado && i != kE01Indice && bloco.linhas == 0 && !podeFaltar(i))
       ausente(i, frase("no line of {1}", {codigo(i)}));
     if (!despachado && bloco.linhas != 0)
-      relator_.naLinhaLida(Regra::RegistroSobrando, bloco.primeira, registro(i), {},
+      relator_.naLinhaLida(validacao::kRegistroSobrando, bloco.primeira, registro(i), {},
                            frase("a line of {1}", {codigo(i)}),
                            frase("none in layout {1} with the command {2}",
                                  {std::to_string(leitor_.ajuste().versao), entreAspas(comando_)}));
   }
 
   void ausente(int i, std::string encontrado) {
-    relator_.noArquivo(Regra::RegistroAusente, &registro(i), std::move(encontrado),
+    relator_.noArquivo(validacao::kRegistroAusente, &registro(i), std::move(encontrado),
                        frase("at least one with the command {1}", {entreAspas(comando_)}));
   }
 
   void confereVazios(int i, const Bloco& bloco) {
     if (bloco.vazios == 0) return;
     if (bloco.linhas > 1)
-      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {},
+      relator_.naLinhaLida(validacao::kVazio, bloco.primeiroVazio, registro(i), {},
                            frase("a placeholder among {1} lines", {std::to_string(bloco.linhas)}),
                            traduz("a placeholder alone"));
     if (registro(i).vazio == Vazio::ForaDoCat52 && leitor_.certamenteCat52() && &bloco != &naoFiscais_)
-      relator_.naLinhaLida(Regra::Vazio, bloco.primeiroVazio, registro(i), {},
+      relator_.naLinhaLida(validacao::kVazio, bloco.primeiroVazio, registro(i), {},
                            traduz("a placeholder in CAT52 mode"), traduz("no line of an empty register"));
   }
 

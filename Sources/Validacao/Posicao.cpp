@@ -8,6 +8,10 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kPosicao{"position", Severidade::Erro,
+                                marca("E11's counters are no less than those of the file."), kVejaOBanco};
+
 namespace {
 
 struct FonteDoContador {
@@ -76,7 +80,7 @@ class Posicao final : public Familia {
     if (posicao >= maximo.bytes || deuAVolta || posicao.find_first_not_of("0123456789") != std::string::npos)
       return;
     relator_.naLinhaLida(
-        Regra::Posicao, linha_, kE11, lugares_[maximo.posicao.indice()], entreAspas(posicao),
+        validacao::kPosicao, linha_, kE11, lugares_[maximo.posicao.indice()], entreAspas(posicao),
         frase("no less than {1} of {2}", {entreAspas(maximo.bytes), maximo.fonte->registro->codigo}));
   }
 

@@ -8,6 +8,17 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kTotaisDaReducao{
+    "reduction-totals", Severidade::Erro,
+    marca("E13's fiscal totalizers without surcharges add up to E12's gross sales."), kVejaOBanco};
+const Regra validacao::kNaoFiscaisDaReducao{
+    "reduction-nonfiscal", Severidade::Erro,
+    marca("E13's non-fiscal sum of a reduction is the sum of its totalizers in E17."), kVejaOBanco};
+const Regra validacao::kDocumentoDaReducao{
+    "reduction-document", Severidade::Erro,
+    marca("E16's document RZ of a reduction has the COO that E12 has."), kVejaOBanco};
+
 namespace {
 
 /// What the registers say of one reduction, in cents.
@@ -72,7 +83,7 @@ class Reducoes final : public Familia {
     const auto achada = reducoes_.find(crz);
     if (achada != reducoes_.end()) return &achada->second;
     if (viuE12_ && !ilegivel_)
-      relator_.noCampo(Regra::SemDocumento, lido, coluna.indice(), entreAspas(coluna.bytes(lido)),
+      relator_.noCampo(validacao::kSemDocumento, lido, coluna.indice(), entreAspas(coluna.bytes(lido)),
                        traduz("a CRZ of E12"));
     return nullptr;
   }
@@ -105,7 +116,7 @@ class Reducoes final : public Familia {
     if (achada == reducoes_.end() || achada->second.cooIncerto || achada->second.coo == coo) return;
     const int largura = lido.campos[coo16_.indice()].largura;
     relator_.noCampo(
-        Regra::DocumentoDaReducao, lido, coo16_.indice(), entreAspas(coo16_.bytes(lido)),
+        validacao::kDocumentoDaReducao, lido, coo16_.indice(), entreAspas(coo16_.bytes(lido)),
         frase("{1} as in {2}", {entreAspas(contadorEscrito(achada->second.coo, largura)), "E12"}));
   }
 
@@ -121,13 +132,14 @@ class Reducoes final : public Familia {
 
   void confereVenda(const Reducao& reducao) const {
     if (reducao.fiscais == reducao.vendaBruta) return;
-    relator_.naLinhaLida(Regra::TotaisDaReducao, reducao.linha, kE12, lugarVenda_, reais(reducao.vendaBruta),
+    relator_.naLinhaLida(validacao::kTotaisDaReducao, reducao.linha, kE12, lugarVenda_,
+                         reais(reducao.vendaBruta),
                          frase("{1}, the sum of {2}", {reais(reducao.fiscais), "E13"}));
   }
 
   void confereNaoFiscais(const Reducao& reducao) const {
     if (reducao.somaNaoFiscal == reducao.naoFiscais) return;
-    relator_.naLinhaLida(Regra::NaoFiscaisDaReducao, reducao.linhaSoma, kE13, lugarSoma_,
+    relator_.naLinhaLida(validacao::kNaoFiscaisDaReducao, reducao.linhaSoma, kE13, lugarSoma_,
                          reais(reducao.somaNaoFiscal),
                          frase("{1}, the sum of {2}", {reais(reducao.naoFiscais), "E17"}));
   }

@@ -1,77 +1,40 @@
-// The rules that a report is held to, by name.
+// The rules that a report is held to. Each is defined, with its words, in the file that applies it.
 #pragma once
 
-#include <bitset>
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
+#include "Achados/Regra.h"
+#include "Idioma/Idioma.h"
 
-#include "Achados/Achado.h"
+namespace cotepe::validacao {
 
-namespace cotepe {
+extern const Regra kFimDeLinha, kRegistroDesconhecido, kComprimento, kOrdemDosRegistros, kRegistroAusente,
+    kRegistroSobrando, kVazio, kDigitos, kLargura, kLetra, kConstante, kControle, kNaoAscii, kAlinhamento,
+    kData, kHora, kNumeroFiscal, kIdentidade, kOrdemDasChaves, kContadorRepetido, kContadorAusente,
+    kItemAusente, kDataRetrocede, kContadoresDoTipo, kLetraDoAjuste, kTotalDoDocumento, kTotalDoItem,
+    kItensDoCupom, kPagamentosDoCupom, kItensDoNaoFiscal, kPagamentosDoNaoFiscal, kPagamentoAMais,
+    kSemDocumento, kTotaisDaReducao, kNaoFiscaisDaReducao, kDocumentoDaReducao, kFaixaDasReducoes,
+    kGrandeTotal, kPosicao;
 
-/// The rules; `descricao` has the words of each.
-enum class Regra : std::uint8_t {
-  FimDeLinha,
-  RegistroDesconhecido,
-  Comprimento,
-  OrdemDosRegistros,
-  RegistroAusente,
-  RegistroSobrando,
-  Vazio,
-  Digitos,
-  Largura,
-  Letra,
-  Constante,
-  Controle,
-  NaoAscii,
-  Alinhamento,
-  Data,
-  Hora,
-  NumeroFiscal,
-  Identidade,
-  OrdemDasChaves,
-  ContadorRepetido,
-  ContadorAusente,
-  ItemAusente,
-  DataRetrocede,
-  ContadoresDoTipo,
-  LetraDoAjuste,
-  TotalDoDocumento,
-  TotalDoItem,
-  ItensDoCupom,
-  PagamentosDoCupom,
-  ItensDoNaoFiscal,
-  PagamentosDoNaoFiscal,
-  PagamentoAMais,
-  SemDocumento,
-  TotaisDaReducao,
-  NaoFiscaisDaReducao,
-  DocumentoDaReducao,
-  FaixaDasReducoes,
-  GrandeTotal,
-  Posicao,
-  Quantas
+// clang-format off
+/// All of them, in the order in which they are listed.
+inline constexpr const Regra* kRegras[] = {
+    &kFimDeLinha, &kRegistroDesconhecido, &kComprimento, &kOrdemDosRegistros, &kRegistroAusente,
+    &kRegistroSobrando, &kVazio, &kDigitos, &kLargura, &kLetra, &kConstante, &kControle, &kNaoAscii,
+    &kAlinhamento, &kData, &kHora, &kNumeroFiscal, &kIdentidade, &kOrdemDasChaves, &kContadorRepetido,
+    &kContadorAusente, &kItemAusente, &kDataRetrocede, &kContadoresDoTipo, &kLetraDoAjuste,
+    &kTotalDoDocumento, &kTotalDoItem, &kItensDoCupom, &kPagamentosDoCupom, &kItensDoNaoFiscal,
+    &kPagamentosDoNaoFiscal, &kPagamentoAMais, &kSemDocumento, &kTotaisDaReducao, &kNaoFiscaisDaReducao,
+    &kDocumentoDaReducao, &kFaixaDasReducoes, &kGrandeTotal, &kPosicao,
 };
+// clang-format on
 
-/// How many rules there are.
-constexpr std::size_t kQuantasRegras = static_cast<std::size_t>(Regra::Quantas);
+///@{
+/// What to do about findings of many rules, to be translated.
+inline constexpr const char* kGereDeNovo =
+    marca("the file was changed after it was generated: generate it again");
+inline constexpr const char* kVejaOBanco =
+    marca("check the value in the database, correct it and generate again");
+inline constexpr const char* kVejaOsDocumentos =
+    marca("check the documents in the database: one is missing or was stored twice");
+///@}
 
-/// A rule in words; the texts live for ever.
-struct DescricaoDaRegra {
-  const char* nome;       ///< as --disable takes it
-  Severidade severidade;  ///< of its findings
-  const char* resumo;     ///< one line, to be translated
-  const char* conserto;   ///< what to do about a finding, to be translated
-};
-
-/// The words of a rule.
-const DescricaoDaRegra& descricao(Regra regra);
-
-/// The rule of a name; false when there is none.
-bool regraDe(std::string_view nome, Regra& regra);
-
-/// Some of the rules, by their number.
-using ConjuntoDeRegras = std::bitset<kQuantasRegras>;
-
-}  // namespace cotepe
+}  // namespace cotepe::validacao

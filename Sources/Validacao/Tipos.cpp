@@ -5,6 +5,14 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kContadoresDoTipo{
+    "document-counters", Severidade::Erro,
+    marca("A document has the counters of its kind and zeros in the others."), kGereDeNovo};
+const Regra validacao::kLetraDoAjuste{
+    "adjustment-letter", Severidade::Erro,
+    marca("The order of discount and surcharge is A with a surcharge, else D with a discount."), kGereDeNovo};
+
 namespace {
 
 /// The order of discount and surcharge of a coupon.
@@ -21,7 +29,8 @@ class LetraDoAjuste {
     const std::string_view letra = letra_.bytes(lido);
     const std::string_view esperada = acrescimo != 0 ? "A" : desconto != 0 ? "D" : " ";
     if (letra == esperada || (letra != "A" && letra != "D" && letra != " ")) return;
-    relator.noCampo(Regra::LetraDoAjuste, lido, letra_.indice(), entreAspas(letra), entreAspas(esperada));
+    relator.noCampo(validacao::kLetraDoAjuste, lido, letra_.indice(), entreAspas(letra),
+                    entreAspas(esperada));
   }
 
  private:
@@ -55,7 +64,7 @@ class Tipos final : public Familia {
   void semContador(const RegistroLido& lido, const Coluna& coluna, std::string_view tipo) {
     std::int64_t valor = 0;
     if (coluna.le(lido, valor) && valor != 0)
-      relator_.noCampo(Regra::ContadoresDoTipo, lido, coluna.indice(),
+      relator_.noCampo(validacao::kContadoresDoTipo, lido, coluna.indice(),
                        frase("{1} in a document {2}", {entreAspas(coluna.bytes(lido)), entreAspas(tipo)}),
                        traduz("zeros"));
   }
@@ -64,7 +73,7 @@ class Tipos final : public Familia {
   void pagamento(const RegistroLido& lido) {
     std::int64_t ccf = 0, gnf = 0;
     if (ccf21_.le(lido, ccf) && gnf21_.le(lido, gnf) && ccf != 0 && gnf != 0)
-      relator_.noCampo(Regra::ContadoresDoTipo, lido, gnf21_.indice(),
+      relator_.noCampo(validacao::kContadoresDoTipo, lido, gnf21_.indice(),
                        frase("{1} beside a CCF", {entreAspas(gnf21_.bytes(lido))}), traduz("zeros"));
   }
 

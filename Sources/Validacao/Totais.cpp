@@ -2,6 +2,14 @@
 #include "Validacao/Familia.h"
 
 namespace cotepe {
+
+const Regra validacao::kTotalDoDocumento{"document-total", Severidade::Erro,
+                                         marca("Net total = subtotal or value - discount + surcharge."),
+                                         kVejaOBanco};
+const Regra validacao::kTotalDoItem{
+    "item-total", Severidade::Aviso,
+    marca("Net total of an item = quantity x unit value - discount + surcharge."), kVejaOBanco};
+
 namespace {
 
 /// Subtotal or value, less the discount, plus the surcharge, is the net total.
@@ -20,7 +28,7 @@ class TotalDoDocumento {
       return;
     const std::int64_t esperado = bruto - desconto + acrescimo;
     if (liquido != esperado)
-      relator.noCampo(Regra::TotalDoDocumento, lido, liquido_.indice(), reais(liquido), reais(esperado));
+      relator.noCampo(validacao::kTotalDoDocumento, lido, liquido_.indice(), reais(liquido), reais(esperado));
   }
 
  private:
@@ -40,7 +48,7 @@ class TotalDoItem {
     const std::int64_t metade = arredondamento_.bytes(lido) == "A" ? divisor / 2 : 0;
     const std::int64_t esperado = (quantidade * valor + metade) / divisor - desconto + acrescimo;
     if (liquido != esperado)
-      relator.noCampo(Regra::TotalDoItem, lido, liquido_.indice(), reais(liquido), reais(esperado));
+      relator.noCampo(validacao::kTotalDoItem, lido, liquido_.indice(), reais(liquido), reais(esperado));
   }
 
  private:

@@ -13,8 +13,8 @@ namespace cotepe {
 
 /// What a validation is told.
 struct OpcoesDeValidacao {
-  std::string arquivo;          ///< its name in the findings
-  ConjuntoDeRegras desligadas;  ///< rules that are not looked at
+  std::string arquivo;    ///< its name in the findings
+  Supressoes desligadas;  ///< rules that are not looked at
 };
 
 /// Reads a report to its end and gives every finding to `recebe`, in one pass: most of them at their line,

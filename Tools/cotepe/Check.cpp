@@ -1,22 +1,16 @@
 // cotepe check: a fiscal database held to what the registers need of it.
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <memory>
-#include <vector>
 
-#include "Achados/SaidaDeAchados.h"
 #include "BancoFiscal/ErroDoBanco.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
 #include "Conferencia/Conferencia.h"
 #include "Dia.h"
 #include "Idioma/Idioma.h"
-#include "Numero.h"
-#include "RegrasNomeadas.h"
-#include "Sistema/Descritor.h"
+#include "OpcoesDeAchados.h"
 #include "Sistema/Falha.h"
-#include "Sistema/FluxoDeSaida.h"
 #include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
@@ -25,12 +19,11 @@ namespace {
 constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
 
 struct OpcoesDoCheck {
-  std::string banco, de, ate, comando, formato = "text";
+  std::string banco, de, ate, comando;
   int leiaute = 0;
   int espera = 5000;  // milliseconds
-  bool cat52 = false, regras = false;
-  long maximo = -1;
-  std::vector<std::string> desligadas;
+  bool cat52 = false;
+  OpcoesDeAchados achados;
 };
 
 OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
@@ -40,7 +33,7 @@ OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
                                   {opcoes.comando, opcoes.leiaute, opcoes.cat52},
                                   "",
                                   "",
-                                  regrasDesligadas<RegraDoBanco, RegrasDoBanco>(opcoes.desligadas, "check")};
+                                  regrasDesligadas(opcoes.achados, conferencia::kRegras, "check")};
   if (opcoes.de.empty() && opcoes.ate.empty()) return verificacao;
   if (opcoes.de.empty() || opcoes.ate.empty())
     throw Falha(kUsoErrado,
@@ -55,7 +48,7 @@ OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
 
 int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
 
-void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao, SaidaDeAchados& saida) {
+void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao, RecebeAchados& saida) {
   const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
   try {
@@ -70,17 +63,11 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificaca
 }
 
 void executa(const OpcoesDoCheck& opcoes) {
-  if (opcoes.regras) return listaRegras<RegraDoBanco>(kQuantasRegrasDoBanco, 19);
+  if (opcoes.achados.regras) return listaRegras(conferencia::kRegras);
   const OpcoesDaConferencia verificacao = confere(opcoes);
-  FluxoDeSaida fluxo;
-  SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
-  formatoDeAchados(opcoes.formato, comoSai.formato);
-  comoSai.maximo = opcoes.maximo;
-  SaidaDeAchados saida(fluxo, comoSai);
-  verifica(opcoes, verificacao, saida);
-  saida.termina();
-  fluxo.conclui();
-  if (saida.total() > 0)
+  const long total =
+      imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verifica(opcoes, verificacao, saida); });
+  if (total > 0)
     throw Falha(kIncompleto,
                 frase("{1}: not clean; cotepe {2} --rules says what the rules are", {opcoes.banco, "check"}));
 }
@@ -108,18 +95,8 @@ Execucao declaraCheck(CLI::App& comando) {
                   traduz("How long to wait for a locked database, in milliseconds (5000)"))
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
-  comando.add_option("--format", o->formato, traduz("text, json (an object a line) or sarif (text)"))
-      ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "json", "sarif"}));
-  comando
-      .add_option("--max-findings", o->maximo, traduz("Print no more than this many; the counts stay whole"))
-      ->type_name("COUNT")
-      ->check(numeroDesde(0));
-  comando.add_option("--disable", o->desligadas, traduz("Switch off a rule; may be given again"))
-      ->type_name("RULE")
-      ->delimiter(',')
-      ->allow_extra_args(false);
-  comando.add_flag("--rules", o->regras, traduz("List the rules and exit"));
+  declaraAchados(comando, o->achados);
+  declaraRegras(comando, o->achados);
   comando.footer(
       traduz("Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
              "With a period the documents of its Z reductions are looked at; reductions, detail tapes, small "

@@ -4,10 +4,9 @@
 #include "Comandos.h"
 #include "Comparacao/Comparacao.h"
 #include "Idioma/Idioma.h"
+#include "OpcoesDeAchados.h"
 #include "RelatorioLido.h"
-#include "SaidaDoDiff.h"
 #include "Sistema/Falha.h"
-#include "Sistema/FluxoDeSaida.h"
 
 namespace cotepe::programa {
 namespace {
@@ -15,7 +14,7 @@ namespace {
 struct OpcoesDoDiff {
   std::string a, b;
   bool comCarimbo = false, comOrdem = false;
-  OpcoesDeDiferencas saida;
+  OpcoesDeAchados achados;
 };
 
 void executa(const OpcoesDoDiff& opcoes) {
@@ -23,15 +22,13 @@ void executa(const OpcoesDoDiff& opcoes) {
     throw Falha(kUsoErrado,
                 traduz("wrong usage: A and B: found stdin twice, expected two reports; name one of them"));
   RelatorioLido a(opcoes.a), b(opcoes.b);
-  FluxoDeSaida fluxo;
-  SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
-  Comparacao diferenca(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem});
-  diferenca.compara(a.linhas(), b.linhas());
-  saida.termina();
-  fluxo.conclui();
+  const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
+    Comparacao(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem})
+        .compara(a.linhas(), b.linhas());
+  });
   a.confereLeitura();
   b.confereLeitura();
-  if (saida.total() > 0) throw Falha(kIncompleto, frase("{1} and {2} differ", {a.nome(), b.nome()}));
+  if (total > 0) throw Falha(kIncompleto, frase("{1} and {2} differ", {a.nome(), b.nome()}));
 }
 
 }  // namespace
@@ -42,7 +39,7 @@ Execucao declaraDiff(CLI::App& comando) {
   comando.add_option("B", o->b, traduz("The report to look at; - for stdin"))->required();
   comando.add_flag("--with-stamp", o->comCarimbo, traduz("Compare the time of generation in E11, too"));
   comando.add_flag("--with-order", o->comOrdem, traduz("Compare the order of the records, too"));
-  declaraDiferencas(comando, o->saida);
+  declaraAchados(comando, o->achados);
   comando.footer(traduz(
       "Records are aligned by register and key, such as COO and item. What is printed is about B: what was\n"
       "found there, and what A has instead.\n"

@@ -12,12 +12,11 @@
 #include "HospedeiroDoPrograma.h"
 #include "Idioma/Idioma.h"
 #include "NomeDoRelatorio.h"
+#include "OpcoesDeAchados.h"
 #include "RelatorioLido.h"
 #include "Resumo.h"
 #include "Saida.h"
-#include "SaidaDoDiff.h"
 #include "Sistema/Falha.h"
-#include "Sistema/FluxoDeSaida.h"
 #include "Sistema/Progresso.h"
 #include "Sistema/Sinais.h"
 
@@ -31,7 +30,7 @@ struct OpcoesDoVerify {
   OpcoesDeAjuste ajuste;
   int espera = 5000;  // milliseconds
   bool calado = false;
-  OpcoesDeDiferencas saida;
+  OpcoesDeAchados achados;
 };
 
 class Contagem final : public RecebeAchados {
@@ -130,13 +129,9 @@ void executa(const OpcoesDoVerify& opcoes) {
   if (diferencas == 0) outros = mesmosBytes(ajustes, ajuste, lidos);
   if (!opcoes.calado) avisa(relatorio.nome() + ": " + textoDoAjuste(ajuste, opcoes.ajuste, outros));
 
-  FluxoDeSaida fluxo;
-  SaidaDeAchados saida(fluxo, opcoes.saida.paraStdout());
-  verificacao.confronta(ajuste, saida);
-  saida.termina();
-  fluxo.conclui();
-  if (saida.total() > 0)
-    throw Falha(kIncompleto, frase("{1}: not what the database says", {relatorio.nome()}));
+  const long total =
+      imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verificacao.confronta(ajuste, saida); });
+  if (total > 0) throw Falha(kIncompleto, frase("{1}: not what the database says", {relatorio.nome()}));
 }
 
 }  // namespace
@@ -154,7 +149,7 @@ Execucao declaraVerify(CLI::App& comando) {
       ->type_name("MS")
       ->check(CLI::Range(0, 86400000));
   comando.add_flag("--quiet", o->calado, traduz("Do not say what was derived"));
-  declaraDiferencas(comando, o->saida);
+  declaraAchados(comando, o->achados);
   comando.footer(traduz(
       "What is not given is derived from the report: layout and CAT52 mode from its lines (where they leave\n"
       "a choice, what fits best), the command from E01, the period from the first day of E01, the movements "

@@ -336,24 +336,23 @@ TEST(Regras, EachOneCanBeSwitchedOff) {
   for (const Caso& caso : casos()) {
     Relatorio relatorio = Relatorio::bom();
     caso.quebra(relatorio);
-    Regra regra{};
-    ASSERT_TRUE(regraDe(caso.regra, regra)) << caso.regra;
-    ConjuntoDeRegras desligadas;
-    desligadas.set(static_cast<std::size_t>(regra));
+    const Regra* regra = Regras(validacao::kRegras).acha(caso.regra);
+    ASSERT_NE(regra, nullptr) << caso.regra;
+    Supressoes desligadas;
+    desligadas.desliga(*regra);
     EXPECT_EQ(achados(relatorio.texto(), desligadas), std::vector<std::string>()) << caso.regra;
   }
 }
 
 TEST(Regras, OtherNamesAreNone) {
-  Regra regra{};
-  EXPECT_FALSE(regraDe("line", regra));
-  EXPECT_FALSE(regraDe("", regra));
+  EXPECT_EQ(Regras(validacao::kRegras).acha("line"), nullptr);
+  EXPECT_EQ(Regras(validacao::kRegras).acha(""), nullptr);
 }
 
 TEST(Regras, EachOneHasACase) {
   std::set<std::string> comCaso, todas;
   for (const Caso& caso : casos()) comCaso.insert(caso.regra);
-  for (std::size_t i = 0; i < kQuantasRegras; ++i) todas.insert(descricao(static_cast<Regra>(i)).nome);
+  for (const Regra* regra : validacao::kRegras) todas.insert(regra->nome);
   EXPECT_EQ(comCaso, todas);
 }
 

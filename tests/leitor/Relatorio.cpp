@@ -1,5 +1,6 @@
 #include "Relatorio.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -45,7 +46,24 @@ std::string Relatorio::texto() const {
   return tudo;
 }
 
-std::vector<std::string> achados(const std::string& relatorio, const cotepe::ConjuntoDeRegras& desligadas) {
+cotepe::Supressoes menos(const std::vector<const char*>& nomes) {
+  cotepe::Supressoes desligadas;
+  std::size_t quantas = 0;
+  for (const cotepe::Regra* regra : cotepe::validacao::kRegras) {
+    const bool fica = std::find(nomes.begin(), nomes.end(), std::string(regra->nome)) != nomes.end();
+    if (fica)
+      ++quantas;
+    else
+      desligadas.desliga(*regra);
+  }
+  if (quantas != nomes.size()) {
+    std::cerr << "no such rule\n";
+    std::abort();
+  }
+  return desligadas;
+}
+
+std::vector<std::string> achados(const std::string& relatorio, const cotepe::Supressoes& desligadas) {
   struct Coletor : cotepe::RecebeAchados {
     std::vector<std::string> textos;
     void recebe(const cotepe::Achado& achado) override { textos.push_back(cotepe::textoDoAchado(achado)); }

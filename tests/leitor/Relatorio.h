@@ -33,5 +33,7 @@ class Relatorio {
 };
 
 /// What is said of a report named r.txt, in text, in order.
-std::vector<std::string> achados(const std::string& relatorio,
-                                 const cotepe::ConjuntoDeRegras& desligadas = {});
+std::vector<std::string> achados(const std::string& relatorio, const cotepe::Supressoes& desligadas = {});
+
+/// Every rule of the reports but those of these names.
+cotepe::Supressoes menos(const std::vector<const char*>& nomes);

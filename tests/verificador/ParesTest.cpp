@@ -190,10 +190,10 @@ TEST(ParesDeRegras, EachOneIsJustKept) {
 
 TEST(ParesDeRegras, EachOneCanBeSwitchedOff) {
   for (const Par& par : pares()) {
-    RegraDoBanco regra{};
-    ASSERT_TRUE(regraDe(par.regra, regra)) << par.regra;
+    const Regra* regra = Regras(conferencia::kRegras).acha(par.regra);
+    ASSERT_NE(regra, nullptr) << par.regra;
     OpcoesDaConferencia opcoes = janeiro();
-    opcoes.desligadas.set(static_cast<std::size_t>(regra));
+    opcoes.desligadas.desliga(*regra);
     EXPECT_EQ(depoisDe(par.quebra, opcoes), Linhas()) << par.regra;
   }
 }
@@ -201,8 +201,7 @@ TEST(ParesDeRegras, EachOneCanBeSwitchedOff) {
 TEST(ParesDeRegras, EachOneHasAPair) {
   std::set<std::string> comPar, todas;
   for (const Par& par : pares()) comPar.insert(par.regra);
-  for (std::size_t i = 0; i < kQuantasRegrasDoBanco; ++i)
-    todas.insert(descricao(static_cast<RegraDoBanco>(i)).nome);
+  for (const Regra* regra : conferencia::kRegras) todas.insert(regra->nome);
   EXPECT_EQ(comPar, todas);
 }
 

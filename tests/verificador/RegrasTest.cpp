@@ -447,16 +447,13 @@ TEST(Verificador, TheLayoutSetsTheCounters) {
 
 TEST(Verificador, ARuleCanBeSwitchedOff) {
   OpcoesDaConferencia opcoes;
-  opcoes.desligadas.set(static_cast<std::size_t>(RegraDoBanco::TabelaAusente));
+  opcoes.desligadas.desliga(conferencia::kTabelaAusente);
   EXPECT_EQ(depoisDe("DROP TABLE moeda", opcoes), Linhas());
 }
 
 TEST(Verificador, RuleNamesAreFoundAndDistinct) {
-  for (std::size_t i = 0; i < kQuantasRegrasDoBanco; ++i) {
-    RegraDoBanco regra{};
-    EXPECT_TRUE(regraDe(descricao(static_cast<RegraDoBanco>(i)).nome, regra));
-    EXPECT_EQ(static_cast<std::size_t>(regra), i);
-  }
+  for (const Regra* regra : conferencia::kRegras)
+    EXPECT_EQ(Regras(conferencia::kRegras).acha(regra->nome), regra);
 }
 
 }  // namespace

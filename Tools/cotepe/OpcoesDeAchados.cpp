@@ -1,0 +1,75 @@
+#include "OpcoesDeAchados.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iomanip>
+#include <sstream>
+
+#include "Achados/SaidaDeAchados.h"
+#include "Idioma/Idioma.h"
+#include "Numero.h"
+#include "Sistema/Descritor.h"
+#include "Sistema/Falha.h"
+#include "Sistema/FluxoDeSaida.h"
+
+namespace cotepe::programa {
+
+void declaraAchados(CLI::App& comando, OpcoesDeAchados& opcoes) {
+  comando.add_option("--format", opcoes.formato, traduz("text, json (an object a line) or sarif (text)"))
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json", "sarif"}));
+  comando
+      .add_option("--max-findings", opcoes.maximo,
+                  traduz("Print no more than this many; the counts stay whole"))
+      ->type_name("COUNT")
+      ->check(numeroDesde(0));
+}
+
+void declaraRegras(CLI::App& comando, OpcoesDeAchados& opcoes) {
+  comando.add_option("--disable", opcoes.desligadas, traduz("Switch off a rule; may be given again"))
+      ->type_name("RULE")
+      ->delimiter(',')
+      ->allow_extra_args(false);
+  comando.add_flag("--rules", opcoes.regras, traduz("List the rules and exit"));
+}
+
+void listaRegras(Regras regras) {
+  std::size_t largura = 0;
+  for (const Regra* regra : regras) largura = std::max(largura, std::strlen(regra->nome) + 2);
+  std::ostringstream lista;
+  for (const Regra* regra : regras)
+    lista << std::left << std::setw(static_cast<int>(largura)) << regra->nome << std::setw(9)
+          << traduz(regra->severidade == Severidade::Erro ? marca("error") : marca("warning"))
+          << traduz(regra->resumo) << '\n';
+  escreveNaSaidaPadrao(lista.str());
+}
+
+Supressoes regrasDesligadas(const OpcoesDeAchados& opcoes, Regras regras, const std::string& comando) {
+  Supressoes supressoes;
+  for (const std::string& nome : opcoes.desligadas) {
+    const Regra* regra = regras.acha(nome);
+    if (regra == nullptr)
+      throw Falha(
+          kUsoErrado,
+          frase("wrong usage: --disable: found {1}, expected the name of a rule; see cotepe {2} --rules",
+                {nome, comando}));
+    supressoes.desliga(*regra);
+  }
+  return supressoes;
+}
+
+long imprimeAchados(const OpcoesDeAchados& opcoes, const std::function<void(RecebeAchados&)>& acha) {
+  FluxoDeSaida fluxo;
+  SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
+  formatoDeAchados(opcoes.formato, comoSai.formato);
+  comoSai.maximo = opcoes.maximo;
+  SaidaDeAchados saida(fluxo, comoSai);
+  acha(saida);
+  saida.termina();
+  fluxo.conclui();
+  return saida.total();
+}
+
+}  // namespace cotepe::programa

@@ -63,7 +63,7 @@ TEST(Verificador, WithEveryRuleOffNothingIsTold) {
       "'x'";
   EXPECT_GT(depoisDe(kDanos).size(), 5U);
   OpcoesDaConferencia opcoes;
-  opcoes.desligadas.set();
+  for (const Regra* regra : conferencia::kRegras) opcoes.desligadas.desliga(*regra);
   EXPECT_EQ(depoisDe(kDanos, opcoes), Linhas());
 }
 

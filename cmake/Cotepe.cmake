@@ -2,7 +2,7 @@
 
 # cotepe_opcoes(TARGET): the language level and the warnings of this tree.
 function(cotepe_opcoes alvo)
-  target_compile_features(${alvo} PUBLIC cxx_std_17)
+  target_compile_features(${alvo} PRIVATE cxx_std_17)
   set_target_properties(${alvo} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${alvo} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   if(COTEPE_WERROR)

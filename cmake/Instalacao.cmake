@@ -1,4 +1,4 @@
-# What cmake --install lays down: headers, both libraries, the package for find_package and for pkg-config, and
+# What cmake --install installs: headers, both libraries, the package for find_package and for pkg-config, and
 # the program where it is built.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -9,10 +9,16 @@ set(cotepe_pacote ${CMAKE_INSTALL_LIBDIR}/cmake/cotepe)
 install(FILES Sources/InterfaceC/cotepe.h Sources/CotepeManager/CotepeManager.h Sources/CotepeManager/Geracao.h
   Sources/CotepeManager/Hospedeiro.h
   libs/BigInt/BigInt.h libs/Financial/Financial.h
-  Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/PreencheComChar.h Host/RtcClasses.h
   DESTINATION ${cotepe_cabecalhos} COMPONENT desenvolvimento)
+# Apart, so that the class is never compiled with these where the application forgot its own.
+install(FILES Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/PreencheComChar.h Host/RtcClasses.h
+  DESTINATION ${cotepe_cabecalhos}/host COMPONENT desenvolvimento)
+install(FILES Sources/CotepeManager/CotepeManagerLigado.cpp
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/cotepe COMPONENT desenvolvimento)
 
 set_target_properties(Host PROPERTIES OUTPUT_NAME cotepe_host)
+target_include_directories(Host INTERFACE $<INSTALL_INTERFACE:${cotepe_cabecalhos}/host>)
+target_compile_features(Host INTERFACE cxx_std_11)
 install(TARGETS cotepe_compartilhada cotepe_estatica Host EXPORT cotepe
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT biblioteca NAMELINK_COMPONENT desenvolvimento
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desenvolvimento
@@ -21,14 +27,20 @@ install(EXPORT cotepe FILE cotepeTargets.cmake NAMESPACE cotepe:: DESTINATION ${
   COMPONENT desenvolvimento)
 
 configure_package_config_file(cmake/cotepeConfig.cmake.in cotepeConfig.cmake INSTALL_DESTINATION ${cotepe_pacote})
-write_basic_package_version_file(cotepeConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+# While the major version is 0 a minor one may break the source of hosts.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(cotepe_compativel SameMinorVersion)
+else()
+  set(cotepe_compativel SameMajorVersion)
+endif()
+write_basic_package_version_file(cotepeConfigVersion.cmake COMPATIBILITY ${cotepe_compativel})
 install(FILES ${PROJECT_BINARY_DIR}/cotepeConfig.cmake ${PROJECT_BINARY_DIR}/cotepeConfigVersion.cmake
   DESTINATION ${cotepe_pacote} COMPONENT desenvolvimento)
 
 # The package may be moved: its files find the prefix from their own place.
 file(RELATIVE_PATH cotepe_da_pasta_pc /prefixo/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefixo)
 string(REGEX REPLACE "/$" "" cotepe_da_pasta_pc ${cotepe_da_pasta_pc})
-foreach(pc cotepe.pc cotepe-static.pc)
+foreach(pc cotepe.pc cotepe-static.pc cotepe-host.pc)
   configure_file(cmake/${pc}.in ${pc} @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${pc} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT desenvolvimento)
 endforeach()

@@ -1,12 +1,16 @@
 #include "CotepeManager.h"
 
+#include <sqlite3.h>
+
+#include <cerrno>
 #include <cstring>
-#include <memory>
 #include <new>
 
 #include "ExecucaoSqlite.h"
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
+#include "Sistema/ConflitoDeArquivos.h"
+#include "Sistema/Fluxo.h"
 
 namespace {
 
@@ -33,9 +37,42 @@ void copiaSeHouver(char (&destino)[N], const char* texto) {
   if (*texto != '\0') cotepe::copiaLimitada(destino, texto);
 }
 
+// The name of the n-th database of a connection, attached ones included; null behind the last.
+const char* nomeDoBanco(sqlite3* banco, int n) {
+#if SQLITE_VERSION_NUMBER >= 3039000
+  return sqlite3_db_name(banco, n);
+#else
+  static_cast<void>(banco);
+  return n == 0 ? "main" : nullptr;
+#endif
+}
+
+// Whether the report would be written over what the connection reads. One in memory, or none, has no file.
+bool arruinaOBanco(sqlite3* banco, const char* relatorio) {
+  if (banco == nullptr) return false;
+  for (int n = 0; const char* nome = nomeDoBanco(banco, n); ++n) {
+    const char* arquivo = sqlite3_db_filename(banco, nome);
+    if (arquivo != nullptr && *arquivo != '\0' && cotepe::pertenceAoBanco(relatorio, arquivo)) return true;
+  }
+  return false;
+}
+
+// What a run ends with before anything is touched; kGerado: it may begin.
+int recusa(sqlite3* banco, const char* relatorio) {
+  try {
+    if (!arruinaOBanco(banco, relatorio)) return cotepe::kGerado;
+    errno = EBUSY;
+    return cotepe::kRelatorioNaoAberto;
+  } catch (const std::bad_alloc&) {
+    return cotepe::kEscritaFalhou;
+  }
+}
+
 }  // namespace
 
 CotepeManager::CotepeManager(sqlite3* banco) : db(banco) {}
+
+CotepeManager::~CotepeManager() { abandonaRelatorio(); }
 
 void CotepeManager::setVersaoAtoCotepe(int versao) { m_iVersaoAtoCotepe = versao; }
 int CotepeManager::getVersaoAtoCotepe() const { return m_iVersaoAtoCotepe; }
@@ -46,21 +83,24 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
                         const char* comandoDado, cotepe::Hospedeiro& hospedeiro) {
   if (arquivo == nullptr || comandoDado == nullptr || !diaCompleto(dataInicial) || !diaCompleto(dataFinal))
     return cotepe::kArgumentoInvalido;
+  const int recusado = recusa(db, arquivo);
+  if (recusado != cotepe::kGerado) return recusado;
   fixaPeriodo(dataInicial, dataFinal);
   ReportFile = std::fopen(arquivo, "w");
   if (ReportFile == nullptr) return cotepe::kRelatorioNaoAberto;
 
-  // Outlives the stream that uses it; without memory for it the stream has its own smaller one.
-  const std::unique_ptr<char[]> buffer(new (std::nothrow) char[kTamanhoDoBuffer]);
-  if (buffer != nullptr) static_cast<void>(std::setvbuf(ReportFile, buffer.get(), _IOFBF, kTamanhoDoBuffer));
+  // Without memory for it the stream has its own smaller one.
+  m_buffer.reset(new (std::nothrow) char[kTamanhoDoBuffer]);
+  if (m_buffer != nullptr)
+    static_cast<void>(std::setvbuf(ReportFile, m_buffer.get(), _IOFBF, kTamanhoDoBuffer));
   try {
     const int resultado = geraNoArquivoAberto(comandoDado, hospedeiro);
     return fechaRelatorio() || resultado != cotepe::kGerado ? resultado : cotepe::kEscritaFalhou;
   } catch (const std::bad_alloc&) {
     fechaRelatorio();
     return cotepe::kEscritaFalhou;
-  } catch (...) {  // the host's own: the stream must not outlive its buffer
-    fechaRelatorio();
+  } catch (...) {  // the host's own
+    abandonaRelatorio();
     throw;
   }
 }
@@ -104,7 +144,14 @@ bool CotepeManager::fechaRelatorio() {
   const bool semErro = std::ferror(ReportFile) == 0;
   const bool fechado = std::fclose(ReportFile) == 0;
   ReportFile = nullptr;
+  m_buffer.reset();
   return semErro && fechado;
+}
+
+void CotepeManager::abandonaRelatorio() noexcept {
+  if (ReportFile == nullptr) return;
+  cotepe::esvazia(ReportFile);
+  fechaRelatorio();
 }
 
 cotepe::Ajustes CotepeManager::ajustes() const {
@@ -117,6 +164,10 @@ void CotepeManager::escreve(const cotepe::Registro& registro, cotepe::Hospedeiro
   hospedeiro.inicia(registro.codigo);
   registro.escreve(execucao, registro);
   hospedeiro.conclui(registro.codigo, execucao.linhas(), execucao.completa());
+}
+
+void CotepeManager::escreve(const char* codigo, cotepe::Hospedeiro& hospedeiro) {
+  escreve(*cotepe::registroDe(codigo), hospedeiro);
 }
 
 void CotepeManager::formataData(char* src, char* dst) { cotepe::formataData(src, dst); }

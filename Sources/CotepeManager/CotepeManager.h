@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdio>
+#include <memory>
 
 struct sqlite3;
 
@@ -16,7 +17,7 @@ class Hospedeiro;
 enum Resultado : int {
   kGerado = 0,              ///< the registers of the command were written; a failed query was logged
   kArgumentoInvalido = 2,   ///< an argument is null or a day has fewer than 8 characters; nothing was touched
-  kRelatorioNaoAberto = 3,  ///< the report could not be opened for writing
+  kRelatorioNaoAberto = 3,  ///< the report could not be opened for writing, or is a file of the database
   kEscritaFalhou = 4,       ///< the report is not whole: disk full, I/O error, out of memory
   kIdentidadeFalhou = 5     ///< the printer's identity could not be read; the report is closed and empty
 };
@@ -33,7 +34,8 @@ class CotepeManager {
   /// sqlite3_busy_timeout.
   /// Starts in layout version 1, CAT52 mode off.
   explicit CotepeManager(sqlite3* banco);
-  ~CotepeManager() = default;
+  /// A report that is still open, of a run that was left by longjmp, is closed and empty.
+  ~CotepeManager();
   CotepeManager(const CotepeManager&) = delete;
   CotepeManager& operator=(const CotepeManager&) = delete;
 
@@ -51,7 +53,10 @@ class CotepeManager {
   /// Writes the report of a period to the file named, created or truncated: one record a line, LF endings.
   /// Days are DDMMYYYY, first and last, both included. `szCmd` is "MF", "MFD", "TDM" or "RZ", compared
   /// whole; any other text gives E01 and E02 only. A register whose query fails is logged through
-  /// Quorvel_GravaLog and the run goes on. Returns a cotepe::Resultado.
+  /// Quorvel_GravaLog and the run goes on. A report that would be written over the database, or over a
+  /// journal of it, is refused with result 3 and errno EBUSY before anything is touched. What the
+  /// application's functions throw leaves this one, after the report is closed and empty. Returns a
+  /// cotepe::Resultado.
   int GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial, const char* szDataFinal,
                          const char* szCmd);
 
@@ -65,9 +70,11 @@ class CotepeManager {
   void fixaPeriodo(const char* dataInicial, const char* dataFinal);
   bool leIdentidade(cotepe::Hospedeiro& hospedeiro);
   bool fechaRelatorio();
+  void abandonaRelatorio() noexcept;
   cotepe::Ajustes ajustes() const;
   void escreve(const cotepe::Registro& registro, cotepe::Hospedeiro& hospedeiro);
-  void escreve(const cotepe::Registro& registro);
+  void escreve(const char* codigo, cotepe::Hospedeiro& hospedeiro);
+  void escreve(const char* codigo);
 
   // Text helpers; `dst` holds 9 bytes for a date, 7 for an hour. The others work in place and return `s`.
   static void formataData(char* src, char* dst);
@@ -111,7 +118,8 @@ class CotepeManager {
   char comando[4] = {};
   int m_iVersaoAtoCotepe = 1;
   bool m_bCAT52 = false;
-  int m_iCountSize = 6;        // width of a document counter; this and the next are set by each run
-  int m_iDivCount = 1000000;   // its modulus
-  FILE* ReportFile = nullptr;  // open during a run only
+  int m_iCountSize = 6;              // width of a document counter; this and the next are set by each run
+  int m_iDivCount = 1000000;         // its modulus
+  FILE* ReportFile = nullptr;        // open during a run only
+  std::unique_ptr<char[]> m_buffer;  // of that stream
 };

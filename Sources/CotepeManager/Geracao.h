@@ -19,7 +19,7 @@ class Geracao {
   void setCAT52(bool cat52) { gerador_.setCAT52(cat52); }
 
   /// As CotepeManager::GeraRegistrosTipoE. What the host's functions throw leaves it, after the report is
-  /// closed.
+  /// closed and empty.
   int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comando) {
     return gerador_.gera(arquivo, dataInicial, dataFinal, comando, hospedeiro_);
   }

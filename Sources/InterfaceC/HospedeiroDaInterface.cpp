@@ -11,6 +11,10 @@
 namespace cotepe {
 namespace {
 
+void continua(int pedido) {
+  if (pedido != 0) throw Cancelamento();
+}
+
 const char* ouVazio(const char* texto) { return texto != nullptr ? texto : ""; }
 
 // Zero-filled; returns what follows. What does not fit leaves bytes that are no digits.
@@ -50,7 +54,7 @@ void HospedeiroDaInterface::fixaMomento(const cotepe_time* momento) {
 }
 
 void HospedeiroDaInterface::registraLog(const char* mensagem) {
-  if (log_.funcao != nullptr) log_.funcao(log_.usuario, mensagem);
+  if (log_.funcao != nullptr) continua(log_.funcao(log_.usuario, mensagem));
 }
 
 void HospedeiroDaInterface::dataHoraAtual(char* saida) {
@@ -58,7 +62,7 @@ void HospedeiroDaInterface::dataHoraAtual(char* saida) {
   if (agora[0] == '\0') {
     cotepe_time momento{};
     if (relogio_.funcao != nullptr)
-      relogio_.funcao(relogio_.usuario, &momento);
+      continua(relogio_.funcao(relogio_.usuario, &momento));
     else
       momento = doSistema();
     agora = carimbo(momento);
@@ -75,7 +79,7 @@ void HospedeiroDaInterface::preenche(char* texto, char* destino, int largura) {
 
 void HospedeiroDaInterface::conclui(const char* registro, long linhas, bool completo) {
   completa_ = completa_ && completo;
-  if (aviso_.funcao != nullptr) aviso_.funcao(aviso_.usuario, registro, linhas, completo ? 1 : 0);
+  if (aviso_.funcao != nullptr) continua(aviso_.funcao(aviso_.usuario, registro, linhas, completo ? 1 : 0));
 }
 
 HospedeiroDaInterface::Carimbo HospedeiroDaInterface::carimbo(const cotepe_time& momento) {

@@ -12,6 +12,9 @@ namespace cotepe {
 /// Thrown out of the run where the clock gives no time of the calendar.
 struct RelogioInvalido {};
 
+/// Thrown out of the run where a callback asks for its end.
+struct Cancelamento {};
+
 /// Its callbacks may throw what they like.
 class HospedeiroDaInterface final : public Hospedeiro {
  public:

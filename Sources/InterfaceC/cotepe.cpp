@@ -1,10 +1,15 @@
 #include "cotepe.h"
 
-#include <atomic>
+#include <algorithm>
+#include <iterator>
 #include <new>
+#include <string>
+#include <string_view>
 
 #include "Geracao.h"
 #include "HospedeiroDaInterface.h"
+#include "Leiaute/Releitura.h"
+#include "Posse.h"
 
 // A run's results are passed on as they are.
 static_assert(int{COTEPE_DONE} == cotepe::kGerado);
@@ -18,7 +23,7 @@ struct cotepe_generator {
 
   cotepe::HospedeiroDaInterface hospedeiro;
   cotepe::Geracao geracao;
-  std::atomic_flag ocupado = ATOMIC_FLAG_INIT;
+  cotepe::Posse posse;
 };
 
 namespace {
@@ -27,7 +32,7 @@ namespace {
 template <class Funcao>
 int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
   if (gerador == nullptr) return COTEPE_BAD_ARGUMENT;
-  if (gerador->ocupado.test_and_set()) return COTEPE_BUSY;
+  if (!gerador->posse.toma()) return COTEPE_BUSY;
   int resultado = COTEPE_DONE;
   try {
     resultado = funcao(*gerador);
@@ -35,10 +40,12 @@ int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
     resultado = COTEPE_NO_MEMORY;
   } catch (const cotepe::RelogioInvalido&) {
     resultado = COTEPE_BAD_TIME;
+  } catch (const cotepe::Cancelamento&) {
+    resultado = COTEPE_CANCELLED;
   } catch (...) {
     resultado = COTEPE_CALLBACK_FAILED;
   }
-  gerador->ocupado.clear();
+  gerador->posse.solta();
   return resultado;
 }
 
@@ -49,6 +56,26 @@ int ajusta(cotepe_generator* gerador, Funcao funcao) noexcept {
     funcao(g);
     return COTEPE_DONE;
   });
+}
+
+// DDMMYYYY as AAAAMMDD, whose order is that of the calendar; empty when it is no day of it.
+std::string diaDoCalendario(const char* ddmmaaaa) {
+  const std::string_view dia = ddmmaaaa != nullptr ? ddmmaaaa : "";
+  if (dia.size() != 8) return {};
+  std::string invertido(dia.substr(4));
+  invertido.append(dia.substr(2, 2)).append(dia.substr(0, 2));
+  return cotepe::dataPossivel(invertido) ? invertido : std::string();
+}
+
+bool periodoValido(const char* primeiro, const char* ultimo) {
+  const std::string de = diaDoCalendario(primeiro), ate = diaDoCalendario(ultimo);
+  return !de.empty() && !ate.empty() && de <= ate;
+}
+
+bool comandoValido(const char* comando) {
+  constexpr std::string_view kComandos[] = {"MF", "MFD", "TDM", "RZ"};
+  return comando != nullptr &&
+         std::find(std::begin(kComandos), std::end(kComandos), comando) != std::end(kComandos);
 }
 
 }  // namespace
@@ -62,7 +89,7 @@ int cotepe_create(sqlite3* database, cotepe_generator** generator) noexcept {
 }
 
 int cotepe_destroy(cotepe_generator* generator) noexcept {
-  if (generator != nullptr && generator->ocupado.test_and_set()) return COTEPE_BUSY;
+  if (generator != nullptr && !generator->posse.toma() && !generator->posse.abandonada()) return COTEPE_BUSY;
   delete generator;
   return COTEPE_DONE;
 }
@@ -100,8 +127,11 @@ int cotepe_set_time(cotepe_generator* generator, const cotepe_time* time) noexce
 int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
                     const char* last_day, const char* command) noexcept {
   return comGerador(generator, [&](cotepe_generator& g) {
+    if (report == nullptr || !periodoValido(first_day, last_day) || !comandoValido(command))
+      return int{COTEPE_BAD_ARGUMENT};
     g.hospedeiro.comeca();
-    const int resultado = g.geracao.gera(report, first_day, last_day, command);
+    const int resultado =
+        cotepe::Posse::comFolga([&] { return g.geracao.gera(report, first_day, last_day, command); });
     return resultado == COTEPE_DONE && !g.hospedeiro.completa() ? int{COTEPE_INCOMPLETE} : resultado;
   });
 }
@@ -113,9 +143,9 @@ const char* cotepe_result_text(int result) noexcept {
     case COTEPE_INCOMPLETE:
       return "a query failed: the report may lack lines";
     case COTEPE_BAD_ARGUMENT:
-      return "an argument is null, or a day has fewer than 8 characters";
+      return "an argument is null, or the days or the command are not valid";
     case COTEPE_CANNOT_OPEN:
-      return "the report cannot be opened";
+      return "the report cannot be opened, or is the database";
     case COTEPE_CANNOT_WRITE:
       return "the report cannot be written";
     case COTEPE_NO_IDENTITY:
@@ -128,6 +158,8 @@ const char* cotepe_result_text(int result) noexcept {
       return "the clock gave no time of the calendar";
     case COTEPE_CALLBACK_FAILED:
       return "an exception left a callback";
+    case COTEPE_CANCELLED:
+      return "a callback cancelled the run";
     default:
       return "unknown result";
   }

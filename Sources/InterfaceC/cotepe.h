@@ -4,16 +4,31 @@
 #ifndef COTEPE_H
 #define COTEPE_H
 
-#ifdef __cplusplus
+#include <stdint.h>
+
 /** No function throws. */
+#if defined(__cplusplus) && __cplusplus >= 201103L
 #define COTEPE_NOEXCEPT noexcept
-extern "C" {
+#elif defined(__cplusplus)
+#define COTEPE_NOEXCEPT throw()
 #else
 #define COTEPE_NOEXCEPT
 #endif
 
-/** What the shared library exports. */
+/** What the shared library exports. Who links the static one on Windows defines COTEPE_STATIC. */
+#if defined(_WIN32) && defined(COTEPE_EXPORTS)
+#define COTEPE_API __declspec(dllexport)
+#elif defined(_WIN32) && !defined(COTEPE_STATIC)
+#define COTEPE_API __declspec(dllimport)
+#elif defined(__GNUC__) && !defined(_WIN32)
 #define COTEPE_API __attribute__((visibility("default")))
+#else
+#define COTEPE_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
 
 /* NOLINTBEGIN(modernize-use-using): C has typedef alone. */
 struct sqlite3;
@@ -27,15 +42,18 @@ typedef struct cotepe_generator cotepe_generator;
 /** What a function returns; cotepe_result_text has the words. */
 enum cotepe_result {
   COTEPE_DONE = 0,
-  COTEPE_INCOMPLETE = 1,     /**< the report is there, but a register's query failed: it may lack lines */
-  COTEPE_BAD_ARGUMENT = 2,   /**< a null pointer, or a day of fewer than 8 characters; nothing was done */
-  COTEPE_CANNOT_OPEN = 3,    /**< the report could not be opened for writing; errno says why */
-  COTEPE_CANNOT_WRITE = 4,   /**< the report is not whole: disk full, I/O error, out of memory */
-  COTEPE_NO_IDENTITY = 5,    /**< the printer's identity could not be read; the report is empty */
-  COTEPE_NO_MEMORY = 6,      /**< out of memory outside a run; nothing was changed */
-  COTEPE_BUSY = 7,           /**< the generator is running; nothing was changed */
-  COTEPE_BAD_TIME = 8,       /**< the clock gave no time of the calendar; the report is not whole */
-  COTEPE_CALLBACK_FAILED = 9 /**< a C++ exception left a callback; the report is not whole */
+  COTEPE_INCOMPLETE = 1,   /**< the report is there, but a register's query failed: it may lack lines */
+  COTEPE_BAD_ARGUMENT = 2, /**< a null pointer, no day of the calendar, reversed days, or none of the
+                              commands; nothing was done */
+  COTEPE_CANNOT_OPEN = 3,  /**< the report could not be opened for writing; errno says why. EBUSY: it is the
+                              database, or a journal of it, and nothing was done */
+  COTEPE_CANNOT_WRITE = 4, /**< the report is not whole: disk full, I/O error, out of memory */
+  COTEPE_NO_IDENTITY = 5,  /**< the printer's identity could not be read; the report is empty */
+  COTEPE_NO_MEMORY = 6,    /**< out of memory outside a run; nothing was changed */
+  COTEPE_BUSY = 7,         /**< the generator is running; nothing was changed */
+  COTEPE_BAD_TIME = 8,     /**< the clock gave no time of the calendar; the report is empty */
+  COTEPE_CALLBACK_FAILED = 9, /**< a C++ exception left a callback; the report is empty */
+  COTEPE_CANCELLED = 10       /**< a callback ended the run; the report is empty */
 };
 
 /** Local time: a day that exists, of the years 1 to 9999. */
@@ -49,25 +67,28 @@ typedef struct cotepe_time {
 } cotepe_time;
 
 /* Each callback is given the pointer that was set with it, and is called on the thread that runs
-   cotepe_generate. Texts are the generator's, and valid during the call only. */
+   cotepe_generate. It returns 0 for the run to go on; anything else ends it with COTEPE_CANCELLED. Texts are
+   the generator's, and valid during the call only. A callback returns: neither longjmp nor the exception of
+   another language may leave it, for what the run holds then stays open. */
 
 /** One message of one line, when a query failed; sqlite3_errmsg of the database still has the reason. */
-typedef void (*cotepe_log_callback)(void* user, const char* message);
+typedef int (*cotepe_log_callback)(void* user, const char* message);
 
 /** Fills in the current time. *now comes as zeros, which are no time: left so, the run ends with
    COTEPE_BAD_TIME. */
-typedef void (*cotepe_clock_callback)(void* user, cotepe_time* now);
+typedef int (*cotepe_clock_callback)(void* user, cotepe_time* now);
 
 /** The end of a register such as "E14": how many lines it wrote, and whether each of its queries ended
    normally (1) or not (0). */
-typedef void (*cotepe_register_callback)(void* user, const char* code, long long lines, int complete);
+typedef int (*cotepe_register_callback)(void* user, const char* code, int64_t lines, int complete);
 
 /** Makes a generator over an open database, which stays the host's: it is only read, never closed, and must
    outlive the generator. It must come from the same SQLite library that libcotepe is linked with. Layout 1,
    CAT52 mode off, no identity, no log, the system's local time. *generator is null when it fails. */
 COTEPE_API int cotepe_create(struct sqlite3* database, cotepe_generator** generator) COTEPE_NOEXCEPT;
 
-/** Ends a generator; null is let be. */
+/** Ends a generator; null is ignored. COTEPE_BUSY, and nothing done, within a run of it. After a run that
+   longjmp left all the same it is freed too, on the thread of that run: its report is closed, and empty. */
 COTEPE_API int cotepe_destroy(cotepe_generator* generator) COTEPE_NOEXCEPT;
 
 /** Layout version. 1: document counters of 6 digits. Any other value: of 9 digits. Exactly 2 adds the fields
@@ -99,8 +120,8 @@ COTEPE_API int cotepe_set_clock(cotepe_generator* generator, cotepe_clock_callba
 COTEPE_API int cotepe_set_time(cotepe_generator* generator, const cotepe_time* time) COTEPE_NOEXCEPT;
 
 /** Writes the report of a period to the file named, created or truncated: one record a line, LF endings. Days
-   are DDMMYYYY, first and last, both included. The command is "MF", "MFD", "TDM" or "RZ", compared whole; any
-   other text gives E01 and E02 only. A register whose query fails is logged and the run goes on. */
+   are DDMMYYYY, first and last, both included, and in order. The command is "MF", "MFD", "TDM" or "RZ". A
+   register whose query fails is logged and the run goes on. */
 COTEPE_API int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
                                const char* last_day, const char* command) COTEPE_NOEXCEPT;
 

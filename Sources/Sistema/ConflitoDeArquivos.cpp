@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <system_error>
 
-namespace cotepe::programa {
+namespace cotepe {
 namespace {
 
 namespace fs = std::filesystem;
@@ -47,4 +47,4 @@ bool abertoComo(int descritor, const std::string& caminho) {
   return fstat(descritor, &aberto) == 0 && stat(caminho.c_str(), &nomeado) == 0 && mesmo(aberto, nomeado);
 }
 
-}  // namespace cotepe::programa
+}  // namespace cotepe

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace cotepe::programa {
+namespace cotepe {
 
 /// Whether two paths are the same file, or would be when it is made.
 bool mesmoArquivo(const std::string& a, const std::string& b);
@@ -15,4 +15,4 @@ bool pertenceAoBanco(const std::string& caminho, const std::string& banco);
 /// Whether the file that is open as a descriptor is the one of a path.
 bool abertoComo(int descritor, const std::string& caminho);
 
-}  // namespace cotepe::programa
+}  // namespace cotepe

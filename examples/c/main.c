@@ -3,18 +3,20 @@
 #include <sqlite3.h>
 #include <stdio.h>
 
-static void on_log(void* user, const char* message) {
+static int on_log(void* user, const char* message) {
   fprintf(stderr, "host: %s: %s\n", message, sqlite3_errmsg((sqlite3*)user));
+  return 0;
 }
 
 /* The printer's clock: this one stands still. */
-static void on_clock(void* user, cotepe_time* now) {
+static int on_clock(void* user, cotepe_time* now) {
   (void)user;
   now->year = 2024;
   now->month = 2;
   now->day = 29;
   now->hour = 8;
   now->minute = 30;
+  return 0;
 }
 
 static int write_report(sqlite3* database, char** argv) {

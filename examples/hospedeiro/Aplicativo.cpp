@@ -18,18 +18,17 @@ char g_VersaoSB[15] = "01.00.00";
 
 // The printer's clock: this one stands still.
 void RtcAbsoluteTime::GetCurrentDateTime() {
-  tm_ = {};
-  tm_.tm_year = 2024;
-  tm_.tm_mon = 2;
-  tm_.tm_mday = 29;
-  tm_.tm_hour = 8;
-  tm_.tm_min = 30;
+  ano_ = 2024;
+  mes_ = 2;
+  dia_ = 29;
+  hora_ = 8;
+  minuto_ = 30;
+  segundo_ = 0;
 }
 
 // The generator asks for "yyyymmdd" and "hhmmss" alone.
 void RtcAbsoluteTime::ToStrDateTime(char* /*dateFormat*/, char* /*timeFormat*/, char* out) {
-  std::sprintf(out, "%04d%02d%02d %02d%02d%02d", tm_.tm_year, tm_.tm_mon, tm_.tm_mday, tm_.tm_hour,
-               tm_.tm_min, tm_.tm_sec);
+  std::sprintf(out, "%04d%02d%02d %02d%02d%02d", ano_, mes_, dia_, hora_, minuto_, segundo_);
 }
 
 // The generator asks for mode 1, left-aligned, alone.

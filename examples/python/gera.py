@@ -12,8 +12,8 @@ class Time(ctypes.Structure):
     _fields_ = [(name, ctypes.c_int) for name in ("year", "month", "day", "hour", "minute", "second")]
 
 
-LogCallback = ctypes.CFUNCTYPE(None, ctypes.c_void_p, ctypes.c_char_p)
-ClockCallback = ctypes.CFUNCTYPE(None, ctypes.c_void_p, ctypes.POINTER(Time))
+LogCallback = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_char_p)
+ClockCallback = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.POINTER(Time))
 
 pointer, text = ctypes.c_void_p, ctypes.c_char_p
 sqlite.sqlite3_open_v2.argtypes = [text, ctypes.POINTER(pointer), ctypes.c_int, text]
@@ -32,11 +32,13 @@ cotepe.cotepe_version.restype = text
 @LogCallback
 def on_log(_user, message):
     print("host:", message.decode(), file=sys.stderr)
+    return 0
 
 
 @ClockCallback
 def on_clock(_user, now):
     now[0] = Time(2024, 2, 29, 8, 30, 0)
+    return 0
 
 
 def check(result):

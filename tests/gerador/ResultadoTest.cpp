@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <new>
@@ -100,6 +101,36 @@ TEST_F(Resultado, ThreeWhenTheReportCannotBeOpened) {
   EXPECT_EQ(gera(""), 3);
   EXPECT_TRUE(g_mensagens.empty());
   EXPECT_EQ(gera(), 0);
+}
+
+// A database in a file, one attached to it, and one that is in memory.
+TEST_F(Resultado, ThreeWhereTheReportWouldBeTheDatabaseAndNothingIsTouched) {
+  const std::string banco = "resultado-" + std::to_string(getpid()) + ".db", anexo = banco + ".anexo";
+  sqlite3* aberto = nullptr;
+  ASSERT_EQ(sqlite3_open(banco.c_str(), &aberto), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(aberto,
+                         ("CREATE TABLE t(x); ATTACH ':memory:' AS nenhum; ATTACH '" + anexo +
+                          "' AS anexo; CREATE TABLE anexo.t(x)")
+                             .c_str(),
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  const std::string antes = conteudo(banco.c_str()), doAnexo = conteudo(anexo.c_str());
+  CotepeManager gerador(aberto);
+  for (const std::string& relatorio :
+       {banco, "./" + banco, banco + "-journal", banco + "-wal", banco + "-shm", anexo}) {
+    errno = 0;
+    EXPECT_EQ(gerador.GeraRegistrosTipoE(relatorio.c_str(), "01012024", "31012024", "TDM"), 3) << relatorio;
+    EXPECT_EQ(errno, EBUSY);
+  }
+  EXPECT_FALSE(existe((banco + "-journal").c_str()) || existe((banco + "-wal").c_str()));
+  EXPECT_EQ(conteudo(banco.c_str()), antes);
+  EXPECT_EQ(conteudo(anexo.c_str()), doAnexo);
+  EXPECT_TRUE(g_mensagens.empty());
+  EXPECT_EQ(gerador.GeraRegistrosTipoE(kRelatorio, "01012024", "31012024", "TDM"), 5)
+      << "no database of ours";
+  sqlite3_close(aberto);
+  unlink(banco.c_str());
+  unlink(anexo.c_str());
 }
 
 TEST_F(Resultado, FourWhenTheDiskIsFullAtTheEnd) {
@@ -254,6 +285,7 @@ TEST_F(Resultado, ExceptionOfTheHostPassesThroughAndClosesTheReport) {
   bancada.sql("DROP TABLE intervencao");
   g_aoRegistrar = [] { throw std::runtime_error("do hospedeiro"); };
   EXPECT_THROW(gera(), std::runtime_error);
+  EXPECT_EQ(conteudo(kRelatorio), "");
   g_aoRegistrar = nullptr;
   EXPECT_EQ(gera(), 0);
 }

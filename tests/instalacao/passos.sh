@@ -5,6 +5,7 @@ set -eu
 export LC_ALL=C
 aqui=$(dirname "$0")
 . "$aqui/exemplos.sh"
+. "$aqui/hospedeiros.sh"
 
 falha() { echo "$*" >&2; exit 1; }
 pula() { echo "skipped: $*"; exit 77; }
@@ -49,20 +50,40 @@ simbolos() {
     falha "the library speaks the user's language"
 }
 
-# Every header alone, with every warning; cotepe.h in C too.
+# normas_de HEADER: the standards that compile it, as docs/embedding.md has them.
+normas_de() {
+  case "$1" in
+    cotepe.h) echo c++98 c++03 c++11 c++14 c++17 c++20 c++2b ;;
+    CotepeManager.h | Geracao.h | Hospedeiro.h | host/*) echo c++11 c++14 c++17 c++20 c++2b ;;
+    *) echo c++17 c++20 c++2b ;;
+  esac
+}
+
+# Every header alone, with every warning, in every standard that it promises, by both compilers; cotepe.h in C too.
 cabecalhos() {
   pasta_nova cabecalhos
-  avisos="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror"
-  (cd "$PREFIXO/include/cotepe" && find . -name '*.h') | while read -r cabecalho; do
-    echo "#include \"$cabecalho\"" >um.cpp
-    # shellcheck disable=SC2086
-    "$CXX" -std=c++17 $avisos -I"$PREFIXO/include/cotepe" -fsyntax-only um.cpp || exit 1
+  avisos="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only -I$PREFIXO/include/cotepe"
+  (cd "$PREFIXO/include/cotepe" && find . -name '*.h' | sed 's|^\./||') >cabecalhos.txt
+  [ "$(wc -l <cabecalhos.txt)" -ge 10 ] || falha "the headers were not found"
+  while read -r cabecalho; do
+    printf '#include "%s"\n#include "%s"\n' "$cabecalho" "$cabecalho" >um.cpp
+    for norma in $(normas_de "$cabecalho"); do
+      for compilador in g++ clang++; do
+        # shellcheck disable=SC2086
+        "$compilador" -std="$norma" $avisos um.cpp || falha "$cabecalho: $compilador -std=$norma"
+      done
+    done
+  done <cabecalhos.txt
+  printf '#include <cotepe.h>\n#include <cotepe.h>\nint main(void) { return COTEPE_DONE; }\n' >um.c
+  for norma in c99 c11 c17 c2x; do
+    for compilador in gcc clang; do
+      # shellcheck disable=SC2086
+      "$compilador" -std=$norma $avisos -Wstrict-prototypes um.c || falha "cotepe.h: $compilador -std=$norma"
+    done
   done
-  for norma in c99 c11 c17; do
-    printf '#include <cotepe.h>\n#include <cotepe.h>\nint main(void) { return COTEPE_DONE; }\n' >um.c
-    # shellcheck disable=SC2086
-    "$CC" -std=$norma $avisos -Wstrict-prototypes -I"$PREFIXO/include/cotepe" -fsyntax-only um.c
-  done
+  # A compiler that knows none of the extensions.
+  # shellcheck disable=SC2086
+  gcc -std=c99 $avisos -U__GNUC__ -D'__attribute__(x)=error' -D'__declspec(x)=error' um.c || falha "cotepe.h: no extensions"
 }
 
 # An application with integer names of its own, of other types than those of the money type.
@@ -82,12 +103,14 @@ FIM
   "$CXX" -std=c++17 -Wall -Wextra -Wpedantic -Werror -I"$PREFIXO/include/cotepe" -fsyntax-only um.cpp
 }
 
-# find_package takes the version that is there, or an older one of the same major, and no other.
+# find_package takes the version that is there, or an older one that it is compatible with, and no other: while the major
+# is 0 that is of the same minor.
 versao() {
   pasta_nova versao
   aceita() {
     echo "set(PACKAGE_FIND_VERSION $1)
 string(REGEX MATCH \"^[0-9]+\" PACKAGE_FIND_VERSION_MAJOR $1)
+string(REGEX REPLACE \"^[0-9]+.([0-9]+).*\" \"\\\\1\" PACKAGE_FIND_VERSION_MINOR $1)
 include($PREFIXO/$BIBLIOTECAS/cmake/cotepe/cotepeConfigVersion.cmake)
 if(NOT PACKAGE_VERSION STREQUAL $VERSAO OR NOT PACKAGE_VERSION_COMPATIBLE)
   message(FATAL_ERROR no)
@@ -95,7 +118,9 @@ endif()" >pedido.cmake
     cmake -P pedido.cmake 2>recusa.txt
   }
   aceita "$VERSAO" || falha "$VERSAO"
-  aceita "$SOVERSAO.0" || falha "$SOVERSAO.0"
+  menor=$(echo "$VERSAO" | cut -d . -f 2)
+  aceita "$SOVERSAO.$menor" || falha "$SOVERSAO.$menor"
+  if [ "$SOVERSAO" -eq 0 ]; then ! aceita "0.$((menor - 1))" || falha "0.$((menor - 1)) taken"; fi
   ! aceita "$((SOVERSAO + 1)).0" || falha "$((SOVERSAO + 1)).0 taken"
   ! aceita "$SOVERSAO.9999" || falha "$SOVERSAO.9999 taken"
 }
@@ -122,13 +147,13 @@ find_package() {
 pkg_config() {
   pasta_nova pkg_config
   mkdir exemplos
-  cp -r "$FONTES"/examples/pkg-config "$FONTES"/examples/c "$FONTES"/examples/hospedeiro exemplos
+  cp -r "$FONTES"/examples/* exemplos
   export PKG_CONFIG_PATH="$PREFIXO/$BIBLIOTECAS/pkgconfig" LD_LIBRARY_PATH="$PREFIXO/$BIBLIOTECAS"
   [ "$(pkg-config --modversion cotepe)" = "$VERSAO" ] || falha "version of cotepe.pc"
   exemplos/pkg-config/constroi.sh .
   faz_esperado
-  confere ./compartilhada
-  confere ./hospedeiro
+  for programa in compartilhada estatica objeto hospedeiro; do confere ./$programa; done
+  confere_sem_hora ./minimo
 }
 
 # What docs/embedding.md shows is what the examples hold.

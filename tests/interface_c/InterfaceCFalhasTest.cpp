@@ -23,15 +23,16 @@ TEST(InterfaceCResultado, EachHasItsText) {
   } kTextos[] = {
       {0, "done"},
       {1, "a query failed: the report may lack lines"},
-      {2, "an argument is null, or a day has fewer than 8 characters"},
-      {3, "the report cannot be opened"},
+      {2, "an argument is null, or the days or the command are not valid"},
+      {3, "the report cannot be opened, or is the database"},
       {4, "the report cannot be written"},
       {5, "the printer's identity cannot be read"},
       {6, "out of memory"},
       {7, "the generator is running"},
       {8, "the clock gave no time of the calendar"},
       {9, "an exception left a callback"},
-      {10, "unknown result"},
+      {10, "a callback cancelled the run"},
+      {11, "unknown result"},
       {-1, "unknown result"},
   };
   for (const auto& caso : kTextos) EXPECT_STREQ(cotepe_result_text(caso.resultado), caso.texto);
@@ -89,7 +90,7 @@ TEST_F(InterfaceCFalhas, TimeThatIsNoneOfTheCalendar) {
     EXPECT_EQ(posicoes(linhaDo("E11", gerador.linhas()), 123, 136), "20240229010203");
   }
   ASSERT_EQ(cotepe_set_clock(
-                gerador, [](void*, cotepe_time*) {}, nullptr),
+                gerador, [](void*, cotepe_time*) { return 0; }, nullptr),
             COTEPE_DONE);
   EXPECT_EQ(gerador.gera("MF"), COTEPE_BAD_TIME);
   EXPECT_EQ(gerador.gera("MFD"), COTEPE_DONE) << "no register there asks the clock";
@@ -105,34 +106,85 @@ TEST_F(InterfaceCFalhas, GeneratorIsBusyWithinItsOwnCallbacksAndOthersAreNot) {
   Contexto contexto{gerador, outro};
   ASSERT_EQ(cotepe_set_register_callback(
                 gerador,
-                [](void* usuario, const char*, long long, int) {
+                [](void* usuario, const char*, std::int64_t, int) {
                   auto& c = *static_cast<Contexto*>(usuario);
                   EXPECT_EQ(c.mesmo.gera("TDM"), COTEPE_BUSY);
                   EXPECT_EQ(cotepe_destroy(c.mesmo), COTEPE_BUSY);
                   EXPECT_EQ(cotepe_set_layout(c.mesmo, 2), COTEPE_BUSY);
                   EXPECT_EQ(cotepe_set_identity(c.mesmo, "X", "Y", "Z"), COTEPE_BUSY);
                   EXPECT_EQ(cotepe_set_register_callback(c.mesmo, nullptr, nullptr), COTEPE_BUSY);
-                  EXPECT_EQ(c.outro.gera("outro"), COTEPE_DONE);
+                  EXPECT_EQ(c.outro.gera("RZ"), COTEPE_DONE);
                   ++c.chamadas;
+                  return 0;
                 },
                 &contexto),
             COTEPE_DONE);
-  EXPECT_EQ(gerador.gera("outro"), COTEPE_DONE);
-  EXPECT_EQ(contexto.chamadas, 2);
+  EXPECT_EQ(gerador.gera("RZ"), COTEPE_DONE);
+  EXPECT_EQ(contexto.chamadas, 5);
   EXPECT_EQ(gerador.relatorio(), outro.relatorio());
 }
 
 TEST_F(InterfaceCFalhas, ExceptionOfACallbackGoesNoFurther) {
   bancada.sql("DROP TABLE cupom_fiscal");
   ASSERT_EQ(cotepe_set_log(
-                gerador, [](void*, const char*) { throw 7; }, nullptr),
+                gerador, [](void*, const char*) -> int { throw 7; }, nullptr),
             COTEPE_DONE);
   EXPECT_EQ(gerador.gera("RZ"), COTEPE_CALLBACK_FAILED);
+  EXPECT_EQ(gerador.relatorio(), "");
   EXPECT_EQ(gerador.gera("MF"), COTEPE_DONE) << "no query fails there";
   ASSERT_EQ(cotepe_set_clock(
-                gerador, [](void*, cotepe_time*) { throw std::exception(); }, nullptr),
+                gerador, [](void*, cotepe_time*) -> int { throw std::exception(); }, nullptr),
             COTEPE_DONE);
   EXPECT_EQ(gerador.gera("MF"), COTEPE_CALLBACK_FAILED);
+}
+
+TEST_F(InterfaceCFalhas, AnyOtherAnswerOfACallbackThanZeroEndsTheRunAndLeavesTheReportEmpty) {
+  ASSERT_EQ(cotepe_set_clock(
+                gerador, [](void*, cotepe_time*) { return -1; }, nullptr),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("MF"), COTEPE_CANCELLED);
+  EXPECT_EQ(gerador.relatorio(), "");
+  EXPECT_EQ(gerador.gera("RZ"), COTEPE_DONE) << "no register there asks the clock";
+
+  std::string registros;
+  ASSERT_EQ(cotepe_set_register_callback(
+                gerador,
+                [](void* usuario, const char* codigo, std::int64_t, int) {
+                  *static_cast<std::string*>(usuario) += codigo;
+                  return std::string(codigo) == "E14" ? 1 : 0;
+                },
+                &registros),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("RZ"), COTEPE_CANCELLED);
+  EXPECT_EQ(registros, "E01E02E14");
+  EXPECT_EQ(gerador.relatorio(), "");
+  ASSERT_EQ(cotepe_set_register_callback(gerador, nullptr, nullptr), COTEPE_DONE);
+
+  bancada.sql("DROP TABLE cupom_fiscal");
+  ASSERT_EQ(cotepe_set_log(
+                gerador, [](void*, const char*) { return 1; }, nullptr),
+            COTEPE_DONE);
+  EXPECT_EQ(gerador.gera("RZ"), COTEPE_CANCELLED);
+  EXPECT_EQ(gerador.relatorio(), "");
+}
+
+TEST_F(InterfaceCFalhas, PeriodOrCommandThatIsNoneIsABadArgument) {
+  const struct {
+    const char *primeiro, *ultimo, *comando;
+  } kCasos[] = {
+      {"2024-01-01", "31012024", "TDM"}, {"01012024", "2024-01-31", "TDM"}, {"99999999", "99999999", "TDM"},
+      {"31012024", "30012024", "TDM"},   {"01022024", "31012024", "TDM"},   {"01012025", "31122024", "TDM"},
+      {"29022023", "31032023", "TDM"},   {"00012024", "31012024", "TDM"},   {"01002024", "31012024", "TDM"},
+      {"01010000", "31012024", "TDM"},   {"010120244", "31012024", "TDM"},  {"0101202x", "31012024", "TDM"},
+      {"", "31012024", "TDM"},           {"01012024", "", "TDM"},           {"01012024", "31012024", "tdm"},
+      {"01012024", "31012024", ""},      {"01012024", "31012024", "MFDD"},  {"01012024", "31012024", "M"},
+  };
+  for (const auto& caso : kCasos)
+    EXPECT_EQ(cotepe_generate(gerador, "nao-ha", caso.primeiro, caso.ultimo, caso.comando),
+              COTEPE_BAD_ARGUMENT)
+        << caso.primeiro << " " << caso.ultimo << " " << caso.comando;
+  EXPECT_NE(access("nao-ha", F_OK), 0) << "a report was made";
+  EXPECT_EQ(cotepe_generate(gerador, "/dev/null", "29022024", "29022024", "RZ"), COTEPE_DONE);
 }
 
 TEST_F(InterfaceCFalhas, WithoutMemoryNothingIsMade) {
@@ -154,7 +206,7 @@ TEST_F(InterfaceCFalhas, WithoutMemoryTheIdentityStays) {
     g_memoria.concede();
     EXPECT_EQ(resultado, COTEPE_NO_MEMORY) << concedidas;
   }
-  ASSERT_EQ(gerador.gera("outro"), COTEPE_DONE);
+  ASSERT_EQ(gerador.gera("RZ"), COTEPE_DONE);
   EXPECT_EQ(posicoes(gerador.linhas()[0], 1, 31),
             "E01"
             "SERIE               "

@@ -21,11 +21,15 @@ struct Posto {
     EXPECT_EQ(cotepe_set_log(gerador, log, this), COTEPE_DONE);
   }
 
-  static void relogio(void* usuario, cotepe_time* agora) { *agora = static_cast<Posto*>(usuario)->momento; }
-  static void log(void* usuario, const char* mensagem) {
+  static int relogio(void* usuario, cotepe_time* agora) {
+    *agora = static_cast<Posto*>(usuario)->momento;
+    return 0;
+  }
+  static int log(void* usuario, const char* mensagem) {
     auto& posto = *static_cast<Posto*>(usuario);
     EXPECT_EQ(std::this_thread::get_id(), posto.dono);
     posto.mensagens.emplace_back(mensagem);
+    return 0;
   }
 
   // Each time the same report; it and the messages of all times stay.
@@ -68,14 +72,18 @@ TEST(InterfaceCLinhasDeExecucao, OneGeneratorRunsOneReportAtATime) {
   } espera{posto};
   ASSERT_EQ(cotepe_set_register_callback(
                 posto.gerador,
-                [](void* usuario, const char*, long long, int) {
+                [](void* usuario, const char*, std::int64_t, int) {
                   auto& e = *static_cast<Espera*>(usuario);
-                  std::thread outra([&] { e.resultado = e.posto.gerador.gera("TDM"); });
+                  std::thread outra([&] {
+                    e.resultado = e.posto.gerador.gera("TDM");
+                    EXPECT_EQ(cotepe_destroy(e.posto.gerador), COTEPE_BUSY);
+                  });
                   outra.join();
+                  return 0;
                 },
                 &espera),
             COTEPE_DONE);
-  EXPECT_EQ(posto.gerador.gera("outro"), COTEPE_DONE);
+  EXPECT_EQ(posto.gerador.gera("MF"), COTEPE_DONE);
   EXPECT_EQ(espera.resultado, COTEPE_BUSY);
 }
 

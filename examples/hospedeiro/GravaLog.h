@@ -1,0 +1,4 @@
+// The application's log.
+#pragma once
+
+void Quorvel_GravaLog(char* mensagem);

@@ -4,8 +4,8 @@
 #include <cstddef>
 
 #include "CotepeManager.h"
+#include "Geracao.h"
 #include "GravaLog.h"
-#include "Hospedeiro.h"
 #include "Identidade.h"
 #include "PreencheComChar.h"
 #include "RtcClasses.h"

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -13,6 +14,11 @@
 #include "Sistema/Sinais.h"
 
 namespace cotepe::programa {
+namespace {
+
+constexpr std::size_t kMomento = 40;  // bytes that the generator takes of the clock, its terminator left out
+
+}  // namespace
 
 void HospedeiroDoPrograma::registraLog(const char* mensagem) {
   paraSeInterrompido();
@@ -23,7 +29,8 @@ void HospedeiroDoPrograma::registraLog(const char* mensagem) {
 }
 
 void HospedeiroDoPrograma::dataHoraAtual(char* saida) {
-  std::memcpy(saida, momento_.c_str(), momento_.size() + 1);
+  // The moment may come from a line of a report, which can be of any length.
+  std::memcpy(saida, momento_.c_str(), std::min(momento_.size(), kMomento));
 }
 
 void HospedeiroDoPrograma::preenche(char* texto, char* destino, int largura) {

@@ -3,14 +3,18 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "Achados/Json.h"
+#include "Achados/Trecho.h"
 #include "Idioma/Idioma.h"
-#include "Leitor/Trecho.h"
+#include "Idioma/Utf8.h"
 
 namespace cotepe {
 namespace {
+
+using nlohmann::ordered_json;
 
 constexpr char kAbreSarif[] =
     R"({"$schema":"https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json",)"
@@ -151,53 +155,54 @@ void SaidaDeAchados::terminaTexto() {
 }
 
 void SaidaDeAchados::escreveJson(const Achado& achado) {
-  ObjetoJson objeto(saida_);
-  objeto.texto("severity", palavra(achado.severidade)).texto("rule", achado.regra);
-  objeto.textoSeHouver("file", achado.arquivo).numeroSeHouver("line", achado.linha);
-  if (achado.de > 0) objeto.numero("from", achado.de).numero("to", achado.ate);
-  objeto.textoSeHouver("table", achado.tabela).textoSeHouver("key", achado.chave);
-  objeto.textoSeHouver("column", achado.coluna).textoSeHouver("register", achado.registro);
-  objeto.numeroSeHouver("field", achado.numero).textoSeHouver("label", achado.campo);
-  objeto.textoSeHouver("found", achado.encontrado).textoSeHouver("expected", achado.esperado);
-  objeto.textoSeHouver("fix", achado.conserto);
-  objeto.fecha();
-  saida_ << '\n';
+  ordered_json objeto = {{"severity", palavra(achado.severidade)}, {"rule", achado.regra}};
+  const auto texto = [&objeto](const char* nome, const std::string& valor) {
+    if (!valor.empty()) objeto[nome] = emUtf8(valor);
+  };
+  texto("file", achado.arquivo);
+  if (achado.linha != 0) objeto["line"] = achado.linha;
+  if (achado.de > 0) objeto["from"] = achado.de, objeto["to"] = achado.ate;
+  texto("table", achado.tabela);
+  texto("key", achado.chave);
+  texto("column", achado.coluna);
+  texto("register", achado.registro);
+  if (achado.numero != 0) objeto["field"] = achado.numero;
+  texto("label", achado.campo);
+  texto("found", achado.encontrado);
+  texto("expected", achado.esperado);
+  texto("fix", achado.conserto);
+  saida_ << objeto.dump() << '\n';
 }
 
 void SaidaDeAchados::terminaJson() {
-  saida_ << R"({"summary":)";
-  ObjetoJson(saida_).numero("errors", erros_).numero("warnings", avisos_).numero("shown", escritos_).fecha();
-  saida_ << "}\n";
+  const ordered_json contagens = {{"errors", erros_}, {"warnings", avisos_}, {"shown", escritos_}};
+  saida_ << ordered_json({{"summary", contagens}}).dump() << '\n';
 }
 
 void SaidaDeAchados::escreveSarif(const Achado& achado) {
   regras_.insert(achado.regra);
-  saida_ << (escritos_ == 0 ? kAbreSarif : ",") << '\n';
-  saida_ << R"({"ruleId":)" << textoJson(achado.regra) << R"(,"level":")" << palavra(achado.severidade)
-         << R"(","message":{"text":)" << textoJson(mensagem(achado))
-         << R"(},"locations":[{"physicalLocation":{)"
-         << R"("artifactLocation":{"uri":)" << textoJson(uriDoArquivo(achado.arquivo)) << '}';
+  ordered_json fisico = {{"artifactLocation", {{"uri", uriDoArquivo(achado.arquivo)}}}};
   if (achado.linha > 0) {
-    saida_ << R"(,"region":{"startLine":)" << achado.linha;
-    if (achado.de > 0) saida_ << R"(,"startColumn":)" << achado.de << R"(,"endColumn":)" << achado.ate + 1;
-    saida_ << '}';
+    ordered_json& regiao = fisico["region"] = {{"startLine", achado.linha}};
+    if (achado.de > 0) regiao["startColumn"] = achado.de, regiao["endColumn"] = achado.ate + 1;
   }
-  saida_ << '}';
+  ordered_json lugar = {{"physicalLocation", std::move(fisico)}};
   if (!achado.tabela.empty())
-    saida_ << R"(,"logicalLocations":[{"fullyQualifiedName":)" << textoJson(lugarNoBanco(achado)) << "}]";
-  saida_ << "}]}";
+    lugar["logicalLocations"] = {ordered_json({{"fullyQualifiedName", emUtf8(lugarNoBanco(achado))}})};
+  ordered_json resultado = {{"ruleId", achado.regra}, {"level", palavra(achado.severidade)}};
+  resultado["message"]["text"] = emUtf8(mensagem(achado));
+  resultado["locations"] = ordered_json::array({std::move(lugar)});
+  saida_ << (escritos_ == 0 ? kAbreSarif : ",") << '\n' << resultado.dump();
 }
 
+// The document is written as its results come; what follows them closes what kAbreSarif opened.
 void SaidaDeAchados::terminaSarif() {
-  if (escritos_ == 0) saida_ << kAbreSarif;
-  saida_ << '\n' << R"(],"tool":{"driver":{"name":"cotepe","rules":[)";
-  bool primeira = true;
-  for (const std::string& regra : regras_) {
-    saida_ << (primeira ? "" : ",") << R"({"id":)" << textoJson(regra) << '}';
-    primeira = false;
-  }
-  saida_ << R"(]}},"properties":{"errors":)" << erros_ << R"(,"warnings":)" << avisos_ << R"(,"shown":)"
-         << escritos_ << "}}]}\n";
+  auto regras = ordered_json::array();
+  for (const std::string& regra : regras_) regras.push_back({{"id", regra}});
+  ordered_json fim;
+  fim["tool"]["driver"] = {{"name", "cotepe"}, {"rules", std::move(regras)}};
+  fim["properties"] = {{"errors", erros_}, {"warnings", avisos_}, {"shown", escritos_}};
+  saida_ << (escritos_ == 0 ? kAbreSarif : "") << "\n]," << fim.dump().substr(1) << "]}\n";
 }
 
 }  // namespace cotepe

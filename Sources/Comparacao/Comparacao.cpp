@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <map>
 
+#include "Achados/Citacao.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Leitor/ChaveNatural.h"
-#include "Leitor/Trecho.h"
 #include "Leitor/Valor.h"
 
 namespace cotepe {
@@ -21,7 +21,6 @@ constexpr Regra kCampo = regraDaDiferenca("field"), kFalta = regraDaDiferenca("m
                 kLarguras = regraDaDiferenca("layout");
 
 constexpr int kFolga = 16;  // lines that a side may be ahead by register: a lone line out of place is no gap
-constexpr std::size_t kMaximoMostrado = 60;  // bytes of a text
 
 bool doCarimbo(const RegistroLido& lido, std::size_t campo) {
   return lido.registro == &kE11 && lido.campos[campo].campo->posicao != 0;
@@ -33,11 +32,6 @@ bool inteira(const LinhaLida& linha) { return linha.tamanho == linha.texto.size(
 
 bool mesmaLinha(const LinhaLida& a, const LinhaLida& b) {
   return a.texto == b.texto && mesmoFim(a, b) && inteira(a) && inteira(b);
-}
-
-std::string entreAspas(std::string_view bytes) {
-  const std::string texto = mostravel(bytes.substr(0, kMaximoMostrado));
-  return '"' + texto + (bytes.size() > kMaximoMostrado ? "...\"" : "\"");
 }
 
 // The value for people and, where that is another text, the bytes too.

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "Conferencia/Citacao.h"
+#include "Achados/Citacao.h"
 #include "Idioma/Idioma.h"
+#include "Idioma/Utf8.h"
 #include "Leiaute/Releitura.h"
 #include "Leiaute/Texto.h"
 
@@ -33,11 +34,6 @@ const Regra conferencia::kControle{"control-character", Severidade::Erro,
 namespace {
 
 bool qualquer(const Campo& /*campo*/) { return true; }
-
-std::ptrdiff_t caracteres(std::string_view utf8) {
-  return std::count_if(utf8.begin(), utf8.end(),
-                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
-}
 
 // Bytes that the field gets: those of the characters that the query leaves, without what the field removes.
 std::ptrdiff_t bytesNoCampo(const Destino& destino, std::string_view texto) {
@@ -173,7 +169,8 @@ bool Conferencia::ultimoDaLinha(const Destino& destino) const {
 void Conferencia::texto(const Destino& destino) {
   const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
   const bool usado = coluna_.forma.forma == Forma::TextoUsado;
-  if (usado && bytes <= largura && destino.usados != 0 && caracteres(celula_.texto) > destino.usados)
+  if (usado && bytes <= largura && destino.usados != 0 &&
+      static_cast<int>(caracteresUtf8(celula_.texto)) > destino.usados)
     return acha(conferencia::kTextoCortado, &destino,
                 frase("{1}, of which the first {2} characters are written",
                       {valor(), std::to_string(destino.usados)}),

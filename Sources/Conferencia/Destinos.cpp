@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <map>
 
-#include "Conferencia/Citacao.h"
+#include "Achados/Citacao.h"
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "Conferencia/Citacao.h"
+#include "Achados/Citacao.h"
 #include "Conferencia/Partes.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Texto.h"

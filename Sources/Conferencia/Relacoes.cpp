@@ -1,7 +1,7 @@
 // What must match between tables, and what must be there once.
 #include <algorithm>
 
-#include "Conferencia/Citacao.h"
+#include "Achados/Citacao.h"
 #include "Conferencia/Partes.h"
 #include "Idioma/Idioma.h"
 

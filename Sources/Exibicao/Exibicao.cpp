@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <ostream>
 #include <string>
+#include <unordered_map>
 
 #include "Achados/Json.h"
 #include "Idioma/Idioma.h"
+#include "Idioma/Utf8.h"
 #include "Leiaute/Releitura.h"
 #include "Leitor/Valor.h"
 
@@ -14,13 +16,8 @@ namespace {
 
 constexpr std::size_t kColunaMaxima = 40;  // of a table, in characters
 
-std::size_t caracteres(std::string_view utf8) {
-  return static_cast<std::size_t>(std::count_if(
-      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
 std::string alinhado(std::string texto, std::size_t largura, bool aDireita = false) {
-  const std::size_t n = caracteres(texto);
+  const std::size_t n = caracteresUtf8(texto);
   if (n >= largura) return texto;
   return aDireita ? std::string(largura - n, ' ') + texto : texto + std::string(largura - n, ' ');
 }
@@ -61,7 +58,7 @@ class EmTexto final : public Base {
     if (lido.registro == nullptr) return;
     std::size_t largura = 0;
     for (std::size_t i = 0; i < lido.quantos; ++i)
-      largura = std::max(largura, caracteres(rotuloUnico(lido, i)));
+      largura = std::max(largura, caracteresUtf8(rotuloUnico(lido, i)));
     for (std::size_t i = 0; i < lido.quantos; ++i) {
       const std::string texto = legivel(lido, i);
       const std::string rotulo = rotuloUnico(lido, i);
@@ -111,7 +108,7 @@ class EmTabela final : public Base {
     const CampoLido& campo = lido.campos[i];
     const auto bytes = static_cast<std::size_t>(campo.largura);
     const std::size_t valor = bytes + (numerica(campo.campo->especie) ? bytes / 3 : 2);
-    return std::max(std::min(valor, kColunaMaxima), caracteres(rotuloUnico(lido, i)));
+    return std::max(std::min(valor, kColunaMaxima), caracteresUtf8(rotuloUnico(lido, i)));
   }
 
   void rotulos(const RegistroLido& lido) {
@@ -131,6 +128,7 @@ class EmTabela final : public Base {
   int indice_ = -1;
 };
 
+// Written piece by piece: a number keeps every digit and zero that it has in the report.
 class EmJson final : public Base {
  public:
   using Base::Base;
@@ -142,7 +140,7 @@ class EmJson final : public Base {
     if (!lido.medidaCerta) saida_ << ",\"length\":" << lido.linha.tamanho;
     saida_ << ",\"fields\":{";
     for (std::size_t i = 0; i < lido.quantos; ++i)
-      saida_ << (i == 0 ? "" : ",") << textoJson(rotuloUnico(lido, i)) << ':' << emJson(valor(lido, i));
+      saida_ << (i == 0 ? "" : ",") << nome(lido, i) << ':' << emJson(valor(lido, i));
     saida_ << "}}\n";
   }
 
@@ -152,6 +150,15 @@ class EmJson final : public Base {
     const bool numero = valor.tipo == TipoDeValor::Inteiro || valor.tipo == TipoDeValor::Decimal;
     return numero ? valor.texto : textoJson(valor.texto);
   }
+
+  const std::string& nome(const RegistroLido& lido, std::size_t i) {
+    const std::string rotulo = rotuloUnico(lido, i);
+    std::string& nome = nomes_[rotulo];
+    if (nome.empty()) nome = textoJson(rotulo);
+    return nome;
+  }
+
+  std::unordered_map<std::string, std::string> nomes_;  // by label, as JSON has them
 };
 
 std::string emCsv(const std::string& texto) {

@@ -4,7 +4,7 @@
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
-#include "Leitor/Trecho.h"
+#include "Achados/Citacao.h"
 
 namespace cotepe {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Leiaute/Releitura.h"
-#include "Leitor/Trecho.h"
+#include "Achados/Citacao.h"
 
 namespace cotepe {
 namespace {

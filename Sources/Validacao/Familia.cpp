@@ -4,7 +4,6 @@
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
-#include "Leitor/Trecho.h"
 #include "Leitor/Valor.h"
 
 namespace cotepe {
@@ -81,12 +80,6 @@ bool Coluna::le(const RegistroLido& lido, std::int64_t& valor) const {
   if (indice() >= lido.quantos) return false;
   const std::string_view lidos = lido.bytes(indice());
   return lidos.size() == static_cast<std::size_t>(lido.campos[indice()].largura) && leNumero(lidos, valor);
-}
-
-std::string entreAspas(std::string_view bytes) {
-  constexpr std::size_t kMaximo = 60;
-  const bool cabe = bytes.size() <= kMaximo;
-  return '"' + mostravel(bytes.substr(0, kMaximo)) + (cabe ? "\"" : "...\"");
 }
 
 std::string reais(std::int64_t centavos) {

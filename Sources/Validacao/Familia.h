@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "Achados/Citacao.h"
 #include "Leitor/LeitorDeRegistros.h"
 #include "Validacao/Regras.h"
 
@@ -78,9 +79,7 @@ class Coluna {
   int indice_;
 };
 
-/// Texts for findings: the bytes in quotes, cents as 1.234,56, a counter as it would stand in `largura`
-/// digits.
-std::string entreAspas(std::string_view bytes);
+/// Texts for findings: cents as 1.234,56, a counter as it would stand in `largura` digits.
 std::string reais(std::int64_t centavos);
 std::string contadorEscrito(std::int64_t valor, int largura);
 

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "Idioma/Idioma.h"
+#include "Idioma/Utf8.h"
 
 namespace cotepe::programa {
 namespace {
@@ -77,15 +78,10 @@ std::string ajuste(const TabelaDoLeiaute& tabela) {
                {de, bytes});
 }
 
-std::size_t caracteres(const std::string& texto) {
-  const auto continuacao = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-  return texto.size() - static_cast<std::size_t>(std::count_if(texto.begin(), texto.end(), continuacao));
-}
-
 std::string alinhado(const Celulas& celulas, const std::array<std::size_t, kColunas>& larguras) {
   std::string linha;
   for (std::size_t i = 0; i < kColunas; ++i) {
-    const std::string brancos(larguras[i] - caracteres(celulas[i]), ' ');
+    const std::string brancos(larguras[i] - caracteresUtf8(celulas[i]), ' ');
     linha += i == 0 ? "" : "  ";
     linha += kADireita[i] ? brancos + celulas[i] : celulas[i] + brancos;
   }
@@ -97,7 +93,7 @@ std::string tabelaEmTexto(const TabelaDoLeiaute& tabela) {
   for (const LinhaDaTabela& linha : tabela.linhas) todas.push_back(celulasDe(linha));
   std::array<std::size_t, kColunas> larguras{};
   for (const Celulas& celulas : todas)
-    for (std::size_t i = 0; i < kColunas; ++i) larguras[i] = std::max(larguras[i], caracteres(celulas[i]));
+    for (std::size_t i = 0; i < kColunas; ++i) larguras[i] = std::max(larguras[i], caracteresUtf8(celulas[i]));
   return lista(todas, "", [&](const Celulas& celulas) { return alinhado(celulas, larguras); });
 }
 

@@ -1,13 +1,16 @@
 #include "SaidaDaExplicacao.h"
 
+#include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "Achados/Json.h"
+#include "Achados/Citacao.h"
 #include "Idioma/Idioma.h"
-#include "Leitor/Trecho.h"
+#include "Idioma/Utf8.h"
 
 namespace cotepe::programa {
 namespace {
+
+using nlohmann::ordered_json;
 
 constexpr char kForte[] = "\033[1m", kNormal[] = "\033[0m";
 
@@ -58,34 +61,35 @@ void escreveCampo(std::ostream& saida, const LinhaExplicada& linha, std::size_t 
   if (i < linha.procedencias.size()) item(saida, traduz("from:    "), origem(linha.procedencias[i]));
 }
 
-void escreveOrigemJson(std::ostream& saida, const Procedencia& procedencia) {
-  ObjetoJson objeto(saida);
+ordered_json origemEmJson(const Procedencia& procedencia) {
+  if (!procedencia.texto.empty()) return {{"text", emUtf8(procedencia.texto)}};
   const Achada& achada = procedencia.coluna;
-  if (!procedencia.texto.empty()) {
-    objeto.texto("text", procedencia.texto);
-  } else {
-    objeto.texto("table", achada.tabela).texto("column", achada.coluna);
-    objeto.numeroSeHouver("rows", achada.linhas).textoSeHouver("rowids", achada.rowids);
-    if (achada.linhas == 0)
-      objeto.textoSeHouver("key", achada.chave)
-          .textoSeHouver("rowid", achada.rowid)
-          .texto("value", achada.valor);
-  }
-  objeto.fecha();
+  ordered_json objeto = {{"table", emUtf8(achada.tabela)}, {"column", emUtf8(achada.coluna)}};
+  const auto texto = [&objeto](const char* nome, const std::string& valor) {
+    if (!valor.empty()) objeto[nome] = emUtf8(valor);
+  };
+  if (achada.linhas != 0) objeto["rows"] = achada.linhas;
+  texto("rowids", achada.rowids);
+  if (achada.linhas != 0) return objeto;
+  texto("key", achada.chave);
+  texto("rowid", achada.rowid);
+  objeto["value"] = emUtf8(achada.valor);
+  return objeto;
 }
 
-void escreveCampoJson(std::ostream& saida, const LinhaExplicada& linha, std::size_t i) {
+ordered_json campoEmJson(const LinhaExplicada& linha, std::size_t i) {
   const ExplicacaoDoCampo& campo = linha.explicacao.campos[i];
-  ObjetoJson objeto(saida);
-  objeto.numero("field", campo.numero).texto("label", campo.rotulo);
-  objeto.numero("from", campo.de).numero("to", campo.ate);
-  objeto.texto("rule", campo.regra).texto("source", campo.fonte);
-  objeto.texto("bytes", campo.bytes).texto("meaning", campo.significado).textoSeHouver("note", campo.nota);
-  if (i < linha.procedencias.size()) {
-    saida << ",\"origin\":";
-    escreveOrigemJson(saida, linha.procedencias[i]);
-  }
-  objeto.fecha();
+  ordered_json objeto = {{"field", campo.numero},
+                         {"label", campo.rotulo},
+                         {"from", campo.de},
+                         {"to", campo.ate},
+                         {"rule", campo.regra},
+                         {"source", campo.fonte},
+                         {"bytes", emUtf8(campo.bytes)},
+                         {"meaning", emUtf8(campo.significado)}};
+  if (!campo.nota.empty()) objeto["note"] = campo.nota;
+  if (i < linha.procedencias.size()) objeto["origin"] = origemEmJson(linha.procedencias[i]);
+  return objeto;
 }
 
 }  // namespace
@@ -102,23 +106,17 @@ void escreveTexto(std::ostream& saida, const LinhaExplicada& linha, bool cores) 
 
 void escreveJson(std::ostream& saida, const LinhaExplicada& linha) {
   const ExplicacaoDaLinha& e = linha.explicacao;
-  ObjetoJson objeto(saida);
-  objeto.texto("file", linha.arquivo).numero("line", linha.linha);
-  objeto.texto("register", e.registro->codigo).texto("name", e.registro->nome);
-  objeto.numero("layout", e.leiaute.versao);
-  saida << (e.leiaute.cat52 ? ",\"cat52\":true" : "") << ",\"notes\":[";
-  for (std::size_t i = 0; i < e.notas.size(); ++i) saida << (i == 0 ? "" : ",") << textoJson(e.notas[i]);
-  saida << "],\"fields\":[";
-  bool primeiro = true;
-  for (std::size_t i = 0; i < e.campos.size(); ++i) {
-    if (linha.so >= 0 && static_cast<std::size_t>(linha.so) != i) continue;
-    saida << (primeiro ? "" : ",");
-    escreveCampoJson(saida, linha, i);
-    primeiro = false;
-  }
-  saida << ']';
-  objeto.fecha();
-  saida << '\n';
+  ordered_json objeto = {{"file", emUtf8(linha.arquivo)},
+                         {"line", linha.linha},
+                         {"register", e.registro->codigo},
+                         {"name", e.registro->nome},
+                         {"layout", e.leiaute.versao}};
+  if (e.leiaute.cat52) objeto["cat52"] = true;
+  objeto["notes"] = e.notas;
+  ordered_json& campos = objeto["fields"] = ordered_json::array();
+  for (std::size_t i = 0; i < e.campos.size(); ++i)
+    if (linha.so < 0 || static_cast<std::size_t>(linha.so) == i) campos.push_back(campoEmJson(linha, i));
+  saida << objeto.dump() << '\n';
 }
 
 }  // namespace cotepe::programa

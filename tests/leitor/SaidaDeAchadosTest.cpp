@@ -6,9 +6,11 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "Achados/Citacao.h"
 #include "Achados/Json.h"
 #include "Achados/SaidaDeAchados.h"
-#include "Leitor/Trecho.h"
+#include "Achados/Trecho.h"
+#include "Idioma/Utf8.h"
 
 namespace cotepe {
 namespace {
@@ -167,20 +169,24 @@ TEST(SaidaDeAchados, FormatsHaveNames) {
 }
 
 TEST(Json, AnyBytesMakeAValidString) {
-  EXPECT_EQ(textoJson("a\"b\\c\n\x7F"), "\"a\\\"b\\\\c\\u000A\\u007F\"");
+  EXPECT_EQ(textoJson("a\"b\\c\n\x1F"), "\"a\\\"b\\\\c\\n\\u001f\"");
   EXPECT_EQ(textoJson("Nº"), "\"Nº\"");
-  EXPECT_EQ(textoJson("N\xBA"), "\"N\\u00BA\"");                      // Latin-1
-  EXPECT_EQ(textoJson("\xC0\x80"), "\"\\u00C0\\u0080\"");             // overlong
-  EXPECT_EQ(textoJson("\xED\xA0\x80"), "\"\\u00ED\\u00A0\\u0080\"");  // a surrogate
-  EXPECT_EQ(textoJson("\xE0\x9F\xBF"), "\"\\u00E0\\u009F\\u00BF\"");  // overlong
-  EXPECT_EQ(textoJson("\xF0\x8F\xBF\xBF"), "\"\\u00F0\\u008F\\u00BF\\u00BF\"");
-  EXPECT_EQ(textoJson("\xF4\x90\x80\x80"), "\"\\u00F4\\u0090\\u0080\\u0080\"");  // beyond the last
-  EXPECT_EQ(textoJson("\xF5\x80\x80\x80"), "\"\\u00F5\\u0080\\u0080\\u0080\"");
-  EXPECT_EQ(textoJson("\xE2\x82"), "\"\\u00E2\\u0082\"");  // cut short
-  EXPECT_EQ(textoJson("\xC3("), "\"\\u00C3(\"");
-  EXPECT_EQ(textoJson("\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
-            "\"\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF\"");
+  EXPECT_EQ(textoJson("N\xBA"), "\"Nº\"");
   EXPECT_EQ(textoJson(std::string("\0", 1)), "\"\\u0000\"");
+}
+
+TEST(Utf8, BytesThatAreNoneAreTakenAsLatin1) {
+  EXPECT_EQ(emUtf8("\xC0\x80"), "\xC3\x80\xC2\x80");              // overlong
+  EXPECT_EQ(emUtf8("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0\xC2\x80");  // a surrogate
+  EXPECT_EQ(emUtf8("\xE0\x9F\xBF"), "\xC3\xA0\xC2\x9F\xC2\xBF");  // overlong
+  EXPECT_EQ(emUtf8("\xF0\x8F\xBF\xBF"), "\xC3\xB0\xC2\x8F\xC2\xBF\xC2\xBF");
+  EXPECT_EQ(emUtf8("\xF4\x90\x80\x80"), "\xC3\xB4\xC2\x90\xC2\x80\xC2\x80");  // beyond the last
+  EXPECT_EQ(emUtf8("\xF5\x80\x80\x80"), "\xC3\xB5\xC2\x80\xC2\x80\xC2\x80");
+  EXPECT_EQ(emUtf8("\xE2\x82"), "\xC3\xA2\xC2\x82");  // cut short
+  EXPECT_EQ(emUtf8("\xC3("), "\xC3\x83(");
+  const std::string extremos = "\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
+  EXPECT_EQ(emUtf8(extremos), extremos);
+  EXPECT_EQ(caracteresUtf8(extremos), 4U);
 }
 
 TEST(Json, UriOfAFileKeepsLettersDigitsAndSeparatorsAlone) {

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "Achados/Citacao.h"
 #include "BancoFiscal/Formas.h"
 #include "Conferencia/Celula.h"
-#include "Conferencia/Citacao.h"
 #include "Conferencia/Destinos.h"
 #include "Leiaute/Releitura.h"
 

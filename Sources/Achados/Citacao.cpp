@@ -1,26 +1,18 @@
-#include "Conferencia/Citacao.h"
+#include "Achados/Citacao.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "Idioma/Idioma.h"
-#include "Leiaute/Releitura.h"
+#include "Idioma/Utf8.h"
 
 namespace cotepe {
 namespace {
 
-constexpr std::size_t kMaximo = 40;
+constexpr std::size_t kMaximo = 40;         // bytes of a value
+constexpr std::size_t kMaximoDeBytes = 60;  // of a report
 
-// Bytes of the UTF-8 sequence that the text begins with; 0 where it begins with none.
-std::size_t sequencia(std::string_view texto) {
-  const auto primeiro = static_cast<unsigned char>(texto[0]);
-  if (primeiro < 0x80) return 1;
-  if (primeiro < 0xC2 || primeiro > 0xF4) return 0;
-  const std::size_t quantos = primeiro < 0xE0 ? 2 : primeiro < 0xF0 ? 3 : 4;
-  if (quantos > texto.size()) return 0;
-  for (std::size_t i = 1; i < quantos; ++i)
-    if ((static_cast<unsigned char>(texto[i]) & 0xC0U) != 0x80U) return 0;
-  return quantos;
-}
+bool controla(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
 
 std::string escapado(char c) {
   if (c == '\n') return "\\n";
@@ -34,11 +26,23 @@ std::string escapado(char c) {
 
 }  // namespace
 
+std::string mostravel(std::string_view bytes) {
+  std::string texto(bytes);
+  std::replace_if(
+      texto.begin(), texto.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+  return texto;
+}
+
+std::string entreAspas(std::string_view bytes) {
+  const bool cabe = bytes.size() <= kMaximoDeBytes;
+  return '"' + mostravel(bytes.substr(0, kMaximoDeBytes)) + (cabe ? "\"" : "...\"");
+}
+
 std::string legivel(std::string_view valor) {
   std::string texto;
   std::size_t i = 0;
   while (i < valor.size()) {
-    const std::size_t quantos = sequencia(valor.substr(i));
+    const std::size_t quantos = sequenciaUtf8(valor.substr(i));
     if (i + (quantos == 0 ? 1 : quantos) > kMaximo) break;
     if (quantos == 0 || controla(valor[i])) {
       texto += escapado(valor[i++]);

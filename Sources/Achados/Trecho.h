@@ -15,7 +15,4 @@ struct Trecho {
 /// stands where something is left out.
 Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura = 100);
 
-/// The bytes as they can be shown: printable ASCII as it stands, any other byte a '?'.
-std::string mostravel(std::string_view bytes);
-
 }  // namespace cotepe

@@ -1,7 +1,9 @@
-#include "Leitor/Trecho.h"
+#include "Achados/Trecho.h"
 
 #include <algorithm>
 #include <cstddef>
+
+#include "Achados/Citacao.h"
 
 namespace cotepe {
 namespace {
@@ -9,13 +11,6 @@ namespace {
 constexpr std::string_view kReticencias = "...";
 
 }  // namespace
-
-std::string mostravel(std::string_view bytes) {
-  std::string texto(bytes);
-  std::replace_if(
-      texto.begin(), texto.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-  return texto;
-}
 
 Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura) {
   const std::size_t primeiro = de > 0 ? static_cast<std::size_t>(de) - 1 : 0;

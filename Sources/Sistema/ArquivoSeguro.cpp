@@ -70,31 +70,26 @@ bool aindaTemNome(int arquivo) {
 }
 
 [[noreturn]] void naoCria(const std::string& onde, int erro) {
-  throw Falha(kNaoAbre,
-              frase("cannot open the output: {1}: found {2}, expected a folder where files can be made; "
-                    "choose another --output",
-                    {onde, motivoDoSistema(erro)}));
+  throw Falha(kNaoAbre, frase("cannot create the output {1}: {2}; choose another --output",
+                              {onde, motivoDoSistema(erro)}));
 }
 
 [[noreturn]] void naoServe(const std::string& onde, const char* encontrado) {
-  throw Falha(kNaoAbre,
-              frase("cannot open the output: {1}: found {2}, expected the name of a file; choose another "
-                    "--output",
-                    {onde, traduz(encontrado)}));
+  throw Falha(kNaoAbre, frase("cannot create the output {1}: {2}; choose another --output",
+                              {onde, traduz(encontrado)}));
 }
 
 [[noreturn]] void existe(const std::string& onde) {
-  throw Falha(kNaoAbre,
-              frase("cannot open the output: {1}: found a file of that name, expected a name that is free; "
-                    "choose another --output, or --force to replace the file",
-                    {onde}));
+  throw Falha(
+      kNaoAbre,
+      frase(
+          "cannot create the output {1}: the file exists; choose another --output, or --force to replace it",
+          {onde}));
 }
 
 [[noreturn]] void naoEscreve(const std::string& onde, int erro) {
-  throw Falha(kNaoEscreve,
-              frase("cannot write the output: {1}: found {2}, expected a file that reaches the disk; see "
-                    "to the disk and try again",
-                    {onde, motivoDoSistema(erro)}));
+  throw Falha(kNaoEscreve, frase("cannot write the output {1}: {2}; check the disk and try again",
+                                 {onde, motivoDoSistema(erro)}));
 }
 
 // Two steps where the file system cannot do it in one; a temporary name that stays is the next run's to
@@ -148,10 +143,9 @@ void ArquivoSeguro::publica(const std::string& destino, bool substitui) {
   if (!renomeado) naoEscreve(destino, errno);
   temporario_.clear();
   if (fsync(descritorDaPasta_.numero()) == 0 || errno == EINVAL) return;  // some file systems have it not
-  throw Falha(kNaoEscreve,
-              frase("cannot bring the output's name to the disk: {1}: found {2}, expected a folder that "
-                    "reaches the disk; the file is whole; see to the disk, and look for it there",
-                    {destino, motivoDoSistema(errno)}));
+  throw Falha(kNaoEscreve, frase("cannot be sure that the name {1} is on the disk: {2}; the file itself is "
+                                 "whole; check the disk, and that the file is there",
+                                 {destino, motivoDoSistema(errno)}));
 }
 
 bool ArquivoSeguro::descarta() noexcept {
@@ -165,10 +159,10 @@ Descritor ArquivoSeguro::soltaSemNome() { return descarta() ? std::move(arquivo_
 
 void exigeDestino(const std::string& destino, bool substitui) {
   struct stat situacao {};
-  if (destino.empty() || destino.back() == '/') naoServe(destino, marca("the name of a folder"));
+  if (destino.empty() || destino.back() == '/') naoServe(destino, marca("it is the name of a folder"));
   if (lstat(destino.c_str(), &situacao) != 0) return;  // whatever else is wrong shows when it is made
-  if (S_ISDIR(situacao.st_mode)) naoServe(destino, marca("a folder"));
-  if (!S_ISREG(situacao.st_mode)) naoServe(destino, marca("something that is not a regular file"));
+  if (S_ISDIR(situacao.st_mode)) naoServe(destino, marca("it is a folder"));
+  if (!S_ISREG(situacao.st_mode)) naoServe(destino, marca("it is not a regular file"));
   if (!substitui) existe(destino);
 }
 

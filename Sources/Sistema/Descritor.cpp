@@ -19,10 +19,8 @@ void espera(int descritor) {
 }
 
 [[noreturn]] void naoEscreve(const char* nome, int erro) {
-  throw Falha(kNaoEscreve,
-              frase("cannot write the output: {1}: found {2}, expected a place that takes all of it; free "
-                    "some space or choose another place",
-                    {nome, motivoDoSistema(erro)}));
+  if (erro == EPIPE) throw SemLeitor();
+  throw Falha(kNaoEscreve, frase("cannot write to {1}: {2}", {nome, motivoDoSistema(erro)}));
 }
 
 }  // namespace

@@ -24,10 +24,25 @@ class Falha : public std::exception {
   std::string texto_;
 };
 
+/// What a command concluded about what it was given: the run itself did not fail.
+class Veredito : public Falha {
+ public:
+  explicit Veredito(std::string texto) : Falha(kIncompleto, std::move(texto)) {}
+};
+
+/// The reader of stdout went away: nothing is left to be said. The status is the one that SIGPIPE gives.
+class SemLeitor : public Falha {
+ public:
+  SemLeitor();
+};
+
 /// The system's words for a value of errno, in the user's language.
 std::string motivoDoSistema(int codigo);
 
 /// One line on stderr, "cotepe: " and the text. Nothing can be done when that fails.
 void avisa(const std::string& texto) noexcept;
+
+/// The same for an error: "cotepe: error: " and the text.
+void avisaErro(const std::string& texto) noexcept;
 
 }  // namespace cotepe::programa

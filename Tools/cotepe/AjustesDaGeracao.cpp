@@ -2,6 +2,7 @@
 
 #include "Consulta.h"
 #include "Idioma/Idioma.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -45,6 +46,12 @@ std::string ajusteEmPalavras(const std::string& valor, bool dado, bool certo = t
   return frase(certo ? marca("{1} (derived)") : marca("{1} (taken, it makes no difference)"), {valor});
 }
 
+// The program's own commands in any case; another one as it was given to whatever generated the report.
+CLI::Validator comandoDado() {
+  const CLI::Validator conhecido = comandoDoEcf();
+  return {[conhecido](std::string& texto) { return static_cast<void>(conhecido(texto)), std::string(); }, ""};
+}
+
 }  // namespace
 
 void declaraIdentidade(CLI::App& comando, Identidade& identidade) {
@@ -56,13 +63,13 @@ void declaraIdentidade(CLI::App& comando, Identidade& identidade) {
 }
 
 void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
-  comando.add_option("--from", o.de, traduz("First day, DDMMYYYY or YYYY-MM-DD"))->type_name("DAY");
-  comando.add_option("--to", o.ate, traduz("Last day, the same forms"))->type_name("DAY");
+  declaraPeriodo(comando, o.periodo, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD"));
   comando.add_option("--command", o.comando, traduz("The command as generate was given it"))
-      ->type_name("COMMAND");
+      ->type_name("COMMAND")
+      ->transform(comandoDado());
   comando.add_option("--layout", o.leiaute, traduz("Layout version"))
       ->type_name("VERSION")
-      ->check(CLI::IsMember({1, 2, 3}));
+      ->transform(escolha({"1", "2", "3"}));
   comando.add_flag_callback(
       "--cat52", [&o] { o.cat52 = true; }, traduz("CAT52 mode"));
   comando.add_flag_callback(
@@ -72,11 +79,9 @@ void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
 
 std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
                                      const OpcoesDeAjuste& opcoes) {
-  if (!opcoes.de.empty() && !opcoes.ate.empty()) exigePeriodo(opcoes.de, opcoes.ate);
-  const Dia de = !opcoes.de.empty()       ? exigeDia("--from", opcoes.de)
-                 : lidos.primeiro.empty() ? diaDe(kDiaSemNada)
-                                          : diaDe(comHifens(lidos.primeiro));
-  const Dia ate = !opcoes.ate.empty() ? exigeDia("--to", opcoes.ate) : ultimoDia(banco, lidos);
+  const PeriodoPedido pedido = periodoPedido(opcoes.periodo);
+  const Dia de = pedido.de.value_or(diaDe(lidos.primeiro.empty() ? kDiaSemNada : comHifens(lidos.primeiro)));
+  const Dia ate = pedido.ate ? *pedido.ate : ultimoDia(banco, lidos);
   const std::string comando = opcoes.comando.empty() ? lidos.comando : opcoes.comando;
   std::vector<Ajuste> todos;
   for (AjusteDoLeiaute leiaute : lidos.leiautes) {
@@ -102,6 +107,7 @@ std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, c
 
 std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
                           const std::vector<AjusteDoLeiaute>& outros) {
+  const PeriodoPedido dado = periodoPedido(opcoes.periodo);
   bool umLeiaute = true, umModo = true;
   std::string iguais;
   for (const AjusteDoLeiaute& outro : outros) {
@@ -116,8 +122,8 @@ std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
        ajusteEmPalavras(traduz(ajuste.leiaute.cat52 ? marca("on") : marca("off")), opcoes.cat52.has_value(),
                         umModo),
        ajusteEmPalavras(ajuste.comando.empty() ? traduz("none") : ajuste.comando, !opcoes.comando.empty()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.de), !opcoes.de.empty()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.ate), !opcoes.ate.empty())});
+       ajusteEmPalavras(diaEmPalavras(ajuste.de), dado.de.has_value()),
+       ajusteEmPalavras(diaEmPalavras(ajuste.ate), dado.ate.has_value())});
   return iguais.empty() ? texto : frase("{1}; the same bytes come of {2}", {texto, iguais});
 }
 

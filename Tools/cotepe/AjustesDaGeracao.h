@@ -9,6 +9,7 @@
 #include "Dia.h"
 #include "HospedeiroDoPrograma.h"
 #include "Leitor/AjustesDoRelatorio.h"
+#include "OpcoesComuns.h"
 
 struct sqlite3;
 
@@ -18,7 +19,8 @@ namespace cotepe::programa {
 void declaraIdentidade(CLI::App& comando, Identidade& identidade);
 
 struct OpcoesDeAjuste {
-  std::string de, ate, comando;
+  OpcoesDePeriodo periodo;
+  std::string comando;
   std::optional<int> leiaute;
   std::optional<bool> cat52;
   Identidade identidade;

@@ -37,37 +37,28 @@ std::string explica(sqlite3* banco, const std::string& caminho, std::chrono::mil
   const int completo = sqlite3_extended_errcode(banco);
   if (completo == SQLITE_READONLY_ROLLBACK || completo == SQLITE_READONLY_RECOVERY) {
     return frase(
-        "cannot read the database: {1}: found a transaction that its writer left unfinished, expected a "
-        "database at rest; let the application that owns it open it once, then try again",
+        "cannot read the database {1}: a transaction was left unfinished in it; let the application that "
+        "owns it open it once, then try again",
         {caminho});
   }
   switch (completo & 0xff) {
     case SQLITE_BUSY:
       return frase(
-          "cannot read the database: {1}: found it locked by another process, for more than {2} ms, expected "
-          "to read it within --busy-timeout; try again when the writer is done, or wait longer",
+          "cannot read the database {1}: another process has had it locked for more than {2} ms; try again "
+          "when that is done, or wait longer with --busy-timeout",
           {caminho, std::to_string(espera.count())});
     case SQLITE_NOTADB:
-      return frase(
-          "cannot read the database: {1}: found a file that is not an SQLite database, expected a fiscal "
-          "database; check --db",
-          {caminho});
+      return frase("cannot read the database {1}: it is not an SQLite database", {caminho});
     case SQLITE_CORRUPT:
-      return frase(
-          "cannot read the database: {1}: found {2}, expected a database that is whole; restore it from a "
-          "copy",
-          {caminho, motivo});
+      return frase("cannot read the database {1}: {2}; restore it from a copy", {caminho, motivo});
     case SQLITE_CANTOPEN:
     case SQLITE_READONLY:
       return frase(
-          "cannot read the database: {1}: found -wal, -shm or -journal files that cannot be opened or made "
-          "({2}), expected them beside the database, or a folder where they can be made; copy the database "
-          "together with those files to a folder that can be written, and read it there",
+          "cannot read the database {1}: its -wal, -shm or -journal files cannot be opened or created ({2}); "
+          "copy the database together with those files to a folder that can be written, and read it there",
           {caminho, motivo});
     default:
-      return frase(
-          "cannot read the database: {1}: found {2}, expected a fiscal database that can be read; check --db",
-          {caminho, motivo});
+      return frase("cannot read the database {1}: {2}", {caminho, motivo});
   }
 }
 
@@ -95,16 +86,13 @@ BancoSomenteLeitura::~BancoSomenteLeitura() { sqlite3_close(banco_); }
 void BancoSomenteLeitura::exigeArquivo(const std::string& caminho) const {
   struct stat lido {};
   if (stat(caminho.c_str(), &lido) != 0) naoAbre(caminho, motivoDoSistema(errno));
-  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, traduz("a folder"));
-  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, traduz("something that is not a regular file"));
+  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, traduz("it is a folder"));
+  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, traduz("it is not a regular file"));
   if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
 }
 
 void BancoSomenteLeitura::naoAbre(const std::string& caminho, const std::string& encontrado) const {
-  throw Falha(situacao_,
-              frase("cannot open the database: {1}: found {2}, expected a fiscal database in a file; check "
-                    "--db",
-                    {caminho, encontrado}));
+  throw Falha(situacao_, frase("cannot open the database {1}: {2}", {caminho, encontrado}));
 }
 
 void BancoSomenteLeitura::prepara(const std::string& caminho) {

@@ -7,11 +7,12 @@
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
 #include "Conferencia/Conferencia.h"
-#include "Dia.h"
 #include "Idioma/Idioma.h"
+#include "OpcoesComuns.h"
 #include "OpcoesDeAchados.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Sinais.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -19,7 +20,8 @@ namespace {
 constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
 
 struct OpcoesDoCheck {
-  std::string banco, de, ate, comando;
+  std::string banco, comando;
+  OpcoesDePeriodo periodo;
   int leiaute = 0;
   int espera = 5000;  // milliseconds
   bool cat52 = false;
@@ -27,20 +29,14 @@ struct OpcoesDoCheck {
 };
 
 OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
-  if (opcoes.banco.empty())
-    throw Falha(kUsoErrado, traduz("wrong usage: --db: found nothing, expected a fiscal database; name it"));
+  if (opcoes.banco.empty()) throw Falha(kUsoErrado, traduz("--db is missing; name a fiscal database"));
   OpcoesDaConferencia verificacao{opcoes.banco,
                                   {opcoes.comando, opcoes.leiaute, opcoes.cat52},
                                   "",
                                   "",
                                   regrasDesligadas(opcoes.achados, conferencia::kRegras, "check")};
-  if (opcoes.de.empty() && opcoes.ate.empty()) return verificacao;
-  if (opcoes.de.empty() || opcoes.ate.empty())
-    throw Falha(kUsoErrado,
-                frase("wrong usage: {1}: found nothing, expected both days of the period or none; give the "
-                      "other one too",
-                      {opcoes.de.empty() ? "--from" : "--to"}));
-  const auto [de, ate] = exigePeriodo(opcoes.de, opcoes.ate);
+  if (opcoes.periodo.vazio()) return verificacao;
+  const auto [de, ate] = periodoInteiro(opcoes.periodo);
   verificacao.de = de.iso();
   verificacao.ate = ate.iso();
   return verificacao;
@@ -68,8 +64,8 @@ void executa(const OpcoesDoCheck& opcoes) {
   const long total =
       imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verifica(opcoes, verificacao, saida); });
   if (total > 0)
-    throw Falha(kIncompleto,
-                frase("{1}: not clean; cotepe {2} --rules says what the rules are", {opcoes.banco, "check"}));
+    throw Veredito(
+        frase("{1}: not clean; cotepe {2} --rules says what the rules are", {opcoes.banco, "check"}));
 }
 
 }  // namespace
@@ -77,24 +73,18 @@ void executa(const OpcoesDoCheck& opcoes) {
 Execucao declaraCheck(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoCheck>();
   comando.add_option("--db", o->banco, traduz("Fiscal database; it is only read"))->type_name("FILE");
-  comando.add_option("--from", o->de, traduz("First day, DDMMYYYY or YYYY-MM-DD (all that is stored)"))
-      ->type_name("DAY");
-  comando.add_option("--to", o->ate, traduz("Last day, the same forms"))->type_name("DAY");
+  declaraPeriodo(comando, o->periodo, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD (all that is stored)"));
   comando
       .add_option("--command", o->comando,
                   traduz("MF, MFD, TDM or RZ: what only others write is left out (all)"))
       ->type_name("COMMAND")
-      ->check(CLI::IsMember({"MF", "MFD", "TDM", "RZ"}));
+      ->transform(comandoDoEcf());
   comando
       .add_option("--layout", o->leiaute, traduz("Layout version, 1 or 2 (both: fields of 2, counters of 1)"))
       ->type_name("VERSION")
-      ->check(CLI::IsMember({1, 2}));
+      ->transform(escolha({"1", "2"}));
   comando.add_flag("--cat52", o->cat52, traduz("CAT52 mode: no texts in E14"));
-  comando
-      .add_option("--busy-timeout", o->espera,
-                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
-      ->type_name("MS")
-      ->check(CLI::Range(0, 86400000));
+  declaraEspera(comando, o->espera);
   declaraAchados(comando, o->achados);
   declaraRegras(comando, o->achados);
   comando.footer(

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "Idioma/Idioma.h"
-#include "Sistema/Falha.h"
-
 namespace cotepe::programa {
 namespace {
 
@@ -26,11 +23,13 @@ int diasDoMes(int ano, int mes) {
   return mes == 2 && bissexto(ano) ? 29 : kDias[mes - 1];
 }
 
-// The text as AAAAMMDD; empty when it has neither form.
+// The text as AAAAMMDD; empty when it has none of the forms.
 std::string digitosEmOrdem(std::string_view texto) {
   std::string ordem;
   if (texto.size() == 10 && texto[4] == '-' && texto[7] == '-')
     ordem.append(texto.substr(0, 4)).append(texto.substr(5, 2)).append(texto.substr(8, 2));
+  else if (texto.size() == 10 && texto[2] == '/' && texto[5] == '/')
+    ordem.append(texto.substr(6, 4)).append(texto.substr(3, 2)).append(texto.substr(0, 2));
   else if (texto.size() == 8)
     ordem.append(texto.substr(4, 4)).append(texto.substr(2, 2)).append(texto.substr(0, 2));
   return tudoDigito(ordem) ? ordem : std::string();
@@ -57,21 +56,6 @@ std::optional<Dia> Dia::le(std::string_view texto) {
 std::string Dia::ddmmaaaa() const { return comFormato("%02d%02d%04d", dia_, mes_, ano_); }
 std::string Dia::iso() const { return comFormato("%04d-%02d-%02d", ano_, mes_, dia_); }
 
-Dia exigeDia(const std::string& opcao, const std::string& texto) {
-  if (const auto dia = Dia::le(texto)) return *dia;
-  throw Falha(kUsoErrado,
-              frase("wrong usage: {1} {2}: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; "
-                    "correct it",
-                    {opcao, texto}));
-}
-
-std::pair<Dia, Dia> exigePeriodo(const std::string& de, const std::string& ate) {
-  const Dia primeiro = exigeDia("--from", de), ultimo = exigeDia("--to", ate);
-  if (!(ultimo < primeiro)) return {primeiro, ultimo};
-  throw Falha(kUsoErrado,
-              frase("wrong usage: --to {1}: found a day before --from {2}, expected that day or a later "
-                    "one; correct one of them",
-                    {ate, de}));
-}
+Dia Dia::ultimoDoMes() const { return {ano_, mes_, diasDoMes(ano_, mes_)}; }
 
 }  // namespace cotepe::programa

@@ -19,8 +19,7 @@ struct OpcoesDoDiff {
 
 void executa(const OpcoesDoDiff& opcoes) {
   if (opcoes.a == "-" && opcoes.b == "-")
-    throw Falha(kUsoErrado,
-                traduz("wrong usage: A and B: found stdin twice, expected two reports; name one of them"));
+    throw Falha(kUsoErrado, traduz("A and B are both stdin; name one of the reports"));
   RelatorioLido a(opcoes.a), b(opcoes.b);
   const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
     Comparacao(saida, {a.nome(), b.nome(), opcoes.comCarimbo, opcoes.comOrdem})
@@ -28,7 +27,7 @@ void executa(const OpcoesDoDiff& opcoes) {
   });
   a.confereLeitura();
   b.confereLeitura();
-  if (total > 0) throw Falha(kIncompleto, frase("{1} and {2} differ", {a.nome(), b.nome()}));
+  if (total > 0) throw Veredito(frase("{1} and {2} differ", {a.nome(), b.nome()}));
 }
 
 }  // namespace

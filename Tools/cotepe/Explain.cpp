@@ -11,12 +11,14 @@
 #include "Comandos.h"
 #include "Idioma/Idioma.h"
 #include "LugarNoRelatorio.h"
+#include "OpcoesComuns.h"
 #include "RelatorioLido.h"
 #include "SaidaDaExplicacao.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
 #include "Sistema/Progresso.h"
 #include "Sistema/Sinais.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -61,8 +63,7 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   if (linhas < lugar.linha) naoTemLinha(relatorio.nome(), lugar.linha, linhas);
   if (lido.registro == nullptr)
     throw Falha(kUsoErrado,
-                frase("cannot explain the line: {1}: found one that begins with no register's code, expected "
-                      "E01 to E22; see cotepe validate, which says what is wrong with it",
+                frase("{1}: the line does not begin with the code of a register; cotepe validate says more",
                       {lugarComLinha(relatorio.nome(), lugar)}));
   guarda(pedida, lido, {registros.ajuste().versao, registros.certamenteCat52()});
 }
@@ -80,10 +81,10 @@ int campoPedido(const LinhaPedida& pedida, const LugarNoRelatorio& lugar, const 
   const auto tamanho = static_cast<long>(pedida.texto.size());
   const long ultimo = std::min<long>(tamanho, lido.comprimento);
   throw Falha(kUsoErrado,
-              frase("no such byte: {1}: found {2}, expected a byte from 1 to {3}; correct it",
+              frase("{1}: {2}; its fields take the columns 1 to {3}",
                     {onde,
-                     lugar.coluna > tamanho ? frase("a line of {1} bytes", {std::to_string(tamanho)})
-                                            : traduz("a byte behind the last field, which is no field's"),
+                     lugar.coluna > tamanho ? frase("the line has only {1} bytes", {std::to_string(tamanho)})
+                                            : traduz("the column is behind the last field"),
                      std::to_string(ultimo)}));
 }
 
@@ -163,10 +164,9 @@ class Busca {
 
   [[noreturn]] void falhou(const std::string& motivo) const {
     paraSeInterrompido();
-    throw Falha(kUsoErrado,
-                frase("cannot trace the line: {1}: found {2}, expected the tables that {3} is read from; see "
-                      "cotepe check",
-                      {opcoes_.banco, motivo, pedida_.lido.registro->codigo}));
+    throw Falha(kUsoErrado, frase("cannot find the rows of the line in {1}: {2}; {3} is read from it: cotepe "
+                                  "check says what is missing",
+                                  {opcoes_.banco, motivo, pedida_.lido.registro->codigo}));
   }
 
   const OpcoesDoExplain& opcoes_;
@@ -193,8 +193,7 @@ void executa(const OpcoesDoExplain& opcoes) {
   const bool doStdin = lugar.arquivo == "-";
   if (doStdin && !opcoes.banco.empty())
     throw Falha(kUsoErrado,
-                traduz("wrong usage: FILE: found stdin, expected with --db a file, which is read more than "
-                       "once; name it"));
+                traduz("with --db the report is read more than once, so it cannot be stdin; name a file"));
   LinhaPedida pedida;
   leLinha(lugar, pedida);
   const std::string nome = doStdin ? "stdin" : lugar.arquivo;
@@ -203,8 +202,8 @@ void executa(const OpcoesDoExplain& opcoes) {
   if (!opcoes.banco.empty()) linha.procedencias = Busca(opcoes, lugar, pedida).procedencias(linha.so);
   escreve(opcoes, linha);
   if (!opcoes.banco.empty() && linha.procedencias.empty())
-    throw Falha(kIncompleto,
-                frase("{1}: not what the database says; see cotepe verify", {lugarComLinha(nome, lugar)}));
+    throw Veredito(frase("{1}: not what the database gives; cotepe verify compares the whole report",
+                         {lugarComLinha(nome, lugar)}));
 }
 
 }  // namespace
@@ -220,14 +219,10 @@ Execucao declaraExplain(CLI::App& comando) {
   comando.add_option("--db", o->banco, traduz("Name table, row and column too; the database is only read"))
       ->type_name("FILE");
   declaraAjustes(comando, o->ajuste);
-  comando
-      .add_option("--busy-timeout", o->espera,
-                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
-      ->type_name("MS")
-      ->check(CLI::Range(0, 86400000));
+  declaraEspera(comando, o->espera);
   comando.add_option("--format", o->formato, traduz("text or json (text)"))
       ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "json"}));
+      ->transform(escolha({"text", "json"}));
   comando.footer(traduz(
       "With --db the line's register is written again, and the rows are those that give the same line. What\n"
       "the report was made with is derived from it, as cotepe verify does, or given with the options above.\n"

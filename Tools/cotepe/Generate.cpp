@@ -4,7 +4,9 @@
 #include "AjustesDaGeracao.h"
 #include "Comandos.h"
 #include "Idioma/Idioma.h"
+#include "OpcoesComuns.h"
 #include "Relatorio.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -13,22 +15,15 @@ void declaraEntrada(CLI::App& comando, OpcoesDoGenerate& o) {
   comando.add_option("--db", o.banco, traduz("Fiscal database; it is only read"))
       ->type_name("FILE")
       ->required();
-  comando.add_option("--from", o.de, traduz("First day, DDMMYYYY or YYYY-MM-DD"))
-      ->type_name("DAY")
-      ->required();
-  comando.add_option("--to", o.ate, traduz("Last day, the same forms"))->type_name("DAY")->required();
+  declaraPeriodo(comando, o.periodo, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD"));
   comando.add_option("--command", o.comando, traduz("MF, MFD, TDM or RZ: which registers (TDM)"))
       ->type_name("COMMAND")
-      ->check(CLI::IsMember({"MF", "MFD", "TDM", "RZ"}));
+      ->transform(comandoDoEcf());
   comando.add_option("--layout", o.leiaute, traduz("Layout version, 1 or 2 (1)"))
       ->type_name("VERSION")
-      ->check(CLI::IsMember({1, 2}));
+      ->transform(escolha({"1", "2"}));
   comando.add_flag("--cat52", o.cat52, traduz("CAT52 mode: no placeholder records, no texts in E14"));
-  comando
-      .add_option("--busy-timeout", o.espera,
-                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
-      ->type_name("MS")
-      ->check(CLI::Range(0, 86400000));
+  declaraEspera(comando, o.espera);
 }
 
 void declaraSaida(CLI::App& comando, OpcoesDoGenerate& o) {

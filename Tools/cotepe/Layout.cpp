@@ -1,6 +1,5 @@
 // cotepe layout: the field tables of the registers.
 
-#include <cctype>
 #include <memory>
 
 #include "Comandos.h"
@@ -9,6 +8,7 @@
 #include "Registros/Catalogo.h"
 #include "Sistema/Descritor.h"
 #include "Sistema/Falha.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -19,12 +19,9 @@ struct OpcoesDoLayout {
   bool cat52 = false;
 };
 
-std::vector<const Registro*> registrosDe(std::string codigo) {
+std::vector<const Registro*> registrosDe(const std::string& codigo) {
   if (codigo.empty()) return {kCatalogo.begin(), kCatalogo.end()};
-  for (char& c : codigo) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  if (const Registro* registro = registroDe(codigo.c_str())) return {registro};
-  throw Falha(kUsoErrado,
-              frase("wrong usage: {1}: found {2}, expected E01 to E22; correct it", {"REGISTER", codigo}));
+  return {registroDe(codigo.c_str())};
 }
 
 Tabelas tabelasPedidas(const OpcoesDoLayout& opcoes) {
@@ -35,10 +32,7 @@ Tabelas tabelasPedidas(const OpcoesDoLayout& opcoes) {
     for (TabelaDoLeiaute& tabela : tabelasDe(*registro, versoes, opcoes.cat52))
       todas.push_back(std::move(tabela));
   if (!todas.empty()) return todas;
-  throw Falha(kUsoErrado,
-              frase("wrong usage: --layout 1: found {1}, expected a register of layout 1; use --layout 2: no "
-                    "other has it",
-                    {opcoes.registro}));
+  throw Falha(kUsoErrado, frase("{1} is a register of layout 2 alone; give --layout 2", {opcoes.registro}));
 }
 
 void executa(const OpcoesDoLayout& opcoes) {
@@ -53,14 +47,15 @@ void executa(const OpcoesDoLayout& opcoes) {
 
 Execucao declaraLayout(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoLayout>();
-  comando.add_option("REGISTER", o->registro, traduz("E01 to E22; all of them when none is named"));
+  comando.add_option("REGISTER", o->registro, traduz("E01 to E22; all of them when none is named"))
+      ->transform(codigoDeRegistro());
   comando.add_option("--layout", o->leiaute, traduz("Layout version, 1 or 2 (both, where they differ)"))
       ->type_name("VERSION")
-      ->check(CLI::IsMember({1, 2}));
+      ->transform(escolha({"1", "2"}));
   comando.add_flag("--cat52", o->cat52, traduz("As in CAT52 mode"));
   comando.add_option("--format", o->formato, traduz("text, markdown or json (text)"))
       ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "markdown", "json"}));
+      ->transform(escolha({"text", "markdown", "json"}));
   return [o] { executa(*o); };
 }
 

@@ -1,6 +1,11 @@
 // The command line: a table of commands.
 #include "LinhaDeComando.h"
 
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Argumentos.h"
 #include "Comandos.h"
 #include "Idioma/Idioma.h"
 #include "PalavrasDaCli.h"
@@ -9,6 +14,13 @@
 
 namespace cotepe::programa {
 namespace {
+
+// `help` is read before the commands are: it is declared to be listed and completed.
+Execucao declaraHelp(CLI::App& comando) {
+  const auto nome = std::make_shared<std::string>();
+  comando.add_option("COMMAND", *nome, traduz("The command; all of them when none is named"));
+  return [nome] {};
+}
 
 constexpr struct {
   const char* nome;
@@ -25,20 +37,11 @@ constexpr struct {
     {"explain", marca("Say what a line of a report means, field by field"), declaraExplain},
     {"diff", marca("Compare two reports, record by record"), declaraDiff},
     {"verify", marca("Prove that a report is what the database says"), declaraVerify},
+    {"help", marca("Print the help of a command"), declaraHelp},
 };
 
-// What is wrong with the arguments, and whose help says what they may be.
-[[noreturn]] void recusa(const CLI::App& app, const CLI::ParseError& erro) {
-  const auto lidos = app.get_subcommands();
-  const auto sobras = app.remaining();
-  if (lidos.empty() && !sobras.empty() && sobras.front().substr(0, 1) != "-")
-    throw Falha(kUsoErrado,
-                frase("wrong usage: command: found {1}, expected one that there is; see cotepe --help",
-                      {sobras.front()}));
-  const std::string comando = lidos.empty() ? "" : ' ' + lidos.front()->get_name();
-  throw Falha(kUsoErrado,
-              frase("wrong usage: {1}; see cotepe{2} --help", {traduzDaBiblioteca(erro.what()), comando}));
-}
+// The arguments were looked at before: what the library still finds is told in its own words.
+[[noreturn]] void recusa(const CLI::ParseError& erro) { throw Falha(kUsoErrado, erro.what()); }
 
 }  // namespace
 
@@ -56,7 +59,7 @@ void declara(CLI::App& app, Execucao& escolhida) {
              "  4  writing failed\n"
              "  5  the identity query failed\n"
              "  128 and the signal's number: interrupted"));
-  app.set_version_flag("--version", "cotepe " COTEPE_VERSAO, traduz("Print the version and exit"));
+  app.set_version_flag("-V,--version", "cotepe " COTEPE_VERSAO, traduz("Print the version and exit"));
   app.require_subcommand(1);
   for (const auto& comando : kComandos) {
     CLI::App* sub = app.add_subcommand(comando.nome, traduz(comando.descricao));
@@ -69,14 +72,16 @@ Execucao leLinhaDeComando(int argc, const char* const* argv) {
   CLI::App app;
   Execucao escolhida;
   declara(app, escolhida);
+  const std::vector<std::string> argumentos(argv + (argc > 0 ? 1 : 0), argv + argc);
+  if (const CLI::App* qual = ajudaPedida(app, argumentos))
+    return [ajuda = qual->help()] { escreveNaSaidaPadrao(ajuda); };
+  confereArgumentos(app, argumentos);
   try {
     app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return [ajuda = app.help()] { escreveNaSaidaPadrao(ajuda); };
   } catch (const CLI::CallForVersion& versao) {
     return [texto = versao.what() + std::string("\n")] { escreveNaSaidaPadrao(texto); };
   } catch (const CLI::ParseError& erro) {
-    recusa(app, erro);
+    recusa(erro);
   }
   return escolhida;
 }

@@ -36,23 +36,18 @@ LugarNoRelatorio lugarNoRelatorio(const std::string& texto) {
   }
   certo = certo && !lugar.arquivo.empty() && lugar.linha > 0 && (!comColuna || lugar.coluna > 0);
   if (certo) return lugar;
-  throw Falha(kUsoErrado,
-              frase("wrong usage: FILE:LINE[:COLUMN]: found {1}, expected a report and a line, such as "
-                    "report.txt:12, or also a byte of it, such as report.txt:12:50, both from 1; correct it",
-                    {texto.empty() ? traduz("nothing") : texto}));
+  throw Falha(
+      kUsoErrado,
+      frase("{1}: no line is named; write a report and a line, as in report.txt:12, or also a column, as in "
+            "report.txt:12:50",
+            {texto.empty() ? traduz("nothing") : texto}));
 }
 
 void naoTemLinha(const std::string& nome, long linha, long linhas) {
   const std::string onde = nome + ':' + std::to_string(linha);
-  if (linhas == 0)
-    throw Falha(kUsoErrado,
-                frase("no such line: {1}: found a file of 0 lines, expected a report with lines; correct it",
-                      {onde}));
-  throw Falha(
-      kUsoErrado,
-      fraseDe("no such line: {1}: found a file of {n} line, expected a line from 1 to {n}; correct it",
-              "no such line: {1}: found a file of {n} lines, expected a line from 1 to {n}; correct it",
-              linhas, {onde}));
+  if (linhas == 0) throw Falha(kUsoErrado, frase("{1}: the report has no lines", {onde}));
+  throw Falha(kUsoErrado, fraseDe("{1}: the report has only {n} line", "{1}: the report has only {n} lines",
+                                  linhas, {onde}));
 }
 
 }  // namespace cotepe::programa

@@ -9,22 +9,23 @@
 
 #include "Achados/SaidaDeAchados.h"
 #include "Idioma/Idioma.h"
-#include "Numero.h"
 #include "Sistema/Descritor.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
+#include "Sugestao.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 
 void declaraAchados(CLI::App& comando, OpcoesDeAchados& opcoes) {
   comando.add_option("--format", opcoes.formato, traduz("text, json (an object a line) or sarif (text)"))
       ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "json", "sarif"}));
+      ->transform(escolha({"text", "json", "sarif"}));
   comando
       .add_option("--max-findings", opcoes.maximo,
                   traduz("Print no more than this many; the counts stay whole"))
       ->type_name("COUNT")
-      ->check(numeroDesde(0));
+      ->transform(numeroDesde(0));
 }
 
 void declaraRegras(CLI::App& comando, OpcoesDeAchados& opcoes) {
@@ -46,15 +47,24 @@ void listaRegras(Regras regras) {
   escreveNaSaidaPadrao(lista.str());
 }
 
+namespace {
+
+std::vector<std::string> nomesDe(Regras regras) {
+  std::vector<std::string> nomes;
+  for (const Regra* regra : regras) nomes.emplace_back(regra->nome);
+  return nomes;
+}
+
+}  // namespace
+
 Supressoes regrasDesligadas(const OpcoesDeAchados& opcoes, Regras regras, const std::string& comando) {
   Supressoes supressoes;
   for (const std::string& nome : opcoes.desligadas) {
     const Regra* regra = regras.acha(nome);
     if (regra == nullptr)
-      throw Falha(
-          kUsoErrado,
-          frase("wrong usage: --disable: found {1}, expected the name of a rule; see cotepe {2} --rules",
-                {nome, comando}));
+      throw Falha(kUsoErrado, frase("--disable: unknown rule {1}", {nome}) +
+                                  voceQuisDizer(nome, nomesDe(regras)) +
+                                  frase("; see {1}", {"cotepe " + comando + " --rules"}));
     supressoes.desliga(*regra);
   }
   return supressoes;

@@ -18,29 +18,23 @@ namespace {
 void exigeTexto(const std::string& opcao, const std::string& texto, std::size_t maximo) {
   const auto estranho = [](char c) { return c < ' ' || c > '~'; };
   if (texto.size() <= maximo && std::none_of(texto.begin(), texto.end(), estranho)) return;
-  usoErrado(frase("wrong usage: {1}: found {2}, expected at most {3} characters of ASCII; correct it",
-                  {opcao,
-                   texto.size() > maximo ? frase("{1} characters", {std::to_string(texto.size())})
-                                         : traduz("a character that is not printable ASCII"),
-                   std::to_string(maximo)}));
+  usoErrado(texto.size() > maximo ? frase("{1} has {2} characters; the field takes {3}",
+                                          {opcao, std::to_string(texto.size()), std::to_string(maximo)})
+                                  : frase("{1} has a character that is not printable ASCII", {opcao}));
 }
 
 void exigeForaDoBanco(const std::string& opcao, const std::string& arquivo, const std::string& banco) {
   if (pertenceAoBanco(arquivo, banco))
-    usoErrado(frase(
-        "wrong usage: {1} {2}: found the database or a file of it, expected another file; choose another "
-        "name",
-        {opcao, arquivo}));
+    usoErrado(
+        frase("{1} {2} would overwrite the database or a file of it; choose another name", {opcao, arquivo}));
 }
 
 }  // namespace
 
 Periodo confere(const OpcoesDoGenerate& opcoes) {
-  const auto [de, ate] = exigePeriodo(opcoes.de, opcoes.ate);
+  const auto [de, ate] = periodoInteiro(opcoes.periodo);
   if (opcoes.guardaParcial && opcoes.paraStdout())
-    usoErrado(traduz(
-        "wrong usage: --keep-partial: found --output -, expected a file to keep; name a file or leave out "
-        "--keep-partial"));
+    usoErrado(traduz("--keep-partial needs a file to keep, and --output - is none"));
   exigeTexto("--serial", opcoes.identidade.serial, 20);
   exigeTexto("--model", opcoes.identidade.modelo, 20);
   exigeTexto("--type", opcoes.identidade.tipo, 7);
@@ -52,16 +46,13 @@ void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& d
   if (!opcoes.log.empty()) exigeForaDoBanco("--log", opcoes.log, opcoes.banco);
   if (opcoes.paraStdout()) {
     if (abertoComo(STDOUT_FILENO, opcoes.banco))
-      usoErrado(
-          traduz("wrong usage: --output -: found stdout in the database, expected another file; send it "
-                 "elsewhere"));
+      usoErrado(traduz("--output -: stdout goes into the database; send it elsewhere"));
     return;
   }
   for (const std::string& escrito : {destino, nomeDoParcial(destino)}) {
     exigeForaDoBanco("--output", escrito, opcoes.banco);
     if (!opcoes.log.empty() && mesmoArquivo(opcoes.log, escrito))
-      usoErrado(frase("wrong usage: --log {1}: found the output, expected another file; choose another name",
-                      {opcoes.log}));
+      usoErrado(frase("--log {1} is the output too; choose another name", {opcoes.log}));
   }
 }
 

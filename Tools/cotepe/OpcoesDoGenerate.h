@@ -6,12 +6,14 @@
 
 #include "Dia.h"
 #include "HospedeiroDoPrograma.h"
+#include "OpcoesComuns.h"
 
 namespace cotepe::programa {
 
 /// As the command line gives it.
 struct OpcoesDoGenerate {
-  std::string banco, de, ate, comando = "TDM", saida, log, versaoSb;
+  std::string banco, comando = "TDM", saida, log, versaoSb;
+  OpcoesDePeriodo periodo;
   Identidade identidade;
   int leiaute = 1;
   int espera = 5000;  // milliseconds

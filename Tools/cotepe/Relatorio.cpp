@@ -23,11 +23,8 @@ constexpr int kPassosEntrePulsos = 10000;  // virtual-machine instructions of SQ
 
 void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
   if (arquivo.empty() || log.abre(arquivo.c_str())) return;
-  throw Falha(
-      kNaoAbre,
-      frase("cannot open the log: {1}: found {2}, expected a file that can be written; choose another "
-            "--log",
-            {arquivo, motivoDoSistema(errno)}));
+  throw Falha(kNaoAbre,
+              frase("cannot open the log {1}: {2}; choose another --log", {arquivo, motivoDoSistema(errno)}));
 }
 
 std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento) {
@@ -44,16 +41,11 @@ void exigeGerado(int resultado, const OpcoesDoGenerate& opcoes, const std::strin
   if (resultado == kIdentidadeFalhou) {
     throw Falha(kSemIdentidade, semIdentidade(opcoes.banco, motivo));
   }
-  const std::string encontrado =
-      erro != 0 ? motivoDoSistema(erro) : traduz("a failure that the system does not explain");
+  const std::string encontrado = erro != 0 ? motivoDoSistema(erro) : traduz("the system does not say why");
   if (resultado == kRelatorioNaoAberto)
-    throw Falha(kNaoAbre,
-                frase("cannot open the temporary file: {1}: found {2}, expected to write it; try again",
-                      {saida, encontrado}));
+    throw Falha(kNaoAbre, frase("cannot open the temporary file of {1}: {2}", {saida, encontrado}));
   throw Falha(kNaoEscreve,
-              frase("cannot write the output: {1}: found {2}, expected room for the whole report; free some "
-                    "space and try again",
-                    {saida, encontrado}));
+              frase("cannot write {1}: {2}; free some space and try again", {saida, encontrado}));
 }
 
 void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) {
@@ -89,6 +81,8 @@ template <class Passos>
 void ouAbandona(Saida& saida, const Passos& passos) {
   try {
     passos();
+  } catch (const SemLeitor&) {
+    throw;
   } catch (const Falha& falha) {
     const std::string destino = saida.abandona();
     throw Falha(falha.situacao(), falha.what() + (destino.empty() ? destino : "; " + destino));

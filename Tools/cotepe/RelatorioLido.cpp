@@ -19,10 +19,8 @@ Descritor abre(const std::string& caminho) {
   struct stat situacao {};
   const bool pasta = arquivo.aberto() && fstat(arquivo.numero(), &situacao) == 0 && S_ISDIR(situacao.st_mode);
   if (arquivo.aberto() && !pasta) return arquivo;
-  throw Falha(kUsoErrado,
-              frase("cannot open the report: {1}: found {2}, expected a file that can be read; correct the "
-                    "name",
-                    {caminho, pasta ? traduz("a folder") : motivoDoSistema(errno)}));
+  throw Falha(kUsoErrado, frase("cannot open the report {1}: {2}",
+                                {caminho, pasta ? traduz("it is a folder") : motivoDoSistema(errno)}));
 }
 
 }  // namespace
@@ -42,11 +40,8 @@ long RelatorioLido::le(char* destino, std::size_t tamanho) const {
 
 void RelatorioLido::confereLeitura() const {
   if (linhas_.erro() == 0) return;
-  throw Falha(
-      kUsoErrado,
-      frase("cannot read the report: {1}: found {2}, expected a file that can be read; check the disk "
-            "it is on",
-            {nome_, motivoDoSistema(linhas_.erro())}));
+  throw Falha(kUsoErrado,
+              frase("cannot read the report {1} to its end: {2}", {nome_, motivoDoSistema(linhas_.erro())}));
 }
 
 }  // namespace cotepe::programa

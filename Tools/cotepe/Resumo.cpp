@@ -25,8 +25,8 @@ std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatori
 
 std::string semIdentidade(const std::string& banco, const std::string& motivo) {
   return frase(
-      "cannot read the printer's identity: {1}: found {2}, expected the tables dados_ecf and dados_usuario; "
-      "check that --db is a fiscal database",
+      "cannot read the printer's identity in {1}: {2}; a fiscal database has it in the tables dados_ecf and "
+      "dados_usuario",
       {banco, motivo});
 }
 

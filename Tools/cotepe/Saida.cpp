@@ -65,8 +65,7 @@ class SaidaPadrao final : public Saida {
     if (arquivo_.aberto()) return;
     throw Falha(
         kNaoAbre,
-        frase("cannot open a temporary file: {1}: found {2}, expected a folder where files can be made; "
-              "set TMPDIR to one",
+        frase("cannot create a temporary file in {1}: {2}; set TMPDIR to a folder where files can be created",
               {pasta, motivoDoSistema(errno)}));
   }
 
@@ -86,8 +85,7 @@ class SaidaPadrao final : public Saida {
       const ssize_t lidos = pread(arquivo_.numero(), bloco.data(), bloco.size(), posicao);
       if (lidos < 0) {
         throw Falha(kNaoEscreve,
-                    frase("cannot read the temporary file again: {1}: found {2}, expected what was written "
-                          "to it; see to the disk and try again",
+                    frase("cannot read the temporary file of {1} again: {2}; check the disk and try again",
                           {"stdout", motivoDoSistema(errno)}));
       }
       if (lidos == 0) return confirmaEscrita(STDOUT_FILENO, "stdout");

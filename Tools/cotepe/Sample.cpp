@@ -9,6 +9,7 @@
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"
 #include "Sistema/Sinais.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
@@ -48,12 +49,10 @@ ResumoDaAmostra cria(const OpcoesDoSample& opcoes, OpcoesDaAmostra amostra) {
 
 // So many years that the longest sample ends before the year 9999 does.
 std::string primeiroDia(const std::string& texto) {
-  const Dia dia = exigeDia("--start", texto);
+  const Dia dia = *Dia::le(texto);
   if (dia.ano() >= 1900 && dia.ano() < 9900) return dia.iso();
   throw Falha(kUsoErrado,
-              frase("wrong usage: --start {1}: found a year that no sample begins in, expected 1900 to 9899; "
-                    "correct it",
-                    {texto}));
+              frase("--start {1}: a sample begins in a year from {2} to {3}", {texto, "1900", "9899"}));
 }
 
 void executa(const OpcoesDoSample& opcoes) {
@@ -70,19 +69,16 @@ Execucao declaraSample(CLI::App& comando) {
   comando.add_option("FILE", o->arquivo, traduz("The database to make; it must not exist"))->required();
   comando.add_option("--days", o->amostra.dias, traduz("Fiscal days (30)"))
       ->type_name("N")
-      ->check(CLI::Range(1, 36500));
+      ->transform(numeroEntre(1, 36500));
   comando.add_option("--coupons-per-day", o->amostra.cuponsPorDia, traduz("Fiscal coupons of each day (40)"))
       ->type_name("N")
-      ->check(CLI::Range(1, 1000000));
-  comando.add_option("--start", o->inicio, traduz("First day, DDMMYYYY or YYYY-MM-DD (2024-01-01)"))
-      ->type_name("DAY");
+      ->transform(numeroEntre(1, 1000000));
+  comando.add_option("--start", o->inicio, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD (2024-01-01)"))
+      ->type_name("DAY")
+      ->transform(dia());
   comando.add_option("--seed", o->amostra.semente, traduz("The same seed makes the same database (1)"))
       ->type_name("N")
-      ->check([](const std::string& texto) {
-        return texto.find_first_not_of("0123456789") == std::string::npos
-                   ? ""
-                   : frase("{1} is no number from {2} on", {texto, "0"});
-      });
+      ->transform(numeroDesde(0));
   comando.add_flag("--quiet", o->calado, traduz("No summary and no progress; failures are always told"));
   return [o] { executa(*o); };
 }

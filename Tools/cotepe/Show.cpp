@@ -1,47 +1,41 @@
 // cotepe show: the records of a report by label and value.
-#include <cctype>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Comandos.h"
-#include "Dia.h"
 #include "Exibicao/Exibicao.h"
 #include "Exibicao/Selecao.h"
 #include "Idioma/Idioma.h"
 #include "Leitor/Periodo.h"
 #include "LugarNoRelatorio.h"
-#include "Numero.h"
+#include "OpcoesComuns.h"
 #include "RelatorioLido.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
+#include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
 
 struct OpcoesDoShow {
-  std::string arquivo, formato = "text", de, ate;
+  std::string arquivo, formato = "text";
+  OpcoesDePeriodo periodo;
   std::vector<std::string> registros;
   Selecao selecao;
   bool tabela = false, mascara = false;
 };
 
 // AAAAMMDD, or nothing for nothing.
-std::string diaPedido(const char* opcao, const std::string& texto) {
-  if (texto.empty()) return {};
-  const std::string iso = exigeDia(opcao, texto).iso();
+std::string diaPedido(const std::optional<Dia>& dia) {
+  if (!dia) return {};
+  const std::string iso = dia->iso();
   return iso.substr(0, 4) + iso.substr(5, 2) + iso.substr(8, 2);
 }
 
 Selecao selecaoDe(const OpcoesDoShow& opcoes) {
   Selecao selecao = opcoes.selecao;
-  for (std::string codigo : opcoes.registros) {
-    for (char& c : codigo) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    const int indice = indiceDoRegistro(codigo);
-    if (indice < 0)
-      throw Falha(kUsoErrado, frase("wrong usage: {1}: found {2}, expected E01 to E22; correct it",
-                                    {"--register", codigo}));
-    selecao.registros.push_back(indice);
-  }
+  for (const std::string& codigo : opcoes.registros) selecao.registros.push_back(indiceDoRegistro(codigo));
   return selecao;
 }
 
@@ -54,12 +48,11 @@ FormatoDeExibicao formatoDe(const OpcoesDoShow& opcoes) {
 
 void executa(const OpcoesDoShow& opcoes) {
   const Selecao selecao = selecaoDe(opcoes);
-  if (!opcoes.de.empty() && !opcoes.ate.empty()) exigePeriodo(opcoes.de, opcoes.ate);
-  Periodo periodo(diaPedido("--from", opcoes.de), diaPedido("--to", opcoes.ate));
+  const PeriodoPedido pedido = periodoPedido(opcoes.periodo);
+  Periodo periodo(diaPedido(pedido.de), diaPedido(pedido.ate));
   if (opcoes.tabela && opcoes.formato != "text")
-    throw Falha(kUsoErrado,
-                frase("wrong usage: --table: found --format {1}, expected text; leave one of them out",
-                      {opcoes.formato}));
+    throw Falha(kUsoErrado, frase("{1} and {2} contradict each other; give one of them",
+                                  {"--table", "--format " + opcoes.formato}));
   RelatorioLido relatorio(opcoes.arquivo);
   FluxoDeSaida fluxo;
   const auto exibicao = novaExibicao(formatoDe(opcoes), fluxo, opcoes.mascara);
@@ -85,22 +78,22 @@ Execucao declaraShow(CLI::App& comando) {
       ->type_name("REGISTER")
       ->delimiter(',')
       ->expected(1)
-      ->take_all();
+      ->take_all()
+      ->transform(codigoDeRegistro());
   comando.add_option("--line", o->selecao.linha, traduz("Only this line"))
       ->type_name("N")
-      ->check(numeroDesde(1));
+      ->transform(numeroDesde(1));
   comando.add_option("--coo", o->selecao.coo, traduz("Only records with this COO"))
       ->type_name("N")
-      ->check(numeroDesde(0));
+      ->transform(numeroDesde(0));
   comando.add_option("--crz", o->selecao.crz, traduz("Only records with this CRZ"))
       ->type_name("N")
-      ->check(numeroDesde(0));
-  comando.add_option("--from", o->de, traduz("Only records of this day or later, DDMMYYYY or YYYY-MM-DD"))
-      ->type_name("DAY");
-  comando.add_option("--to", o->ate, traduz("Only records of this day or earlier"))->type_name("DAY");
+      ->transform(numeroDesde(0));
+  declaraPeriodo(comando, o->periodo,
+                 traduz("Only records of this day or later, as DD/MM/YYYY or YYYY-MM-DD"));
   comando.add_option("--format", o->formato, traduz("text, json (an object a line) or csv (text)"))
       ->type_name("FORMAT")
-      ->check(CLI::IsMember({"text", "json", "csv"}));
+      ->transform(escolha({"text", "json", "csv"}));
   comando.add_flag("--table", o->tabela, traduz("Text with one row a record"));
   comando.add_flag("--mask", o->mascara,
                    traduz("Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon"));

@@ -19,8 +19,7 @@ struct OpcoesDoValidate {
 void executa(const OpcoesDoValidate& opcoes) {
   if (opcoes.achados.regras) return listaRegras(validacao::kRegras);
   if (opcoes.arquivo.empty())
-    throw Falha(kUsoErrado,
-                traduz("wrong usage: FILE: found nothing, expected a report, or - for stdin; name it"));
+    throw Falha(kUsoErrado, traduz("FILE is missing; name a report, or - for stdin"));
   const Supressoes desligadas = regrasDesligadas(opcoes.achados, validacao::kRegras, "validate");
   RelatorioLido relatorio(opcoes.arquivo);
   const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
@@ -28,8 +27,8 @@ void executa(const OpcoesDoValidate& opcoes) {
   });
   relatorio.confereLeitura();
   if (total > 0)
-    throw Falha(kIncompleto, frase("{1}: not clean; cotepe {2} --rules says what the rules are",
-                                   {relatorio.nome(), "validate"}));
+    throw Veredito(
+        frase("{1}: not clean; cotepe {2} --rules says what the rules are", {relatorio.nome(), "validate"}));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "HospedeiroDoPrograma.h"
 #include "Idioma/Idioma.h"
 #include "NomeDoRelatorio.h"
+#include "OpcoesComuns.h"
 #include "OpcoesDeAchados.h"
 #include "RelatorioLido.h"
 #include "Resumo.h"
@@ -82,10 +83,9 @@ class Verificacao {
     if (resultado == kIdentidadeFalhou)
       throw Falha(kUsoErrado, semIdentidade(opcoes_.banco, hospedeiro.motivo()));
     if (resultado != kGerado)
-      throw Falha(kNaoEscreve,
-                  frase("cannot write the temporary file: {1}: found a failure of result {2}, expected room "
-                        "for the whole report; free some space or set TMPDIR to a folder with more",
-                        {opcoes_.relatorio, std::to_string(resultado)}));
+      throw Falha(kNaoEscreve, frase("cannot write the temporary file of {1} (result {2}); free some space, "
+                                     "or set TMPDIR to a folder with more",
+                                     {opcoes_.relatorio, std::to_string(resultado)}));
     const std::string faltam = incompletos(hospedeiro.etapas());
     if (!faltam.empty())
       throw Falha(kUsoErrado, frase("cannot verify: the database gives no whole report: {1}", {faltam}));
@@ -115,8 +115,7 @@ const Ajuste& melhor(Verificacao& verificacao, const std::vector<Ajuste>& ajuste
 
 void executa(const OpcoesDoVerify& opcoes) {
   if (opcoes.relatorio == "-")
-    throw Falha(kUsoErrado,
-                traduz("wrong usage: REPORT: found stdin, expected a file, which is read twice; name it"));
+    throw Falha(kUsoErrado, traduz("the report is read twice, so it cannot be stdin; name a file"));
   RelatorioLido relatorio(opcoes.relatorio);
   const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
   relatorio.confereLeitura();
@@ -131,7 +130,11 @@ void executa(const OpcoesDoVerify& opcoes) {
 
   const long total =
       imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verificacao.confronta(ajuste, saida); });
-  if (total > 0) throw Falha(kIncompleto, frase("{1}: not what the database says", {relatorio.nome()}));
+  if (total > 0)
+    throw Veredito(
+        frase("{1}: not what the database gives; cotepe check looks for faults in the database, cotepe "
+              "validate in the report",
+              {relatorio.nome()}));
 }
 
 }  // namespace
@@ -143,11 +146,7 @@ Execucao declaraVerify(CLI::App& comando) {
       ->required();
   comando.add_option("REPORT", o->relatorio, traduz("The report, a file"))->required();
   declaraAjustes(comando, o->ajuste);
-  comando
-      .add_option("--busy-timeout", o->espera,
-                  traduz("How long to wait for a locked database, in milliseconds (5000)"))
-      ->type_name("MS")
-      ->check(CLI::Range(0, 86400000));
+  declaraEspera(comando, o->espera);
   comando.add_flag("--quiet", o->calado, traduz("Do not say what was derived"));
   declaraAchados(comando, o->achados);
   comando.footer(traduz(

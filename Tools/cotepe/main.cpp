@@ -16,14 +16,22 @@ int main(int argc, char** argv) {
   try {
     leLinhaDeComando(argc, argv)();
     return kFeito;
-  } catch (const Falha& falha) {
+  } catch (const SemLeitor& falha) {
+    return falha.situacao();
+  } catch (const Interrupcao& falha) {
     avisa(falha.what());
+    return falha.situacao();
+  } catch (const Veredito& veredito) {
+    avisa(veredito.what());
+    return veredito.situacao();
+  } catch (const Falha& falha) {
+    avisaErro(falha.what());
     return falha.situacao();
   } catch (const std::bad_alloc&) {
     static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", cotepe::traduz("out of memory")));
     return kNaoEscreve;
   } catch (const std::exception& erro) {
-    avisa(erro.what());
+    avisaErro(erro.what());
     return kNaoEscreve;
   }
 }

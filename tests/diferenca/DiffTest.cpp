@@ -48,14 +48,10 @@ TEST_F(Diff, JsonIsAnObjectALine) {
 TEST_F(Diff, WhatCannotBeReadEndsWith2) {
   const Fim fim = roda({"diff", "a.txt", "none.txt"}, pasta());
   EXPECT_EQ(fim.situacao, 2);
-  EXPECT_EQ(fim.erros,
-            "cotepe: cannot open the report: none.txt: found No such file or directory, expected a file that "
-            "can be "
-            "read; correct the name\n");
+  EXPECT_EQ(fim.erros, "cotepe: error: cannot open the report none.txt: No such file or directory\n");
   const Fim duas = roda({"diff", "-", "-"}, pasta());
   EXPECT_EQ(duas.situacao, 2);
-  EXPECT_EQ(duas.erros,
-            "cotepe: wrong usage: A and B: found stdin twice, expected two reports; name one of them\n");
+  EXPECT_EQ(duas.erros, "cotepe: error: A and B are both stdin; name one of the reports\n");
 }
 
 TEST_F(Diff, TheOrderOfRecordsCountsWhenAsked) {

@@ -69,7 +69,9 @@ TEST_F(Verify, AChangedAmountEndsWith1) {
             "r.txt:10:87-100: error field E12.12 \"Venda bruta diária\": found 1,24, expected 1,25 (CRZ 11; "
             "line 10 of "
             "the report of base.db)\n1 error, 0 warnings\n");
-  EXPECT_EQ(fim.erros, "cotepe: r.txt: not what the database says\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: r.txt: not what the database gives; cotepe check looks for faults in the database, "
+            "cotepe validate in the report\n");
 }
 
 TEST_F(Verify, ARecordTakenOutIsMissing) {
@@ -201,9 +203,10 @@ TEST_F(Verify, WhatCannotRunEndsWith2) {
   Banco(em("base.db")).sql("DROP TABLE moeda");
   const Fim fim = verifica({"--quiet"});
   EXPECT_EQ(fim.situacao, 2);
-  EXPECT_NE(fim.erros.find(
-                "cotepe: cannot verify: the database gives no whole report: E06 (no such table: moeda)\n"),
-            std::string::npos)
+  EXPECT_NE(
+      fim.erros.find(
+          "cotepe: error: cannot verify: the database gives no whole report: E06 (no such table: moeda)\n"),
+      std::string::npos)
       << fim.erros;
   Banco(em("base.db")).sql("DROP TABLE dados_ecf");
   EXPECT_EQ(verifica({"--quiet"}).situacao, 2);
@@ -214,9 +217,7 @@ TEST_F(Verify, PeriodThatEndsBeforeItBeginsIsRefused) {
   geraComo({});
   const Fim fim = verifica({"--from", "02012024", "--to", "01012024"});
   EXPECT_EQ(fim.situacao, 2);
-  EXPECT_EQ(fim.erros,
-            "cotepe: wrong usage: --to 01012024: found a day before --from 02012024, expected that day or a "
-            "later one; correct one of them\n");
+  EXPECT_EQ(fim.erros, "cotepe: error: --to 2024-01-01 is before --from 2024-01-02\n");
 }
 
 TEST_F(Verify, TheDatabaseIsNotWrittenAndNoFileIsLeft) {

@@ -298,9 +298,8 @@ TEST_F(ChamadaErrada, ClosingOfStdoutThatFailsGivesFour) {
     const Fim fim = processo.naPasta(pasta()).comSaidaEm(em("saida.txt")).comRegra(erra).inicia().espera();
     EXPECT_EQ(fim.situacao, 4);
     EXPECT_EQ(fim.erros,
-              std::string("cotepe: cannot write the output: stdout: found ") + std::strerror(erro) +
-                  ", expected a place that takes all of it; free some space or choose another place; "
-                  "what stdout got is not whole\n");
+              std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) +
+                  "; what stdout got is not whole\n");
     relato.caso();
   }
 }

@@ -68,59 +68,55 @@ struct Recusa {
 
 // clang-format off
 const Recusa kRecusas[] = {
-    {{}, "falta um subcomando; veja cotepe --help"},
-    {{"gera"}, "comando: encontrado: gera, esperado: um que exista; veja cotepe --help"},
+    {{}, "falta o comando; veja cotepe --help"},
+    {{"generat"}, "comando desconhecido: generat (você quis dizer generate?); veja cotepe --help"},
     {{"generate"}, "falta --db; veja cotepe generate --help"},
-    {{"generate", "--db"}, "--db: falta 1 FILE; veja cotepe generate --help"},
-    {{"layout", "--layout", "3"}, "--layout: 3 não está em {1,2}; veja cotepe layout --help"},
-    {{"sample", "--days", "0", "a"}, "--days: o valor 0 não está entre 1 e 36500; veja cotepe sample --help"},
+    {{"generate", "--db"}, "--db precisa de um valor; veja cotepe generate --help"},
+    {{"generate", "--db", "a"}, "falta o período; dê --from e --to, --day ou --month"},
+    {{"layout", "--layout", "3"}, "--layout: 3 não é um destes: 1, 2; veja cotepe layout --help"},
+    {{"sample", "--days", "0", "a"}, "--days: 0 não é um número de 1 a 36500; veja cotepe sample --help"},
     {{"sample", "--seed", "x", "a"}, "--seed: x não é um número a partir de 0; veja cotepe sample --help"},
     {{"show", "--line", "", "a"}, "--line: nada não é um número a partir de 1; veja cotepe show --help"},
-    {{"show", "a", "b"}, "argumento inesperado: b; veja cotepe show --help"},
-    {{"show", "a", "b", "c"}, "argumentos inesperados: c b; veja cotepe show --help"},
-    {{"show", "--line", "1", "--line", "2", "a"}, "--line: no máximo 1, mas vieram 2; veja cotepe show --help"},
+    {{"show", "a", "b"}, "argumento a mais: b; veja cotepe show --help"},
+    {{"show", "--line", "1", "--line", "2", "a"}, "--line foi dado duas vezes; veja cotepe show --help"},
     {{"generate", "--output", ""}, "--output: nome vazio; veja cotepe generate --help"},
-    {{"check"}, "--db: encontrado: nada, esperado: um banco de dados fiscal; informe-o"},
-    {{"layout", "E99"}, "REGISTER: encontrado: E99, esperado: E01 a E22; corrija-o"},
-    {{"validate"}, "FILE: encontrado: nada, esperado: um relatório, ou - para stdin; informe-o"},
-    {{"diff", "-", "-"}, "A e B: encontrado: stdin duas vezes, esperado: dois relatórios; informe um deles"},
+    {{"check"}, "falta --db; informe um banco de dados fiscal"},
+    {{"layout", "F1"}, "REGISTER: F1 não é um registro; eles vão de E01 a E22; veja cotepe layout --help"},
+    {{"validate"}, "falta FILE; informe um relatório, ou - para a entrada padrão"},
+    {{"diff", "-", "-"}, "A e B são ambos a entrada padrão; dê o nome de um dos relatórios"},
     {{"verify", "--db", "a", "-"},
-     "REPORT: encontrado: stdin, esperado: um arquivo, que é lido duas vezes; informe-o"},
+     "o relatório é lido duas vezes e não pode vir da entrada padrão; dê o nome de um arquivo"},
     {{"explain", "r.txt"},
-     "FILE:LINE[:COLUMN]: encontrado: r.txt, esperado: um relatório e uma linha, como relatorio.txt:12, ou "
-     "também um byte dela, como relatorio.txt:12:50, ambos a partir de 1; corrija-o"},
+     "r.txt: falta a linha; escreva um relatório e uma linha, como em report.txt:12, ou também uma coluna, como em "
+     "report.txt:12:50"},
     {{"sample", "--start", "2023-02-29", "a"},
-     "--start 2023-02-29: encontrado: nenhum dia do calendário, esperado: DDMMAAAA ou AAAA-MM-DD; corrija-o"},
+     "--start: 2023-02-29 não é um dia; escreva DD/MM/AAAA ou AAAA-MM-DD; veja cotepe sample --help"},
 };
 // clang-format on
 
 TEST_F(Portugues, WrongUsageIsToldSo) {
   for (const Recusa& recusa : kRecusas) {
     const Fim fim = fala(recusa.argumentos);
-    EXPECT_EQ(fim.erros, std::string("cotepe: uso incorreto: ") + recusa.texto + '\n');
+    EXPECT_EQ(fim.erros, std::string("cotepe: erro: ") + recusa.texto + '\n');
     EXPECT_EQ(fim.situacao, 2) << recusa.texto;
   }
 }
 
 TEST_F(Portugues, TheSystemSpeaksTheLanguageToo) {
-  EXPECT_EQ(
-      erro({"show", "nada.txt"}),
-      "cotepe: não foi possível abrir o relatório: nada.txt: encontrado: Arquivo ou diretório inexistente, "
-      "esperado: um arquivo que possa ser lido; corrija o nome\n");
+  EXPECT_EQ(erro({"show", "nada.txt"}),
+            "cotepe: erro: não foi possível abrir o relatório nada.txt: Arquivo ou diretório inexistente\n");
   EXPECT_EQ(erro({"check", "--db", "."}),
-            "cotepe: não foi possível abrir o banco de dados: .: encontrado: uma pasta, esperado: um banco "
-            "de dados "
-            "fiscal em um arquivo; confira --db\n");
+            "cotepe: erro: não foi possível abrir o banco de dados .: é uma pasta\n");
 }
 
 TEST_F(Portugues, AnIncompleteReportIsToldAndTheLogIsNot) {
   criaBanco("DROP TABLE moeda");
   const Fim fim = fala(generate({"--output", "r.txt", "--log", "r.log"}));
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: o relatório está incompleto: E06 (no such table: moeda); --keep-partial guarda o que há dele; "
-      "o arquivo temporário foi removido\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: erro: o relatório está incompleto: E06 (no such table: moeda); --keep-partial guarda o "
+            "que há dele; "
+            "o arquivo temporário foi removido\n");
   EXPECT_EQ(roda(generate({"--output", "r.txt", "--log", "c.log"}), pasta()).situacao, 1);
   EXPECT_EQ(semHora(leArquivo(em("r.log"))), semHora(leArquivo(em("c.log"))));
 }

@@ -116,10 +116,10 @@ TEST_F(AchadosEmPortugues, FieldIsExplained) {
 
 TEST_F(AchadosEmPortugues, WhatCannotBeDoneIsSaid) {
   escreve("loja.db", "");
-  EXPECT_EQ(
-      roda({"sample", "loja.db"}).erros,
-      "cotepe: não foi possível criar o banco de dados: ./loja.db: encontrado: um arquivo que já existe, "
-      "esperado: um nome livre; escolha outro nome ou mova o arquivo existente\n");
+  EXPECT_EQ(roda({"sample", "loja.db"}).erros,
+            "cotepe: erro: não foi possível criar o banco de dados: ./loja.db: encontrado: um arquivo que já "
+            "existe, "
+            "esperado: um nome livre; escolha outro nome ou mova o arquivo existente\n");
 }
 
 }  // namespace

@@ -81,16 +81,9 @@ TEST_F(BancoEncontrado, NothingCanBeWrittenAndNoSchemaIsTrusted) {
 
 TEST_F(BancoEncontrado, WhatIsNoFileIsRefused) {
   ASSERT_EQ(mkfifo(em("cano").c_str(), 0600), 0);
-  recusa("nada.db",
-         "cannot open the database: nada.db: found No such file or directory, expected a fiscal database in "
-         "a file; "
-         "check --db");
-  recusa(".",
-         "cannot open the database: .: found a folder, expected a fiscal database in a file; check --db");
-  recusa("cano",
-         "cannot open the database: cano: found something that is not a regular file, expected a fiscal "
-         "database in a "
-         "file; check --db");
+  recusa("nada.db", "cannot open the database nada.db: No such file or directory");
+  recusa(".", "cannot open the database .: it is a folder");
+  recusa("cano", "cannot open the database cano: it is not a regular file");
   EXPECT_EQ(nomes(), std::vector<std::string>{"cano"});
 }
 
@@ -108,9 +101,7 @@ TEST_F(BancoEncontrado, DamagedDatabaseIsRefused) {
   bytes.replace(100, 12, 12, '\xFF');  // the head of the first page's tree
   escreveArquivo(em("base.db"), bytes);
   recusa("base.db",
-         "cannot read the database: base.db: found database disk image is malformed, expected a database "
-         "that is "
-         "whole; restore it from a copy");
+         "cannot read the database base.db: database disk image is malformed; restore it from a copy");
 }
 
 TEST_F(BancoEncontrado, UnreadableDatabaseIsRefused) {
@@ -118,10 +109,7 @@ TEST_F(BancoEncontrado, UnreadableDatabaseIsRefused) {
   fs::permissions(em("base.db"), fs::perms::none);
   const Fim fim = Processo(generate()).naPasta(pasta()).semPrivilegios().inicia().espera();
   EXPECT_EQ(fim.situacao, 3);
-  EXPECT_EQ(fim.erros,
-            "cotepe: cannot open the database: base.db: found Permission denied, expected a fiscal database "
-            "in a file; "
-            "check --db\n");
+  EXPECT_EQ(fim.erros, "cotepe: error: cannot open the database base.db: Permission denied\n");
 }
 
 TEST_F(BancoEncontrado, LockedDatabaseIsWaitedForAndThenRefused) {
@@ -134,8 +122,8 @@ TEST_F(BancoEncontrado, LockedDatabaseIsWaitedForAndThenRefused) {
   EXPECT_EQ(fim.situacao, 3);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: cannot read the database: base.db: found it locked by another process, for more than 1000 ms, "
-      "expected to read it within --busy-timeout; try again when the writer is done, or wait longer\n");
+      "cotepe: error: cannot read the database base.db: another process has had it locked for more than 1000 "
+      "ms; try again when that is done, or wait longer with --busy-timeout\n");
 }
 
 TEST_F(BancoEncontrado, LockThatEndsInTimeIsNoFailure) {
@@ -161,9 +149,8 @@ TEST_F(BancoEncontrado, UnfinishedTransactionIsLeftToItsOwner) {
     fs::copy_file(em("base.db-journal"), em("meio.db-journal"));
   }
   recusa("meio.db",
-         "cannot read the database: meio.db: found a transaction that its writer left unfinished, expected a "
-         "database "
-         "at rest; let the application that owns it open it once, then try again");
+         "cannot read the database meio.db: a transaction was left unfinished in it; let the application "
+         "that owns it open it once, then try again");
 }
 
 TEST_F(BancoEncontrado, ATransactionThatIsTakenBackWhileItsJournalIsLookedAtIsNotTakenForAnUnfinishedOne) {
@@ -185,12 +172,9 @@ TEST_F(BancoEncontrado, WalDatabaseWithoutItsFilesInAFolderThatCannotBeWrittenIs
   EXPECT_EQ(fim.situacao, 3);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: cannot read the database: base.db: found -wal, -shm or -journal files that cannot be opened "
-      "or "
-      "made (attempt to write a readonly database), expected them beside the database, or a folder where "
-      "they can be "
-      "made; copy the database together with those files to a folder that can be written, and read it "
-      "there\n");
+      "cotepe: error: cannot read the database base.db: its -wal, -shm or -journal files cannot be opened or "
+      "created (attempt to write a readonly database); copy the database together with those files to "
+      "a folder that can be written, and read it there\n");
 }
 
 // Runs the program until it has begun to read, stops it there, changes the database, and lets it go on.

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Sistema/Falha.h"
-
 using cotepe::programa::Dia;
 
 namespace {
@@ -56,17 +54,16 @@ TEST(Dia, DaysAreInOrder) {
   EXPECT_FALSE(*Dia::le("01012024") < *Dia::le("2024-01-01"));
 }
 
-TEST(Dia, AnOptionThatIsNoDayIsNamed) {
-  try {
-    cotepe::programa::exigeDia("--from", "31022024");
-    FAIL() << "accepted";
-  } catch (const cotepe::programa::Falha& falha) {
-    EXPECT_EQ(falha.situacao(), 2);
-    EXPECT_STREQ(
-        falha.what(),
-        "wrong usage: --from 31022024: found no day of the calendar, expected DDMMYYYY or YYYY-MM-DD; "
-        "correct it");
-  }
+TEST(Dia, SlashesMayStandBetweenDayMonthAndYear) {
+  EXPECT_EQ(iso("29/02/2024"), "2024-02-29");
+  EXPECT_EQ(iso("30/02/2024"), "none");
+  EXPECT_EQ(iso("29/02-2024"), "none");
+}
+
+TEST(Dia, TheLastDayOfItsMonth) {
+  EXPECT_EQ(Dia::le("2024-02-10")->ultimoDoMes().iso(), "2024-02-29");
+  EXPECT_EQ(Dia::le("2023-02-28")->ultimoDoMes().iso(), "2023-02-28");
+  EXPECT_EQ(Dia::le("2024-12-31")->ultimoDoMes().iso(), "2024-12-31");
 }
 
 }  // namespace

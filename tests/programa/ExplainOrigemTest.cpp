@@ -76,8 +76,8 @@ TEST_F(ExplainOrigem, AQueryThatFailsWithoutAMessageIsNamed) {
   EXPECT_EQ(fim.situacao, 2);
   EXPECT_EQ(fim.saida, "");
   EXPECT_EQ(fim.erros,
-            "cotepe: cannot trace the line: base.db: found no such table: posicao_totalizadores_contadores, "
-            "expected the tables that E02 is read from; see cotepe check\n");
+            "cotepe: error: cannot find the rows of the line in base.db: no such table: "
+            "posicao_totalizadores_contadores; E02 is read from it: cotepe check says what is missing\n");
 }
 
 TEST_F(ExplainOrigem, WithoutAUserTheCnpjHasNoRow) {

@@ -464,7 +464,7 @@ TEST_F(Explain, ALineThatTheDatabaseDoesNotGiveEndsWith1) {
   EXPECT_TRUE(contem(fim.saida, "  meaning: R$ 73,98\n"));
   EXPECT_FALSE(contem(fim.saida, "  from:"));
   EXPECT_EQ(fim.erros, "cotepe: loja.txt:" + std::to_string(linha) +
-                           ": not what the database says; see cotepe verify\n");
+                           ": not what the database gives; cotepe verify compares the whole report\n");
 }
 
 TEST_F(Explain, ALineOfAnotherLengthIsSaidSo) {
@@ -478,10 +478,8 @@ TEST_F(Explain, ALineOfAnotherLengthIsSaidSo) {
   EXPECT_TRUE(contem(curta.saida, "  bytes:   \"\"\n  meaning: nothing: the line ends before it\n"));
   const Fim filler = explica("r.txt:2:56");
   EXPECT_EQ(filler.situacao, 2);
-  EXPECT_EQ(
-      filler.erros,
-      "cotepe: no such byte: r.txt:2:56: found a byte behind the last field, which is no field's, expected "
-      "a byte from 1 to 55; correct it\n");
+  EXPECT_EQ(filler.erros,
+            "cotepe: r.txt:2:56: the column is behind the last field; its fields take the columns 1 to 55\n");
 }
 
 TEST_F(Explain, StdinIsNotReadTwice) {
@@ -489,54 +487,41 @@ TEST_F(Explain, StdinIsNotReadTwice) {
   EXPECT_EQ(fim.situacao, 2);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: wrong usage: FILE: found stdin, expected with --db a file, which is read more than once; "
-      "name it\n");
+      "cotepe: error: with --db the report is read more than once, so it cannot be stdin; name a file\n");
 }
 
 TEST_F(Explain, WhatIsNotThereIsRefused) {
   escreveArquivo(em("r.txt"), "E22" + std::string(40, 'A') + "000120240101\nABC\n");
   escreveArquivo(em("vazio.txt"), "");
   const char* const kForma =
-      ", expected a report and a line, such as report.txt:12, or also a byte of it, such as "
-      "report.txt:12:50, "
-      "both from 1; correct it\n";
+      ": no line is named; write a report and a line, as in report.txt:12, or also a column, as in "
+      "report.txt:12:50\n";
   const struct {
     std::vector<std::string> argumentos;
     std::string mensagem;
   } kRecusas[] = {
-      {{"r.txt:1:56"},
-       "no such byte: r.txt:1:56: found a line of 55 bytes, expected a byte from 1 to 55; correct it\n"},
-      {{"r.txt:3"},
-       "no such line: r.txt:3: found a file of 2 lines, expected a line from 1 to 2; correct it\n"},
-      {{"vazio.txt:1"},
-       "no such line: vazio.txt:1: found a file of 0 lines, expected a report with lines; correct it\n"},
+      {{"r.txt:1:56"}, "r.txt:1:56: the line has only 55 bytes; its fields take the columns 1 to 55\n"},
+      {{"r.txt:3"}, "r.txt:3: the report has only 2 lines\n"},
+      {{"vazio.txt:1"}, "vazio.txt:1: the report has no lines\n"},
       {{"r.txt:2"},
-       "cannot explain the line: r.txt:2: found one that begins with no register's code, expected E01 to "
-       "E22; "
-       "see cotepe validate, which says what is wrong with it\n"},
-      {{"r.txt"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt") + kForma},
-      {{"r.txt:0"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt:0") + kForma},
-      {{"r.txt:1:0"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt:1:0") + kForma},
-      {{"r.txt:-1"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt:-1") + kForma},
-      {{"r.txt:1x"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt:1x") + kForma},
-      {{"r.txt:99999999999999999999"},
-       std::string("wrong usage: FILE:LINE[:COLUMN]: found r.txt:99999999999999999999") + kForma},
-      {{":1"}, std::string("wrong usage: FILE:LINE[:COLUMN]: found :1") + kForma},
-      {{"nada.txt:1"},
-       "cannot open the report: nada.txt: found No such file or directory, expected a file that can be read; "
-       "correct the name\n"},
-      {{"r.txt:1", "--db", "nada.db"},
-       "cannot open the database: nada.db: found No such file or directory, expected a fiscal database in a "
-       "file; check --db\n"},
-      {{"r.txt:1", "--format", "xml"},
-       "wrong usage: --format: xml not in {text,json}; see cotepe explain --help\n"},
+       "r.txt:2: the line does not begin with the code of a register; cotepe validate says more\n"},
+      {{"r.txt"}, std::string("r.txt") + kForma},
+      {{"r.txt:0"}, std::string("r.txt:0") + kForma},
+      {{"r.txt:1:0"}, std::string("r.txt:1:0") + kForma},
+      {{"r.txt:-1"}, std::string("r.txt:-1") + kForma},
+      {{"r.txt:1x"}, std::string("r.txt:1x") + kForma},
+      {{"r.txt:99999999999999999999"}, std::string("r.txt:99999999999999999999") + kForma},
+      {{":1"}, std::string(":1") + kForma},
+      {{"nada.txt:1"}, "cannot open the report nada.txt: No such file or directory\n"},
+      {{"r.txt:1", "--db", "nada.db"}, "cannot open the database nada.db: No such file or directory\n"},
+      {{"r.txt:1", "--format", "xml"}, "--format: xml is none of text, json; see cotepe explain --help\n"},
   };
   for (const auto& recusa : kRecusas) {
     std::vector<std::string> todos = {"explain"};
     todos.insert(todos.end(), recusa.argumentos.begin(), recusa.argumentos.end());
     const Fim fim = roda(todos, pasta());
     EXPECT_EQ(fim.situacao, 2);
-    EXPECT_EQ(fim.erros, "cotepe: " + recusa.mensagem);
+    EXPECT_EQ(fim.erros, "cotepe: error: " + recusa.mensagem);
     EXPECT_EQ(fim.saida, "");
   }
 }
@@ -545,11 +530,9 @@ TEST_F(Explain, ADatabaseWithoutTheTablesCannotBeAsked) {
   Banco(em("loja.db")).sql("DROP TABLE moeda");
   const Fim fim = explica("loja.txt:" + std::to_string(linhaCom("E06", "")), {"--db", "loja.db"});
   EXPECT_EQ(fim.situacao, 2);
-  EXPECT_EQ(
-      semHora(fim.erros),
-      "@ Erro no select 2 - TipoE06: no such table: moeda\n"
-      "cotepe: cannot trace the line: loja.db: found no such table: moeda, expected the tables that E06 is "
-      "read from; see cotepe check\n");
+  EXPECT_EQ(semHora(fim.erros),
+            "@ Erro no select 2 - TipoE06: no such table: moeda\ncotepe: cannot find the rows of the line in "
+            "loja.db: no such table: moeda; E06 is read from it: cotepe check says what is missing\n");
 }
 
 TEST_F(Explain, ColonsInTheNameOfTheFileAreTheFiles) {

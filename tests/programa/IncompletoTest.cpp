@@ -9,11 +9,11 @@ TEST_F(Incompleto, RegisterIsNamedAndNothingIsKept) {
   criaBanco("DROP TABLE moeda");
   const Fim fim = gera({"--output", "r.txt"});
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(
-      semHora(fim.erros),
-      "@ Erro no select 2 - TipoE06: no such table: moeda\n"
-      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
-      "the temporary file was removed\n");
+  EXPECT_EQ(semHora(fim.erros),
+            "@ Erro no select 2 - TipoE06: no such table: moeda\n"
+            "cotepe: error: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what "
+            "there is; "
+            "the temporary file was removed\n");
   EXPECT_EQ(fim.saida, "");
   EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
 }
@@ -24,7 +24,8 @@ TEST_F(Incompleto, EveryRegisterConcernedIsNamed) {
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: the report is incomplete: E06 (no such table: moeda), E14 (no such column: cupom.cont_ccf), "
+      "cotepe: error: the report is incomplete: E06 (no such table: moeda), E14 (no such column: "
+      "cupom.cont_ccf), "
       "E15 (no such column: cupom.cont_ccf), E21 (no such column: cupom.cont_ccf); --keep-partial keeps what "
       "there is; the temporary file was removed\n");
   EXPECT_EQ(semHora(leArquivo(em("falhas.log"))),
@@ -38,10 +39,10 @@ TEST_F(Incompleto, GrandTotalThatCannotBeSoughtNamesE02ThoughNothingIsLogged) {
   criaBanco("ALTER TABLE reducao_z RENAME COLUMN valor_gt TO outra");
   const Fim fim = gera({"--output", "r.txt", "--command", "MF"});
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: the report is incomplete: E02 (no such column: valor_gt); --keep-partial keeps what there "
-      "is; the temporary file was removed\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: error: the report is incomplete: E02 (no such column: valor_gt); --keep-partial keeps "
+            "what there "
+            "is; the temporary file was removed\n");
   EXPECT_EQ(gera({"--output", "r.txt", "--command", "TDM"}).situacao, 0);
 }
 
@@ -51,7 +52,7 @@ TEST_F(Incompleto, KeptPartIsNotUnderTheNameOfTheReport) {
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(semHora(fim.erros),
             "@ Erro no select 2 - TipoE06: no such table: moeda\n"
-            "cotepe: the report is incomplete: E06 (no such table: moeda); what there is was kept as "
+            "cotepe: error: the report is incomplete: E06 (no such table: moeda); what there is was kept as "
             "r.txt.partial\n");
   EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt.partial"}));
   const std::string parte = leArquivo(em("r.txt.partial"));
@@ -71,10 +72,10 @@ TEST_F(Incompleto, PartialReportReplacesAnotherOnlyByForce) {
   escreveArquivo(em("r.txt.partial"), "old");
   const Fim fim = gera({"--output", "r.txt", "--keep-partial"});
   EXPECT_EQ(fim.situacao, 3);
-  EXPECT_EQ(fim.erros,
-            "cotepe: cannot open the output: r.txt.partial: found a file of that name, expected a name that "
-            "is free; "
-            "choose another --output, or --force to replace the file\n");
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: error: cannot create the output r.txt.partial: the file exists; choose another --output, or "
+      "--force to replace it\n");
   EXPECT_EQ(leArquivo(em("r.txt.partial")), "old");
   EXPECT_EQ(gera({"--output", "r.txt", "--keep-partial", "--force"}).situacao, 1);
   EXPECT_NE(leArquivo(em("r.txt.partial")), "old");
@@ -85,10 +86,10 @@ TEST_F(Incompleto, StdoutGetsNothing) {
   const Fim fim = gera({"--output", "-", "--log", "falhas.log"});
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(fim.saida, "");
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
-      "nothing was written to stdout\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: error: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what "
+            "there is; "
+            "nothing was written to stdout\n");
 }
 
 TEST_F(Incompleto, ValueThatBreaksAQueryHalfWayIsAFailureToo) {
@@ -97,10 +98,10 @@ TEST_F(Incompleto, ValueThatBreaksAQueryHalfWayIsAFailureToo) {
       "CREATE VIEW moeda AS SELECT abs(a) AS data_hora_gravacao, 'R$' AS simbolo_moeda FROM t");
   const Fim fim = gera({"--output", "r.txt", "--log", "falhas.log"});
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: the report is incomplete: E06 (integer overflow); --keep-partial keeps what there is; the "
-      "temporary file was removed\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: error: the report is incomplete: E06 (integer overflow); --keep-partial keeps what "
+            "there is; the "
+            "temporary file was removed\n");
 }
 
 TEST_F(Incompleto, LogIsAppendedTo) {
@@ -115,11 +116,11 @@ TEST_F(Incompleto, LogThatCannotBeWrittenIsTold) {
   criaBanco("DROP TABLE moeda");
   const Fim fim = gera({"--output", "r.txt", "--log", "/dev/full"});
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: cannot write the log: No space left on device\n"
-      "cotepe: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what there is; "
-      "the temporary file was removed\n");
+  EXPECT_EQ(fim.erros,
+            "cotepe: error: cannot write the log: No space left on device\n"
+            "cotepe: error: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what "
+            "there is; "
+            "the temporary file was removed\n");
 }
 
 TEST_F(Incompleto, LogThatCannotBeOpenedGivesThree) {
@@ -127,9 +128,8 @@ TEST_F(Incompleto, LogThatCannotBeOpenedGivesThree) {
   const Fim fim = gera({"--output", "r.txt", "--log", "nowhere/falhas.log"});
   EXPECT_EQ(fim.situacao, 3);
   EXPECT_EQ(fim.erros,
-            "cotepe: cannot open the log: nowhere/falhas.log: found No such file or directory, expected a "
-            "file that "
-            "can be written; choose another --log\n");
+            "cotepe: error: cannot open the log nowhere/falhas.log: No such file or directory; choose "
+            "another --log\n");
   EXPECT_EQ(nomes(), std::vector<std::string>{"base.db"});
 }
 
@@ -138,12 +138,10 @@ TEST_F(Incompleto, PrinterWithoutIdentityGivesFive) {
   escreveArquivo(em("r.txt"), "old");
   const Fim fim = gera({"--output", "r.txt", "--force", "--keep-partial"});
   EXPECT_EQ(fim.situacao, 5);
-  EXPECT_EQ(
-      semHora(fim.erros),
-      "@ Erro no select - GeraRegistrosTipoE: no such table: dados_usuario\n"
-      "cotepe: cannot read the printer's identity: base.db: found no such table: dados_usuario, expected the "
-      "tables dados_ecf and dados_usuario; check that --db is a fiscal database; the temporary file was "
-      "removed\n");
+  EXPECT_EQ(semHora(fim.erros),
+            "@ Erro no select - GeraRegistrosTipoE: no such table: dados_usuario\ncotepe: cannot read the "
+            "printer's identity in base.db: no such table: dados_usuario; a fiscal database has it in the "
+            "tables dados_ecf and dados_usuario; the temporary file was removed\n");
   EXPECT_EQ(leArquivo(em("r.txt")), "old");
   EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt"}));
 }

@@ -123,13 +123,12 @@ TEST_F(Leiaute, EveryRegisterIsThereInTheOrderOfTheFile) {
 TEST_F(Leiaute, WhatThereIsNotIsRefused) {
   const Fim nenhum = roda({"layout", "E23"});
   EXPECT_EQ(nenhum.situacao, 2);
-  EXPECT_EQ(nenhum.erros, "cotepe: wrong usage: REGISTER: found E23, expected E01 to E22; correct it\n");
+  EXPECT_EQ(nenhum.erros,
+            "cotepe: error: REGISTER: E23 is not a register; they are E01 to E22 (did you mean E03?); see "
+            "cotepe layout --help\n");
   const Fim so2 = roda({"layout", "E22", "--layout", "1"});
   EXPECT_EQ(so2.situacao, 2);
-  EXPECT_EQ(so2.erros,
-            "cotepe: wrong usage: --layout 1: found E22, expected a register of layout 1; use --layout 2: no "
-            "other has "
-            "it\n");
+  EXPECT_EQ(so2.erros, "cotepe: error: E22 is a register of layout 2 alone; give --layout 2\n");
 }
 
 TEST_F(Leiaute, DocumentIsWhatTheProgramPrints) {

@@ -51,8 +51,7 @@ class SaidaPadrao : public Cena {
   }
 
   static std::string mensagem(int erro) {
-    return std::string("cotepe: cannot write the output: stdout: found ") + std::strerror(erro) +
-           ", expected a place that takes all of it; free some space or choose another place\n";
+    return std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) + "\\n";
   }
 };
 

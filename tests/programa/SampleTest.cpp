@@ -43,10 +43,11 @@ TEST_F(Sample, ExistingFileIsKept) {
   escreveArquivo(em("base.db"), "old");
   const Fim fim = roda({"sample", "base.db"}, pasta());
   EXPECT_EQ(fim.situacao, 3);
-  EXPECT_EQ(fim.erros,
-            "cotepe: cannot create the database: ./base.db: found a file that exists already, expected a "
-            "name that is "
-            "free; choose another name, or move the file away\n");
+  EXPECT_EQ(
+      fim.erros,
+      "cotepe: error: cannot create the database: ./base.db: found a file that exists already, expected a "
+      "name that is "
+      "free; choose another name, or move the file away\n");
   EXPECT_EQ(leArquivo(em("base.db")), "old");
   EXPECT_EQ(nomes(), Nomes{"base.db"});
 }
@@ -59,7 +60,7 @@ TEST_F(Sample, FullDiskGivesFourAndLeavesNothing) {
   const Fim fim =
       Processo({"sample", "base.db"}).naPasta(pasta()).comLimiteDeArquivo(100000).inicia().espera();
   EXPECT_EQ(fim.situacao, 4);
-  EXPECT_EQ(fim.erros.substr(0, 34), "cotepe: cannot write the database:") << fim.erros;
+  EXPECT_EQ(fim.erros.substr(0, 41), "cotepe: error: cannot write the database:") << fim.erros;
   EXPECT_EQ(nomes(), Nomes{});
 }
 
@@ -105,7 +106,7 @@ TEST_F(NomeDaAmostra, NoneIsGivenAndNothingIsLeftWhereALinkARenameOrTheDiskFails
   for (const auto& [erros, achado] : casos) {
     const Fim fim = amostraCom(erros);
     EXPECT_EQ(fim.situacao, 4) << achado;
-    EXPECT_EQ(fim.erros, std::string("cotepe: cannot create the database: ") + achado +
+    EXPECT_EQ(fim.erros, std::string("cotepe: error: cannot create the database: ") + achado +
                              ", expected a folder that can be written and has room; choose another place or "
                              "free some space\n");
     EXPECT_EQ(nomes(), Nomes{}) << achado;
@@ -115,7 +116,8 @@ TEST_F(NomeDaAmostra, NoneIsGivenAndNothingIsLeftWhereALinkARenameOrTheDiskFails
 TEST_F(NomeDaAmostra, ThatDoesNotReachTheDiskIsAFailureThoughTheDatabaseIsWhole) {
   const Fim fim = amostraCom({{SYS_fsync, 2, EIO}});
   EXPECT_EQ(fim.situacao, 4);
-  EXPECT_EQ(fim.erros.substr(0, 66), "cotepe: cannot create the database: ./: found Input/output error, ");
+  EXPECT_EQ(fim.erros.substr(0, 73),
+            "cotepe: error: cannot create the database: ./: found Input/output error, ");
   EXPECT_EQ(nomes(), Nomes{"base.db"});
 }
 
@@ -129,7 +131,8 @@ TEST_F(NomeDaAmostra, FolderThatCannotBeOpenedOrClosedIsAFailureThoughTheDatabas
       return ligado && chamada.numero == qual && daPasta ? Destino{Destino::Erra, EIO} : Destino{};
     });
     EXPECT_EQ(fim.situacao, 4);
-    EXPECT_EQ(fim.erros.substr(0, 66), "cotepe: cannot create the database: ./: found Input/output error, ");
+    EXPECT_EQ(fim.erros.substr(0, 73),
+              "cotepe: error: cannot create the database: ./: found Input/output error, ");
     EXPECT_EQ(nomes(), Nomes{"base.db"});
     unlink(em("base.db").c_str());
   }
@@ -155,7 +158,8 @@ TEST_F(Sample, FolderThatIsAFileGivesThree) {
   escreveArquivo(em("file"), "");
   const Fim fim = roda({"sample", "file/base.db"}, pasta());
   EXPECT_EQ(fim.situacao, 3);
-  EXPECT_EQ(fim.erros.substr(0, 64), "cotepe: cannot create the database: ./file/base.db: found Not a ");
+  EXPECT_EQ(fim.erros.substr(0, 71),
+            "cotepe: error: cannot create the database: ./file/base.db: found Not a ");
   EXPECT_EQ(leArquivo(em("file")), "");
 }
 

@@ -49,26 +49,22 @@ class ShowErrado : public Cena {
     opcoes.insert(opcoes.begin(), {"show", "r.txt"});
     const Fim fim = roda(opcoes, pasta());
     EXPECT_EQ(fim.situacao, 2) << mensagem;
-    EXPECT_EQ(fim.erros, "cotepe: " + mensagem + "\n");
+    EXPECT_EQ(fim.erros, "cotepe: error: " + mensagem + "\n");
     EXPECT_EQ(fim.saida, "") << mensagem;
   }
 };
 
 TEST_F(ShowErrado, LineThatTheReportHasNotIsRefused) {
-  recusa({"--line", "3"},
-         "no such line: r.txt:3: found a file of 2 lines, expected a line from 1 to 2; correct it");
+  recusa({"--line", "3"}, "r.txt:3: the report has only 2 lines");
   EXPECT_EQ(roda({"show", "r.txt", "--line", "2"}, pasta()).situacao, 0);
 }
 
 TEST_F(ShowErrado, PeriodThatEndsBeforeItBeginsIsRefused) {
-  recusa({"--from", "02012024", "--to", "2024-01-01"},
-         "wrong usage: --to 2024-01-01: found a day before --from 02012024, expected that day or a later "
-         "one; correct one of them");
+  recusa({"--from", "02012024", "--to", "2024-01-01"}, "--to 2024-01-01 is before --from 2024-01-02");
 }
 
 TEST_F(ShowErrado, TableIsOfTextAlone) {
-  recusa({"--table", "--format", "csv"},
-         "wrong usage: --table: found --format csv, expected text; leave one of them out");
+  recusa({"--table", "--format", "csv"}, "--table and --format csv contradict each other; give one of them");
 }
 
 TEST_F(ShowErrado, FolderIsNoReport) {
@@ -76,9 +72,7 @@ TEST_F(ShowErrado, FolderIsNoReport) {
            {"show", "."}, {"validate", "."}, {"diff", ".", "r.txt"}, {"explain", ".:1"}}) {
     const Fim fim = roda(comando, pasta());
     EXPECT_EQ(fim.situacao, 2) << comando[0];
-    EXPECT_EQ(fim.erros,
-              "cotepe: cannot open the report: .: found a folder, expected a file that can be read; correct "
-              "the name\n");
+    EXPECT_EQ(fim.erros, "cotepe: error: cannot open the report .: a folder\n");
     EXPECT_EQ(fim.saida, "") << comando[0];
   }
 }

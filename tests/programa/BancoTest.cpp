@@ -21,7 +21,7 @@ class BancoEncontrado : public Cena {
     const Fim fim = roda(
         {"generate", "--db", banco, "--from", "01012024", "--to", "31012024", "--output", "r.txt"}, pasta());
     EXPECT_EQ(fim.situacao, 3) << banco;
-    EXPECT_EQ(fim.erros, "cotepe: " + mensagem + "\n");
+    EXPECT_EQ(fim.erros, "cotepe: error: " + mensagem + "\n");
     EXPECT_FALSE(fs::exists(em("r.txt")));
   }
 };
@@ -91,8 +91,8 @@ TEST_F(BancoEncontrado, WhatIsNoDatabaseIsRefused) {
   escreveArquivo(em("texto"), "no database at all");
   escreveArquivo(em("longo"), std::string(5000, 'x'));
   for (const std::string nome : {"texto", "longo"})
-    recusa(nome, "cannot read the database: " + nome +
-                     ": found a file that is not an SQLite database, expected a fiscal database; check --db");
+    recusa(nome, "cannot read the database " + nome +
+                     ": it is not an SQLite database");
 }
 
 TEST_F(BancoEncontrado, DamagedDatabaseIsRefused) {

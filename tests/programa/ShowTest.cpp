@@ -72,7 +72,7 @@ TEST_F(ShowErrado, FolderIsNoReport) {
            {"show", "."}, {"validate", "."}, {"diff", ".", "r.txt"}, {"explain", ".:1"}}) {
     const Fim fim = roda(comando, pasta());
     EXPECT_EQ(fim.situacao, 2) << comando[0];
-    EXPECT_EQ(fim.erros, "cotepe: error: cannot open the report .: a folder\n");
+    EXPECT_EQ(fim.erros, "cotepe: error: cannot open the report .: it is a folder\n");
     EXPECT_EQ(fim.saida, "") << comando[0];
   }
 }

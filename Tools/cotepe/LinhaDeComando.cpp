@@ -74,7 +74,7 @@ Execucao leLinhaDeComando(int argc, const char* const* argv) {
   declara(app, escolhida);
   const std::vector<std::string> argumentos(argv + (argc > 0 ? 1 : 0), argv + argc);
   if (const CLI::App* qual = ajudaPedida(app, argumentos))
-    return [ajuda = qual->help()] { escreveNaSaidaPadrao(ajuda); };
+    return [ajuda = qual->help(qual == &app ? "" : app.get_name())] { escreveNaSaidaPadrao(ajuda); };
   confereArgumentos(app, argumentos);
   try {
     app.parse(argc, argv);

@@ -18,14 +18,12 @@ int main(int argc, char** argv) {
     return kFeito;
   } catch (const SemLeitor& falha) {
     return falha.situacao();
-  } catch (const Interrupcao& falha) {
-    avisa(falha.what());
-    return falha.situacao();
   } catch (const Veredito& veredito) {
     avisa(veredito.what());
     return veredito.situacao();
   } catch (const Falha& falha) {
-    avisaErro(falha.what());
+    const bool interrompida = falha.situacao() > 128;
+    interrompida ? avisa(falha.what()) : avisaErro(falha.what());
     return falha.situacao();
   } catch (const std::bad_alloc&) {
     static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", cotepe::traduz("out of memory")));

@@ -91,8 +91,7 @@ TEST_F(BancoEncontrado, WhatIsNoDatabaseIsRefused) {
   escreveArquivo(em("texto"), "no database at all");
   escreveArquivo(em("longo"), std::string(5000, 'x'));
   for (const std::string nome : {"texto", "longo"})
-    recusa(nome, "cannot read the database " + nome +
-                     ": it is not an SQLite database");
+    recusa(nome, "cannot read the database " + nome + ": it is not an SQLite database");
 }
 
 TEST_F(BancoEncontrado, DamagedDatabaseIsRefused) {

@@ -479,7 +479,8 @@ TEST_F(Explain, ALineOfAnotherLengthIsSaidSo) {
   const Fim filler = explica("r.txt:2:56");
   EXPECT_EQ(filler.situacao, 2);
   EXPECT_EQ(filler.erros,
-            "cotepe: r.txt:2:56: the column is behind the last field; its fields take the columns 1 to 55\n");
+            "cotepe: error: r.txt:2:56: the column is behind the last field; its fields take the columns 1 "
+            "to 55\n");
 }
 
 TEST_F(Explain, StdinIsNotReadTwice) {
@@ -531,7 +532,8 @@ TEST_F(Explain, ADatabaseWithoutTheTablesCannotBeAsked) {
   const Fim fim = explica("loja.txt:" + std::to_string(linhaCom("E06", "")), {"--db", "loja.db"});
   EXPECT_EQ(fim.situacao, 2);
   EXPECT_EQ(semHora(fim.erros),
-            "@ Erro no select 2 - TipoE06: no such table: moeda\ncotepe: cannot find the rows of the line in "
+            "@ Erro no select 2 - TipoE06: no such table: moeda\ncotepe: error: cannot find the rows of the "
+            "line in "
             "loja.db: no such table: moeda; E06 is read from it: cotepe check says what is missing\n");
 }
 

@@ -117,7 +117,7 @@ TEST_F(Incompleto, LogThatCannotBeWrittenIsTold) {
   const Fim fim = gera({"--output", "r.txt", "--log", "/dev/full"});
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(fim.erros,
-            "cotepe: error: cannot write the log: No space left on device\n"
+            "cotepe: cannot write the log: No space left on device\n"
             "cotepe: error: the report is incomplete: E06 (no such table: moeda); --keep-partial keeps what "
             "there is; "
             "the temporary file was removed\n");
@@ -138,10 +138,11 @@ TEST_F(Incompleto, PrinterWithoutIdentityGivesFive) {
   escreveArquivo(em("r.txt"), "old");
   const Fim fim = gera({"--output", "r.txt", "--force", "--keep-partial"});
   EXPECT_EQ(fim.situacao, 5);
-  EXPECT_EQ(semHora(fim.erros),
-            "@ Erro no select - GeraRegistrosTipoE: no such table: dados_usuario\ncotepe: cannot read the "
-            "printer's identity in base.db: no such table: dados_usuario; a fiscal database has it in the "
-            "tables dados_ecf and dados_usuario; the temporary file was removed\n");
+  EXPECT_EQ(
+      semHora(fim.erros),
+      "@ Erro no select - GeraRegistrosTipoE: no such table: dados_usuario\ncotepe: error: cannot read the "
+      "printer's identity in base.db: no such table: dados_usuario; a fiscal database has it in the "
+      "tables dados_ecf and dados_usuario; the temporary file was removed\n");
   EXPECT_EQ(leArquivo(em("r.txt")), "old");
   EXPECT_EQ(nomes(), (std::vector<std::string>{"base.db", "r.txt"}));
 }

@@ -51,7 +51,7 @@ class SaidaPadrao : public Cena {
   }
 
   static std::string mensagem(int erro) {
-    return std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) + "\\n";
+    return std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) + "\n";
   }
 };
 

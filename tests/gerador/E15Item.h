@@ -5,7 +5,7 @@
 
 #include "Bancada.h"
 
-inline constexpr char kCupom[] =
+inline constexpr char kCupomDoItem[] =
     "INSERT INTO reducao_z(cont_crz, data_movimento) VALUES('7', '2024-01-15 00:00:00');"
     "INSERT INTO cupom_fiscal(cont_ccf, cont_coo, cont_crz) VALUES('20', '10', '7');";
 
@@ -17,9 +17,9 @@ inline constexpr char kItem[] =
     " VALUES('10','1','','','0','0','','0','0','0','0','','N','A','2','2','0','0');";
 
 // The only item of the only coupon of the bench, `mudanca` being a list of "column = value".
-inline std::string linhaCom(Bancada& bancada, const std::string& mudanca) {
+inline std::string linhaDoItemCom(Bancada& bancada, const std::string& mudanca) {
   bancada.sql("DELETE FROM reducao_z; DELETE FROM cupom_fiscal; DELETE FROM item_cupom_fiscal");
-  bancada.sql(kCupom);
+  bancada.sql(kCupomDoItem);
   bancada.sql(kItem);
   bancada.sql("UPDATE item_cupom_fiscal SET " + mudanca);
   return bancada.linha("E15");

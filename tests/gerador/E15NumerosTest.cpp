@@ -18,9 +18,9 @@ TEST(E15, QuantityHasThreePlacesOnlyWhereItsPlacesAreThree) {
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(testing::Message() << caso.quantidade << " with places " << caso.casas);
     Bancada bancada;
-    const std::string linha =
-        linhaCom(bancada, std::string("quantidade='") + caso.quantidade + "', casas_decimais_quantidade='" +
-                              caso.casas + "', casas_decimais_valor='0'");
+    const std::string linha = linhaDoItemCom(bancada, std::string("quantidade='") + caso.quantidade +
+                                                          "', casas_decimais_quantidade='" + caso.casas +
+                                                          "', casas_decimais_valor='0'");
     EXPECT_EQ(posicoes(linha, 176, 182), caso.campo);
   }
 }
@@ -37,8 +37,8 @@ TEST(E15, UnitValueHasThreePlacesOnlyWhereItsPlacesAreThree) {
     SCOPED_TRACE(testing::Message() << caso.valor << " with places " << caso.casas);
     Bancada bancada;
     const std::string linha =
-        linhaCom(bancada, std::string("valor_unitario='") + caso.valor + "', casas_decimais_valor='" +
-                              caso.casas + "', casas_decimais_quantidade='0'");
+        linhaDoItemCom(bancada, std::string("valor_unitario='") + caso.valor + "', casas_decimais_valor='" +
+                                    caso.casas + "', casas_decimais_quantidade='0'");
     EXPECT_EQ(posicoes(linha, 186, 193), caso.campo);
   }
 }
@@ -58,16 +58,16 @@ TEST(E15, DiscountAndSurchargeAreRoundedAsDoublesHalvesAwayFromZero) {
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(caso.valor);
     Bancada bancada;
-    const std::string linha =
-        linhaCom(bancada, std::string("valor_desconto='") + caso.valor + "', valor_acrescimo='" + caso.valor +
-                              "', casas_decimais_quantidade='3', casas_decimais_valor='3'");
+    const std::string linha = linhaDoItemCom(
+        bancada, std::string("valor_desconto='") + caso.valor + "', valor_acrescimo='" + caso.valor +
+                     "', casas_decimais_quantidade='3', casas_decimais_valor='3'");
     EXPECT_EQ(posicoes(linha, 194, 209), std::string(caso.campo) + caso.campo);
   }
 }
 
 TEST(E15, TotalAndCancelledSurchargeAreMoneyTexts) {
   Bancada bancada;
-  const std::string linha = linhaCom(bancada, "valor_total='1.005', valor_canc_acrescimo='12.3'");
+  const std::string linha = linhaDoItemCom(bancada, "valor_total='1.005', valor_canc_acrescimo='12.3'");
   EXPECT_EQ(posicoes(linha, 210, 223), "00000000000101");
   EXPECT_EQ(posicoes(linha, 252, 264), "0000000001230");
 }
@@ -75,7 +75,7 @@ TEST(E15, TotalAndCancelledSurchargeAreMoneyTexts) {
 TEST(E15, NegativeMoneyFillsItsFieldAndIsCutByTheNext) {
   Bancada bancada;
   const std::string linha =
-      linhaCom(bancada, "valor_total='-1.00', aliquota='F1', valor_canc_acrescimo='-1.00'");
+      linhaDoItemCom(bancada, "valor_total='-1.00', aliquota='F1', valor_canc_acrescimo='-1.00'");
   EXPECT_EQ(posicoes(linha, 210, 999),
             "18446744073709"
             "F1     "
@@ -98,7 +98,7 @@ TEST(E15, ItemNumberKeepsSixDigitsInAFieldOfThree) {
     SCOPED_TRACE(caso.numero);
     Bancada bancada;
     const std::string linha =
-        linhaCom(bancada, std::string("cod_item='CODIGO', seq_item='") + caso.numero + "'");
+        linhaDoItemCom(bancada, std::string("cod_item='CODIGO', seq_item='") + caso.numero + "'");
     EXPECT_EQ(posicoes(linha, 59, 75), caso.campo + std::string("CODIGO        "));
   }
 }
@@ -112,7 +112,7 @@ TEST(E15, CountersKeepTheirLastDigits) {
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(testing::Message() << caso.contador << " in layout " << caso.versao);
     Bancada bancada;
-    bancada.versao(caso.versao).sql(std::string(kCupom) + kItem);
+    bancada.versao(caso.versao).sql(std::string(kCupomDoItem) + kItem);
     bancada.sql(std::string("UPDATE cupom_fiscal SET cont_ccf='") + caso.contador + "', cont_coo='" +
                 caso.contador + "'; UPDATE item_cupom_fiscal SET cont_coo='" + caso.contador + "'");
     EXPECT_EQ(posicoes(bancada.linha("E15"), 47, caso.versao == 1 ? 58 : 64),
@@ -122,7 +122,7 @@ TEST(E15, CountersKeepTheirLastDigits) {
 
 TEST(E15, NegativeCountersOfAFullFieldAreCutByTheNextField) {
   Bancada bancada;
-  bancada.sql(std::string(kCupom) + kItem);
+  bancada.sql(std::string(kCupomDoItem) + kItem);
   bancada.sql(
       "UPDATE cupom_fiscal SET cont_ccf='-1234567', cont_coo='-7654321';"
       "UPDATE item_cupom_fiscal SET cont_coo='-7654321'");
@@ -134,24 +134,27 @@ TEST(E15, NegativeCountersOfAFullFieldAreCutByTheNextField) {
 
 TEST(E15, PlacesOfTwoDigitsAreCutInTheFirstFieldAndRunOverInTheLast) {
   Bancada bancada;
-  EXPECT_EQ(posicoes(linhaCom(bancada, "casas_decimais_quantidade='10', casas_decimais_valor='3'"), 265, 999),
-            "A"
-            "1"
-            "3");
-  EXPECT_EQ(posicoes(linhaCom(bancada, "casas_decimais_quantidade='3', casas_decimais_valor='12'"), 265, 999),
-            "A"
-            "3"
-            "12");
-  EXPECT_EQ(posicoes(linhaCom(bancada, "casas_decimais_quantidade='', casas_decimais_valor='-2'"), 265, 999),
-            "A"
-            "0"
-            "-2");
+  EXPECT_EQ(
+      posicoes(linhaDoItemCom(bancada, "casas_decimais_quantidade='10', casas_decimais_valor='3'"), 265, 999),
+      "A"
+      "1"
+      "3");
+  EXPECT_EQ(
+      posicoes(linhaDoItemCom(bancada, "casas_decimais_quantidade='3', casas_decimais_valor='12'"), 265, 999),
+      "A"
+      "3"
+      "12");
+  EXPECT_EQ(
+      posicoes(linhaDoItemCom(bancada, "casas_decimais_quantidade='', casas_decimais_valor='-2'"), 265, 999),
+      "A"
+      "0"
+      "-2");
 }
 
 TEST(E15, PercentagesAreNotUsed) {
   Bancada bancada;
-  const std::string sem = linhaCom(bancada, "valor_desconto='1.00'");
-  EXPECT_EQ(linhaCom(bancada, "valor_desconto='1.00', perc_desconto='50', perc_acrescimo='70'"), sem);
+  const std::string sem = linhaDoItemCom(bancada, "valor_desconto='1.00'");
+  EXPECT_EQ(linhaDoItemCom(bancada, "valor_desconto='1.00', perc_desconto='50', perc_acrescimo='70'"), sem);
 }
 
 }  // namespace

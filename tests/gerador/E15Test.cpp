@@ -47,7 +47,7 @@ TEST(E15, WritesEveryFieldToItsLastDigit) {
       SCOPED_TRACE(testing::Message() << "layout " << caso.versao << ", CAT52 " << cat52);
       Bancada bancada;
       bancada.versao(caso.versao).cat52(cat52);
-      bancada.sql(std::string(kCupom) + kItem + kTudoPreenchido);
+      bancada.sql(std::string(kCupomDoItem) + kItem + kTudoPreenchido);
       const std::string linha = bancada.linha("E15");
       EXPECT_EQ(linha, cabecalhoDoUsuario("E15") + caso.coo + caso.ccf + kDepoisDosContadores);
       EXPECT_EQ(linha.size(), caso.comprimento);
@@ -59,7 +59,7 @@ TEST(E15, WithoutItemWritesOnePlaceholderOutsideCat52) {
   for (const int versao : {1, 2, 3}) {
     SCOPED_TRACE(testing::Message() << "layout " << versao);
     Bancada bancada;
-    bancada.versao(versao).sql(kCupom);
+    bancada.versao(versao).sql(kCupomDoItem);
     EXPECT_EQ(bancada.linha("E15"), cabecalhoDoUsuario("E15") +
                                         (versao == 1 ? "000000000000" : "000000000000000000") +
                                         "000"
@@ -123,7 +123,7 @@ TEST(E15, TheReductionsFiscalDayDecidesOnThePeriod) {
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(caso.movimento);
     Bancada bancada;
-    bancada.cat52(true).sql(std::string(kCupom) + kItem);
+    bancada.cat52(true).sql(std::string(kCupomDoItem) + kItem);
     bancada.sql(std::string("UPDATE reducao_z SET data_movimento='") + caso.movimento + "'");
     EXPECT_EQ(bancada.registro("E15").size(), caso.incluido ? 1U : 0U);
   }
@@ -134,14 +134,14 @@ TEST(E15, AnItemWithoutItsCouponOrReductionIsLeftOut) {
        {"UPDATE item_cupom_fiscal SET cont_coo='11'", "UPDATE cupom_fiscal SET cont_crz='8'"}) {
     SCOPED_TRACE(mudanca);
     Bancada bancada;
-    bancada.cat52(true).sql(std::string(kCupom) + kItem + mudanca);
+    bancada.cat52(true).sql(std::string(kCupomDoItem) + kItem + mudanca);
     EXPECT_TRUE(bancada.registro("E15").empty());
   }
 }
 
 TEST(E15, OverlongTextsAreCutByTheNextField) {
   Bancada bancada;
-  const std::string linha = linhaCom(
+  const std::string linha = linhaDoItemCom(
       bancada, "cod_item='ABCDEFGHIJKLMNOPQRSTUVWXYZ', descricao='D" + std::string(149, 'd') +
                    "', quantidade='1', un_medida='CAIXA', valor_unitario='2', aliquota='01T18.00 extra'");
   EXPECT_EQ(posicoes(linha, 62, 193),
@@ -161,7 +161,7 @@ TEST(E15, ADescriptionOfManyBytesIsCutByTheQuantity) {
   std::string descricao;
   for (int i = 0; i < 60; ++i) descricao += "Ç";
   Bancada bancada;
-  const std::string linha = linhaCom(bancada, "quantidade='1', descricao='" + descricao + "'");
+  const std::string linha = linhaDoItemCom(bancada, "quantidade='1', descricao='" + descricao + "'");
   EXPECT_EQ(posicoes(linha, 76, 182), descricao.substr(0, 100) + "0000100");
   EXPECT_EQ(linha.size(), 267U);
 }
@@ -178,14 +178,14 @@ TEST(E15, TaxCodeLosesItsPointsAndIsFilledWithBlanks) {
   for (const auto& caso : kCasos) {
     SCOPED_TRACE(caso.aliquota);
     Bancada bancada;
-    EXPECT_EQ(posicoes(linhaCom(bancada, std::string("aliquota='") + caso.aliquota + "'"), 224, 230),
+    EXPECT_EQ(posicoes(linhaDoItemCom(bancada, std::string("aliquota='") + caso.aliquota + "'"), 224, 230),
               caso.campo);
   }
 }
 
 TEST(E15, ACancelledItemCarriesNeitherItsQuantityNorItsValue) {
   Bancada bancada;
-  const std::string linha = linhaCom(bancada, "id_cancelado='S', quantidade='3', valor_total='9.99'");
+  const std::string linha = linhaDoItemCom(bancada, "id_cancelado='S', quantidade='3', valor_total='9.99'");
   EXPECT_EQ(posicoes(linha, 231, 251),
             "S"
             "0000000"
@@ -196,10 +196,10 @@ TEST(E15, AnEmptyCancellationFlagEndsTheLine) {
   for (const char* vazio : {"''", "NULL"}) {
     SCOPED_TRACE(vazio);
     Bancada bancada;
-    const std::string linha = linhaCom(bancada, std::string("aliquota='F1', id_cancelado=") + vazio);
+    const std::string linha = linhaDoItemCom(bancada, std::string("aliquota='F1', id_cancelado=") + vazio);
     EXPECT_EQ(posicoes(linha, 224, 999), "F1     ");
     bancada.versao(2);
-    EXPECT_EQ(linhaCom(bancada, std::string("aliquota='F1', id_cancelado=") + vazio).size(), 236U);
+    EXPECT_EQ(linhaDoItemCom(bancada, std::string("aliquota='F1', id_cancelado=") + vazio).size(), 236U);
   }
 }
 
@@ -208,7 +208,7 @@ TEST(E15, AnEmptyRoundingFlagEndsTheLine) {
     SCOPED_TRACE(vazio);
     Bancada bancada;
     const std::string linha =
-        linhaCom(bancada, std::string("valor_canc_acrescimo='1', id_arred_trunc_valor=") + vazio);
+        linhaDoItemCom(bancada, std::string("valor_canc_acrescimo='1', id_arred_trunc_valor=") + vazio);
     EXPECT_EQ(posicoes(linha, 252, 999), "0000000000100");
   }
 }
@@ -216,7 +216,7 @@ TEST(E15, AnEmptyRoundingFlagEndsTheLine) {
 TEST(E15, OfALongFlagTheFirstCharacterStays) {
   Bancada bancada;
   const std::string linha =
-      linhaCom(bancada, "id_cancelado='CANCELADO INTEIRO', id_arred_trunc_valor='TRUNCADO'");
+      linhaDoItemCom(bancada, "id_cancelado='CANCELADO INTEIRO', id_arred_trunc_valor='TRUNCADO'");
   EXPECT_EQ(posicoes(linha, 231, 999),
             "C"
             "0000000"
@@ -229,11 +229,11 @@ TEST(E15, OfALongFlagTheFirstCharacterStays) {
 
 TEST(E15, NullColumnsAreEmpty) {
   Bancada bancada;
-  EXPECT_EQ(linhaCom(bancada,
-                     "seq_item=NULL, cod_item=NULL, descricao=NULL, quantidade=NULL, un_medida=NULL,"
-                     "valor_unitario=NULL, valor_desconto=NULL, valor_acrescimo=NULL, valor_total=NULL,"
-                     "aliquota=NULL, valor_canc_acrescimo=NULL, casas_decimais_quantidade=NULL,"
-                     "casas_decimais_valor=NULL"),
+  EXPECT_EQ(linhaDoItemCom(bancada,
+                           "seq_item=NULL, cod_item=NULL, descricao=NULL, quantidade=NULL, un_medida=NULL,"
+                           "valor_unitario=NULL, valor_desconto=NULL, valor_acrescimo=NULL, valor_total=NULL,"
+                           "aliquota=NULL, valor_canc_acrescimo=NULL, casas_decimais_quantidade=NULL,"
+                           "casas_decimais_valor=NULL"),
             cabecalhoDoUsuario("E15") +
                 "000010"
                 "000020"
@@ -281,7 +281,7 @@ TEST(E15, AMissingTableOrColumnIsLoggedAndGivesNoPlaceholder) {
 TEST(E15, AQueryThatFailsHalfWayKeepsItsLinesAndLogsBeforeItFinalizes) {
   Bancada bancada;
   bancada.comIdentidade();
-  bancada.sql(std::string(kCupom) + kItem + kItem + kItem);
+  bancada.sql(std::string(kCupomDoItem) + kItem + kItem + kItem);
   confereFalhaNoMeio(bancada, "E15", "item.cod_item", "Erro no select - TipoE15", Ordem::RegistraEFinaliza);
 }
 

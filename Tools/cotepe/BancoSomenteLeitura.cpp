@@ -118,6 +118,12 @@ int BancoSomenteLeitura::aoOcupar(void* espera, int /*tentativas*/) {
   return 1;
 }
 
+void BancoSomenteLeitura::paraComSinal() const {
+  constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
+  sqlite3_progress_handler(
+      banco_, kPassosEntreOlhares, [](void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }, nullptr);
+}
+
 void BancoSomenteLeitura::naoLe(const std::string& caminho) const {
   throw Falha(situacao_, explica(banco_, caminho, espera_.maximo));
 }

@@ -23,6 +23,9 @@ class BancoSomenteLeitura {
 
   sqlite3* banco() const { return banco_; }
 
+  /// From now on a query that runs when a signal comes ends with SQLITE_INTERRUPT.
+  void paraComSinal() const;
+
  private:
   struct Espera {
     std::chrono::milliseconds maximo;

@@ -17,8 +17,6 @@
 namespace cotepe::programa {
 namespace {
 
-constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
-
 struct OpcoesDoCheck {
   std::string banco, comando;
   OpcoesDePeriodo periodo;
@@ -42,11 +40,9 @@ OpcoesDaConferencia confere(const OpcoesDoCheck& opcoes) {
   return verificacao;
 }
 
-int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
-
 void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao, RecebeAchados& saida) {
   const BancoSomenteLeitura aberto(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
-  sqlite3_progress_handler(aberto.banco(), kPassosEntreOlhares, interrompe, nullptr);
+  aberto.paraComSinal();
   try {
     confereBanco(aberto.banco(), verificacao, saida);
   } catch (const ErroDoBanco& erro) {

@@ -23,8 +23,6 @@
 namespace cotepe::programa {
 namespace {
 
-constexpr int kPassosEntreOlhares = 10000;  // of SQLite's machine
-
 struct OpcoesDoExplain {
   std::string lugar, formato = "text", banco;
   OpcoesDeAjuste ajuste;
@@ -100,8 +98,6 @@ long vezNoRelatorio(const LugarNoRelatorio& lugar, const std::string& texto) {
   return vez;
 }
 
-int interrompe(void* /*nada*/) { return sinalRecebido() != 0 ? 1 : 0; }
-
 /// The register of the line written again from the database, under each of the settings that are possible.
 class Busca {
  public:
@@ -113,7 +109,7 @@ class Busca {
         progresso_(true),
         momento_(momentoDaLinha(pedida)),
         hospedeiro_(opcoes.ajuste.identidade, momento_, aberto_.banco(), log_, progresso_) {
-    sqlite3_progress_handler(aberto_.banco(), kPassosEntreOlhares, interrompe, nullptr);
+    aberto_.paraComSinal();
   }
 
   /// Empty where the database does not give the line.

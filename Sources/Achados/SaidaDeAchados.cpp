@@ -1,7 +1,5 @@
 #include "Achados/SaidaDeAchados.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -10,6 +8,7 @@
 #include "Achados/Trecho.h"
 #include "Idioma/Idioma.h"
 #include "Idioma/Utf8.h"
+#include "Sistema/Terminal.h"
 
 namespace cotepe {
 namespace {
@@ -94,7 +93,7 @@ std::string textoDoAchado(const Achado& achado) {
 
 SaidaDeAchados::Opcoes SaidaDeAchados::opcoesPara(int descritor) {
   Opcoes opcoes;
-  opcoes.comLinha = isatty(descritor) != 0;
+  opcoes.comLinha = ehTerminal(descritor);
   const char* semCores = std::getenv("NO_COLOR");
   opcoes.cores = opcoes.comLinha && (semCores == nullptr || *semCores == '\0');
   return opcoes;

@@ -2,13 +2,16 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <memory>
+#include <system_error>
 
 #include "Amostra/Calendario.h"
 #include "Amostra/Loja.h"
 #include "BancoFiscal/Esquema.h"
 #include "Idioma/Idioma.h"
-#include "Sistema/ArquivoNovo.h"
+#include "Sistema/ArquivoSeguro.h"
+#include "Sistema/FalhaDeArquivo.h"
 
 namespace cotepe {
 namespace {
@@ -53,36 +56,70 @@ void executa(sqlite3* banco, const char* sql, const std::string& onde) {
                      traduz("free some space or choose another place")});
 }
 
+[[noreturn]] void naoCria(const FalhaDeArquivo& falha) {
+  if (falha.passo() == PassoDeArquivo::Existe) {
+    throw ErroDoBanco({traduz("cannot create the database"), falha.caminho(),
+                       traduz("a file that exists already"), traduz("a name that is free"),
+                       traduz("choose another name, or move the file away")});
+  }
+  const bool daPasta = falha.passo() == PassoDeArquivo::NomeNaoEscrito;
+  throw ErroDoBanco(
+      {traduz("cannot create the database"), daPasta ? pastaDe(falha.caminho()) : falha.caminho(),
+       std::generic_category().message(falha.erro()), traduz("a folder that can be written and has room"),
+       traduz("choose another place or free some space")});
+}
+
+// A journal left behind by an earlier database of that name would be played back into the new one.
+void exigeLivre(const std::string& caminho) {
+  if (caminho.empty()) throw FalhaDeArquivo(PassoDeArquivo::NaoCria, "''", ENOENT);
+  for (const char* sufixo : {"", "-journal", "-wal", "-shm"}) {
+    const std::string nome = comPasta(caminho) + sufixo;
+    if (tipoDoNome(nome) != TipoDeArquivo::Nenhuma)
+      throw FalhaDeArquivo(PassoDeArquivo::Existe, nome, EEXIST);
+    if (errno != ENOENT) throw FalhaDeArquivo(PassoDeArquivo::NaoCria, nome, errno);
+  }
+}
+
 // The file has a temporary name and is thrown away on failure: it needs neither a journal nor order of
 // writes, and is brought to the disk once, whole.
-Banco abre(const std::string& arquivo) {
+Banco abre(const std::string& arquivo, const std::string& caminho) {
   sqlite3* aberto = nullptr;
   const int resultado = sqlite3_open_v2(arquivo.c_str(), &aberto, SQLITE_OPEN_READWRITE, nullptr);
   Banco banco(aberto);
   if (resultado != SQLITE_OK) {
-    throw ErroDoBanco({traduz("cannot create the database"), arquivo, sqlite3_errstr(resultado),
+    throw ErroDoBanco({traduz("cannot create the database"), caminho, sqlite3_errstr(resultado),
                        traduz("a file that can be written"), traduz("choose another place")});
   }
   executa(aberto,
           "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
           "PRAGMA cache_size = -65536",
-          arquivo);
+          caminho);
   return banco;
+}
+
+ResumoDaAmostra cria(const std::string& caminho, const OpcoesDaAmostra& opcoes, int primeiroDia) {
+  exigeLivre(caminho);
+  ArquivoSeguro arquivo(comPasta(caminho));
+  auto banco = abre(arquivo.temporario(), caminho);
+  executa(banco.get(), "BEGIN", caminho);
+  executa(banco.get(), esquemaSql(), caminho);
+  auto resumo = loja::preencheBanco(banco.get(), opcoes, primeiroDia);
+  executa(banco.get(), "ANALYZE; COMMIT", caminho);
+  banco.reset();  // all is written by now, and closing fails only while a statement is open
+  exigeLivre(caminho);
+  arquivo.publica(comPasta(caminho), false);
+  return resumo;
 }
 
 }  // namespace
 
 ResumoDaAmostra criaBancoDeAmostra(const std::string& caminho, const OpcoesDaAmostra& opcoes) {
   const int primeiroDia = confere(opcoes);
-  ArquivoNovo arquivo(caminho);
-  auto banco = abre(arquivo.temporario());
-  executa(banco.get(), "BEGIN", caminho);
-  executa(banco.get(), esquemaSql(), caminho);
-  auto resumo = loja::preencheBanco(banco.get(), opcoes, primeiroDia);
-  executa(banco.get(), "ANALYZE; COMMIT", caminho);
-  banco.reset();  // all is written by now, and closing fails only while a statement is open
-  arquivo.publica();
-  return resumo;
+  try {
+    return cria(caminho, opcoes, primeiroDia);
+  } catch (const FalhaDeArquivo& falha) {
+    naoCria(falha);
+  }
 }
 
 }  // namespace cotepe

@@ -10,7 +10,7 @@
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
 #include "Sistema/ConflitoDeArquivos.h"
-#include "Sistema/Fluxo.h"
+#include "Sistema/Arquivo.h"
 
 namespace {
 
@@ -86,7 +86,7 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
   const int recusado = recusa(db, arquivo);
   if (recusado != cotepe::kGerado) return recusado;
   fixaPeriodo(dataInicial, dataFinal);
-  ReportFile = std::fopen(arquivo, "w");
+  ReportFile = cotepe::abreFluxo(arquivo, "wb");
   if (ReportFile == nullptr) return cotepe::kRelatorioNaoAberto;
 
   // Without memory for it the stream has its own smaller one.

@@ -1,18 +1,18 @@
 #include "Leitor/LeitorDeLinhas.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
+
+#include "Sistema/Arquivo.h"
 
 namespace cotepe {
 namespace {
 
 long leDescritor(int descritor, char* destino, std::size_t tamanho) {
   for (;;) {
-    const ssize_t lidos = read(descritor, destino, tamanho);
+    const long lidos = leDe(descritor, destino, tamanho);
     if (lidos >= 0 || errno != EINTR) return lidos;
   }
 }

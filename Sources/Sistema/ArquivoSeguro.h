@@ -1,35 +1,39 @@
 // A file that appears under its name only when it is whole and on the disk.
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstdint>
 #include <string>
 
-#include "Sistema/Descritor.h"
+#include "Sistema/Arquivo.h"
 
-namespace cotepe::programa {
+namespace cotepe {
 
 /// An empty file under a temporary name beside its destination, for others to fill. The name is
 /// .NAME.cotepe-XXXXXX.tmp, and a lock is held on the file for as long as its writer lives; what a killed
 /// writer left behind under such a name is removed by the next one. Destroyed unpublished, it removes itself.
+/// What fails is thrown as FalhaDeArquivo.
 class ArquivoSeguro {
  public:
   /// `destino` is the path that the file is for. The temporary name is made of `apelido`, or of the last name
-  /// of `destino` when that is empty. `modo`: its permissions, before the umask. Throws Falha (kNaoAbre).
-  explicit ArquivoSeguro(const std::string& destino, const std::string& apelido = "", mode_t modo = 0666);
+  /// of `destino` when that is empty. `soDoDono`: nobody else may read it. Throws (NaoCria).
+  explicit ArquivoSeguro(const std::string& destino, const std::string& apelido = "", bool soDoDono = false);
   ~ArquivoSeguro();
   ArquivoSeguro(const ArquivoSeguro&) = delete;
   ArquivoSeguro& operator=(const ArquivoSeguro&) = delete;
 
+  /// Where to write until it is published; empty from then on. Never begins with "file:", which SQLite would
+  /// take for a URI.
   const std::string& temporario() const { return temporario_; }
 
+  /// The open file, for those who write to it without opening it anew.
+  int numero() const { return arquivo_.numero(); }
+
   /// Bytes written so far.
-  std::int64_t tamanho() const;
+  std::int64_t tamanho() const { return tamanhoDe(arquivo_.numero()); }
 
   /// Brings the contents to the disk, gives the file the name `destino`, in the same folder, and brings the
   /// name to the disk. An existing file, even one that appeared just now, is replaced only where `substitui`
-  /// says so. Once only. Throws Falha (kNaoEscreve; kNaoAbre where the name is taken).
+  /// says so. Once only, when nobody else holds the file open. Throws (NaoEscreve, Existe, NomeNaoEscrito).
   void publica(const std::string& destino, bool substitui);
 
   /// Removes the temporary file. False when it cannot be removed.
@@ -40,16 +44,16 @@ class ArquivoSeguro {
   Descritor soltaSemNome();
 
  private:
-  void cria(const std::string& base, mode_t modo);
+  void cria(const std::string& destino, const std::string& base, bool soDoDono);
 
-  std::string pasta_;  // ends with '/'
+  std::string pasta_;  // ends with a separator
   std::string temporario_;
   Descritor descritorDaPasta_;
   Descritor arquivo_;
 };
 
-/// Throws Falha (kNaoAbre) where a report cannot be given that path: it is the name of a folder or of a
-/// device, or of a file and `substitui` is false.
+/// Throws FalhaDeArquivo where a file cannot be given that path: it is the name of a folder or of a device
+/// (NomeDePasta, Pasta, NaoRegular), or of a file and `substitui` is false (Existe).
 void exigeDestino(const std::string& destino, bool substitui);
 
-}  // namespace cotepe::programa
+}  // namespace cotepe

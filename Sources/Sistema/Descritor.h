@@ -1,29 +1,11 @@
-// A file descriptor with an owner.
+// What a command writes to a descriptor.
 #pragma once
 
 #include <string_view>
-#include <utility>
+
+#include "Sistema/Arquivo.h"
 
 namespace cotepe::programa {
-
-class Descritor {
- public:
-  Descritor() = default;
-  explicit Descritor(int numero) : numero_(numero) {}
-  ~Descritor();
-  Descritor(Descritor&& outro) noexcept : numero_(std::exchange(outro.numero_, -1)) {}
-  Descritor& operator=(Descritor&& outro) noexcept;
-
-  int numero() const { return numero_; }
-  bool aberto() const { return numero_ >= 0; }
-
- private:
-  int numero_ = -1;
-};
-
-/// Opens what the caller left closed of descriptors 0 to 2, so that no file of ours takes such a number and
-/// is written to as if it were stdout or stderr; reading and writing there go on failing.
-void ocupaDescritoresPadrao() noexcept;
 
 /// Writes all of `texto` to a descriptor. Throws Interrupcao when a signal came, and Falha (kNaoEscreve) that
 /// says of `nome` why it could not be written.

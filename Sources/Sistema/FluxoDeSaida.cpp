@@ -1,7 +1,5 @@
 #include "Sistema/FluxoDeSaida.h"
 
-#include <unistd.h>
-
 #include "Sistema/Descritor.h"
 
 namespace cotepe::programa {
@@ -14,7 +12,7 @@ FluxoDeSaida::FluxoDeSaida() : std::ostream(nullptr) {
 
 void FluxoDeSaida::conclui() {
   flush();
-  confirmaEscrita(STDOUT_FILENO, "stdout");
+  confirmaEscrita(kSaidaPadrao, "stdout");
 }
 
 FluxoDeSaida::Bloco::Bloco() { setp(bytes_.data(), bytes_.data() + bytes_.size()); }
@@ -28,7 +26,7 @@ int FluxoDeSaida::Bloco::overflow(int c) {
 int FluxoDeSaida::Bloco::sync() {
   const std::string_view cheio(pbase(), static_cast<std::size_t>(pptr() - pbase()));
   setp(bytes_.data(), bytes_.data() + bytes_.size());
-  escreveTudo(STDOUT_FILENO, cheio, "stdout");
+  escreveTudo(kSaidaPadrao, cheio, "stdout");
   return 0;
 }
 

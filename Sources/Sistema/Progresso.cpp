@@ -1,9 +1,10 @@
 #include "Sistema/Progresso.h"
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <utility>
+
+#include "Sistema/Arquivo.h"
+#include "Sistema/Terminal.h"
 
 namespace cotepe::programa {
 namespace {
@@ -14,7 +15,7 @@ constexpr char kApagaLinha[] = "\r\033[K";
 }  // namespace
 
 Progresso::Progresso(bool calado)
-    : ligado_(!calado && isatty(STDERR_FILENO) != 0), inicio_(Relogio::now()), ultima_(inicio_) {}
+    : ligado_(!calado && ehTerminal(kErrosPadrao)), inicio_(Relogio::now()), ultima_(inicio_) {}
 
 void Progresso::etapa(std::string texto) {
   etapa_ = std::move(texto);

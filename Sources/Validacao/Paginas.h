@@ -10,10 +10,12 @@
 
 namespace cotepe {
 
+class ArquivoSemNome;
+
 /// A file without a name in TMPDIR, made when something is first written.
 class ArquivoTemporario {
  public:
-  ArquivoTemporario() = default;
+  ArquivoTemporario();
   ~ArquivoTemporario();
   ArquivoTemporario(const ArquivoTemporario&) = delete;
   ArquivoTemporario& operator=(const ArquivoTemporario&) = delete;
@@ -24,7 +26,9 @@ class ArquivoTemporario {
   void le(std::uint64_t posicao, void* bytes, std::size_t quantos) const;
 
  private:
-  int descritor_ = -1;
+  void abre();
+
+  std::unique_ptr<ArquivoSemNome> arquivo_;
   bool tentado_ = false;
 };
 

@@ -1,12 +1,11 @@
 #include "BancoSomenteLeitura.h"
 
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 
 #include "Idioma/Idioma.h"
+#include "Sistema/Arquivo.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Sinais.h"
 
@@ -28,9 +27,6 @@ bool talvezPassageira(int resultado) {
   return resultado == SQLITE_READONLY_ROLLBACK || resultado == SQLITE_READONLY_RECOVERY ||
          (resultado & 0xff) == SQLITE_CANTOPEN || (resultado & 0xff) == SQLITE_PROTOCOL;
 }
-
-// SQLite takes some relative names for something else than a file.
-std::string comPasta(const std::string& caminho) { return caminho.front() == '/' ? caminho : "./" + caminho; }
 
 std::string explica(sqlite3* banco, const std::string& caminho, std::chrono::milliseconds espera) {
   const std::string motivo = sqlite3_errmsg(banco);
@@ -84,11 +80,16 @@ BancoSomenteLeitura::~BancoSomenteLeitura() { sqlite3_close(banco_); }
 
 // A pipe would be waited for, and a folder gives SQLite little to say.
 void BancoSomenteLeitura::exigeArquivo(const std::string& caminho) const {
-  struct stat lido {};
-  if (stat(caminho.c_str(), &lido) != 0) naoAbre(caminho, motivoDoSistema(errno));
-  if (S_ISDIR(lido.st_mode)) naoAbre(caminho, traduz("it is a folder"));
-  if (!S_ISREG(lido.st_mode)) naoAbre(caminho, traduz("it is not a regular file"));
-  if (access(caminho.c_str(), R_OK) != 0) naoAbre(caminho, motivoDoSistema(errno));
+  switch (tipoDoArquivo(caminho)) {
+    case TipoDeArquivo::Nenhuma:
+      naoAbre(caminho, motivoDoSistema(errno));
+    case TipoDeArquivo::Pasta:
+      naoAbre(caminho, traduz("it is a folder"));
+    case TipoDeArquivo::Outra:
+      naoAbre(caminho, traduz("it is not a regular file"));
+    case TipoDeArquivo::Regular:
+      if (!podeLer(caminho)) naoAbre(caminho, motivoDoSistema(errno));
+  }
 }
 
 void BancoSomenteLeitura::naoAbre(const std::string& caminho, const std::string& encontrado) const {

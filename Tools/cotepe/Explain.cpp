@@ -1,6 +1,5 @@
 // cotepe explain: a line of a report, field by field, and the rows of the database behind it.
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <memory>
 
@@ -180,7 +179,7 @@ void escreve(const OpcoesDoExplain& opcoes, const LinhaExplicada& linha) {
   if (opcoes.formato == "json")
     escreveJson(fluxo, linha);
   else
-    escreveTexto(fluxo, linha, SaidaDeAchados::opcoesPara(STDOUT_FILENO).cores);
+    escreveTexto(fluxo, linha, SaidaDeAchados::opcoesPara(kSaidaPadrao).cores);
   fluxo.conclui();
 }
 

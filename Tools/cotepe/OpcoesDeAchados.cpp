@@ -1,7 +1,5 @@
 #include "OpcoesDeAchados.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstring>
 #include <iomanip>
@@ -72,7 +70,7 @@ Supressoes regrasDesligadas(const OpcoesDeAchados& opcoes, Regras regras, const 
 
 long imprimeAchados(const OpcoesDeAchados& opcoes, const std::function<void(RecebeAchados&)>& acha) {
   FluxoDeSaida fluxo;
-  SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(STDOUT_FILENO);
+  SaidaDeAchados::Opcoes comoSai = SaidaDeAchados::opcoesPara(kSaidaPadrao);
   formatoDeAchados(opcoes.formato, comoSai.formato);
   comoSai.maximo = opcoes.maximo;
   SaidaDeAchados saida(fluxo, comoSai);

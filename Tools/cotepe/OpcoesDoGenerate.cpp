@@ -1,11 +1,10 @@
 #include "OpcoesDoGenerate.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 
 #include "Idioma/Idioma.h"
 #include "Saida.h"
+#include "Sistema/Arquivo.h"
 #include "Sistema/ConflitoDeArquivos.h"
 #include "Sistema/Falha.h"
 
@@ -45,7 +44,7 @@ Periodo confere(const OpcoesDoGenerate& opcoes) {
 void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& destino) {
   if (!opcoes.log.empty()) exigeForaDoBanco("--log", opcoes.log, opcoes.banco);
   if (opcoes.paraStdout()) {
-    if (abertoComo(STDOUT_FILENO, opcoes.banco))
+    if (abertoComo(kSaidaPadrao, opcoes.banco))
       usoErrado(traduz("--output -: stdout goes into the database; send it elsewhere"));
     return;
   }

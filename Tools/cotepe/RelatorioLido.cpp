@@ -1,9 +1,5 @@
 #include "RelatorioLido.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 
 #include "Idioma/Idioma.h"
@@ -15,9 +11,8 @@ namespace {
 
 Descritor abre(const std::string& caminho) {
   if (caminho == "-") return {};
-  Descritor arquivo(open(caminho.c_str(), O_RDONLY | O_CLOEXEC));
-  struct stat situacao {};
-  const bool pasta = arquivo.aberto() && fstat(arquivo.numero(), &situacao) == 0 && S_ISDIR(situacao.st_mode);
+  Descritor arquivo = abreParaLer(caminho);
+  const bool pasta = arquivo.aberto() && tipoDoAberto(arquivo.numero()) == TipoDeArquivo::Pasta;
   if (arquivo.aberto() && !pasta) return arquivo;
   throw Falha(kUsoErrado, frase("cannot open the report {1}: {2}",
                                 {caminho, pasta ? traduz("it is a folder") : motivoDoSistema(errno)}));
@@ -33,7 +28,7 @@ RelatorioLido::RelatorioLido(const std::string& caminho)
 long RelatorioLido::le(char* destino, std::size_t tamanho) const {
   for (;;) {
     paraSeInterrompido();
-    const ssize_t lidos = read(arquivo_.aberto() ? arquivo_.numero() : STDIN_FILENO, destino, tamanho);
+    const long lidos = leDe(arquivo_.aberto() ? arquivo_.numero() : kEntradaPadrao, destino, tamanho);
     if (lidos >= 0 || errno != EINTR) return lidos;
   }
 }

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Leitor/LeitorDeLinhas.h"
-#include "Sistema/Descritor.h"
+#include "Sistema/Arquivo.h"
 
 namespace cotepe::programa {
 

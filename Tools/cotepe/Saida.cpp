@@ -1,19 +1,15 @@
 #include "Saida.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <string_view>
 #include <vector>
 
 #include "Idioma/Idioma.h"
 #include "Sistema/ArquivoSeguro.h"
+#include "Sistema/ArquivoSemNome.h"
 #include "Sistema/Descritor.h"
 #include "Sistema/Falha.h"
-#include "Sistema/Sinais.h"
+#include "Sistema/PalavrasDoArquivo.h"
 
 namespace cotepe::programa {
 namespace {
@@ -21,16 +17,18 @@ namespace {
 class SaidaEmArquivo final : public Saida {
  public:
   SaidaEmArquivo(const std::string& destino, const std::string& apelido, bool substitui)
-      : destino_(destino), substitui_(substitui), arquivo_(destino, apelido) {}
+      : destino_(destino), substitui_(substitui), arquivo_(destino, apelido) {}  // throws FalhaDeArquivo
 
   std::string temporario() const override { return arquivo_.temporario(); }
   std::int64_t tamanho() const override { return arquivo_.tamanho(); }
   std::string nome() const override { return destino_; }
-  void entrega() override { arquivo_.publica(destino_, substitui_); }
+  void entrega() override {
+    emPalavras([this] { arquivo_.publica(destino_, substitui_); });
+  }
 
   std::string guardaParcial() override {
     std::string parcial = nomeDoParcial(destino_);
-    arquivo_.publica(parcial, substitui_);
+    emPalavras([&] { arquivo_.publica(parcial, substitui_); });
     return parcial;
   }
 
@@ -47,51 +45,25 @@ class SaidaEmArquivo final : public Saida {
   ArquivoSeguro arquivo_;
 };
 
-// A file without a name, so that a killed run leaves none behind. Where the file system has no such files, it
-// has a name for a moment, and one that the next run knows for a leftover. Closed, and errno set, on failure.
-Descritor arquivoSemNome(const std::string& pasta) {
-  constexpr mode_t kSoDoDono = 0600;
-  Descritor arquivo(open(pasta.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kSoDoDono));
-  if (arquivo.aberto() || (errno != EOPNOTSUPP && errno != EISDIR)) return arquivo;
-  return ArquivoSeguro(pasta + "/stdout", "", kSoDoDono).soltaSemNome();
-}
-
 class SaidaPadrao final : public Saida {
  public:
-  SaidaPadrao() {
-    const char* dada = std::getenv("TMPDIR");
-    const std::string pasta = dada != nullptr && *dada != '\0' ? dada : "/tmp";
-    arquivo_ = arquivoSemNome(pasta);
-    if (arquivo_.aberto()) return;
-    throw Falha(
-        kNaoAbre,
-        frase("cannot create a temporary file in {1}: {2}; set TMPDIR to a folder where files can be created",
-              {pasta, motivoDoSistema(errno)}));
-  }
+  SaidaPadrao() : arquivo_(abre()) {}
 
-  std::string temporario() const override { return "/proc/self/fd/" + std::to_string(arquivo_.numero()); }
-
-  std::int64_t tamanho() const override {
-    struct stat situacao {};
-    return fstat(arquivo_.numero(), &situacao) == 0 ? situacao.st_size : 0;
-  }
-
+  std::string temporario() const override { return arquivo_.caminho(); }
+  std::int64_t tamanho() const override { return tamanhoDe(arquivo_.numero()); }
   std::string nome() const override { return "stdout"; }
 
   void entrega() override {
     std::vector<char> bloco(std::size_t{1} << 16);
     comecou_ = true;
-    for (off_t posicao = 0;;) {
-      const ssize_t lidos = pread(arquivo_.numero(), bloco.data(), bloco.size(), posicao);
-      if (lidos < 0) {
-        throw Falha(kNaoEscreve,
-                    frase("cannot read the temporary file of {1} again: {2}; check the disk and try again",
-                          {"stdout", motivoDoSistema(errno)}));
-      }
-      if (lidos == 0) return confirmaEscrita(STDOUT_FILENO, "stdout");
-      escreveTudo(STDOUT_FILENO, {bloco.data(), static_cast<std::size_t>(lidos)}, "stdout");
-      posicao += lidos;
+    const auto total = static_cast<std::uint64_t>(tamanho());
+    for (std::uint64_t posicao = 0; posicao < total;) {
+      const auto quantos = static_cast<std::size_t>(std::min<std::uint64_t>(bloco.size(), total - posicao));
+      if (!leEm(arquivo_.numero(), posicao, bloco.data(), quantos)) naoLe(errno);
+      escreveTudo(kSaidaPadrao, {bloco.data(), quantos}, "stdout");
+      posicao += quantos;
     }
+    confirmaEscrita(kSaidaPadrao, "stdout");
   }
 
   std::string abandona() override {
@@ -99,7 +71,22 @@ class SaidaPadrao final : public Saida {
   }
 
  private:
-  Descritor arquivo_;
+  static ArquivoSemNome abre() try {
+    return ArquivoSemNome(pastaTemporaria());
+  } catch (const FalhaDeArquivo& falha) {
+    throw Falha(
+        kNaoAbre,
+        frase("cannot create a temporary file in {1}: {2}; set TMPDIR to a folder where files can be created",
+              {falha.caminho(), motivoDoSistema(falha.erro())}));
+  }
+
+  [[noreturn]] static void naoLe(int erro) {
+    throw Falha(kNaoEscreve,
+                frase("cannot read the temporary file of {1} again: {2}; check the disk and try again",
+                      {"stdout", motivoDoSistema(erro)}));
+  }
+
+  ArquivoSemNome arquivo_;
   bool comecou_ = false;
 };
 
@@ -109,9 +96,11 @@ std::string nomeDoParcial(const std::string& destino) { return destino + ".parti
 
 std::unique_ptr<Saida> saidaEmArquivo(const std::string& destino, const std::string& apelido, bool substitui,
                                       bool guarda) {
-  exigeDestino(destino, substitui);
-  if (guarda) exigeDestino(nomeDoParcial(destino), substitui);
-  return std::make_unique<SaidaEmArquivo>(destino, apelido, substitui);
+  return emPalavras([&] {
+    exigeDestino(destino, substitui);
+    if (guarda) exigeDestino(nomeDoParcial(destino), substitui);
+    return std::make_unique<SaidaEmArquivo>(destino, apelido, substitui);
+  });
 }
 
 std::unique_ptr<Saida> saidaPadrao() { return std::make_unique<SaidaPadrao>(); }

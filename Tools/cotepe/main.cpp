@@ -4,14 +4,13 @@
 
 #include "Idioma/Idioma.h"
 #include "LinhaDeComando.h"
-#include "Sistema/Descritor.h"
 #include "Sistema/Falha.h"
-#include "Sistema/Sinais.h"
+#include "Sistema/Terminal.h"
 
 int main(int argc, char** argv) {
   using namespace cotepe::programa;
-  ocupaDescritoresPadrao();
-  instalaSinais();
+  cotepe::preparaFluxosPadrao();
+  cotepe::instalaSinais();
   cotepe::escolheIdioma();
   try {
     leLinhaDeComando(argc, argv)();

@@ -119,23 +119,13 @@ TEST_F(Amostra, AJournalLeftBehindIsNotPlayedIntoTheNewFile) {
 }
 
 TEST_F(Amostra, WhatAKilledWriterLeftIsRemovedAndWhatALivingOneHasIsNot) {
-  const auto morto = pasta_.arquivo("a.incompleto0"), vivo = pasta_.arquivo("a.incompleto1");
+  const auto morto = pasta_.arquivo(".a.cotepe-aaaaaa.tmp"), vivo = pasta_.arquivo(".a.cotepe-bbbbbb.tmp");
   std::ofstream(morto) << "half";
   const int escritor = open(vivo.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
   ASSERT_EQ(flock(escritor, LOCK_EX), 0);
   EXPECT_EQ(erroAoCriar(pasta_.arquivo("a"), pequena(1)), "");
-  EXPECT_EQ(pasta_.nomes(), (std::vector<std::string>{"a", "a.incompleto1"}));
+  EXPECT_EQ(pasta_.nomes(), (std::vector<std::string>{".a.cotepe-bbbbbb.tmp", "a"}));
   close(escritor);
-}
-
-TEST_F(Amostra, WhereEveryTemporaryNameIsTakenTheLastIsNamed) {
-  for (int i = 0; i < 100; ++i)
-    ASSERT_EQ(mkdir(pasta_.arquivo("a.incompleto" + std::to_string(i)).c_str(), 0700), 0);
-  EXPECT_EQ(erroAoCriar(pasta_.arquivo("a")),
-            "cannot create the database: " + pasta_.arquivo("a.incompleto99") +
-                ": found a file that exists already, expected a name that is free; choose another name, or "
-                "move the file away");
-  EXPECT_EQ(pasta_.nomes().size(), 100U);
 }
 
 TEST_F(Amostra, WithoutADescriptorForTheDatabaseNothingIsLeft) {
@@ -144,13 +134,15 @@ TEST_F(Amostra, WithoutADescriptorForTheDatabaseNothingIsLeft) {
   ASSERT_NE(erroAoCriar(pasta_.arquivo("none/a")), "");
   rlimit antes{};
   ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &antes), 0);
-  const int livre = dup(STDERR_FILENO);  // the one that the temporary file will have
+  const int livre = dup(STDERR_FILENO);  // the one that the folder will have; the temporary file has the next
+  const int seguinte = dup(STDERR_FILENO);
   close(livre);
-  const rlimit umSo{static_cast<rlim_t>(livre) + 1, antes.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &umSo), 0);
+  close(seguinte);
+  const rlimit doisSo{static_cast<rlim_t>(seguinte) + 1, antes.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &doisSo), 0);
   const auto erro = erroAoCriar(arquivo);
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &antes), 0);
-  EXPECT_EQ(erro, "cannot create the database: " + pasta_.arquivo("a.incompleto0") +
+  EXPECT_EQ(erro, "cannot create the database: " + arquivo +
                       ": found unable to open database file, expected a file that can be written; choose "
                       "another place");
   EXPECT_TRUE(pasta_.nomes().empty());
@@ -164,10 +156,9 @@ TEST_F(Amostra, ADanglingLinkIsRefused) {
 
 TEST_F(Amostra, AFolderThatIsNotThereIsNamed) {
   const auto arquivo = pasta_.arquivo("none/a");
-  EXPECT_EQ(erroAoCriar(arquivo),
-            "cannot create the database: " + arquivo +
-                ".incompleto0: found No such file or directory, expected a folder that can be "
-                "written and has room; choose another place or free some space");
+  EXPECT_EQ(erroAoCriar(arquivo), "cannot create the database: " + arquivo +
+                                      ": found No such file or directory, expected a folder that can be "
+                                      "written and has room; choose another place or free some space");
   EXPECT_NE(erroAoCriar(""), "");
 }
 

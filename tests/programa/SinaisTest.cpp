@@ -80,7 +80,7 @@ TEST_F(Sinais, SignalThatTheCallerIgnoresIsIgnored) {
 TEST_F(Sinais, SampleIsInterruptedBetweenTwoDays) {
   Processo processo({"sample", "s.db", "--days", "36500"});
   processo.naPasta(pasta()).inicia();
-  esperaNome("s.db.");
+  esperaNome(".s.db.cotepe-");
   processo.envia(SIGINT);
   const Fim fim = processo.espera();
   EXPECT_EQ(fim.situacao, 130);

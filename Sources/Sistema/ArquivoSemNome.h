@@ -1,0 +1,27 @@
+// A file that is gone when its owner is, even one that was killed.
+#pragma once
+
+#include <string>
+
+#include "Sistema/Arquivo.h"
+
+namespace cotepe {
+
+/// An empty file without a name, for its owner's eyes alone.
+class ArquivoSemNome {
+ public:
+  /// In that folder. Throws FalhaDeArquivo (NaoCria, of the folder).
+  explicit ArquivoSemNome(const std::string& pasta);
+
+  /// The open file, to be read and written.
+  int numero() const { return arquivo_.numero(); }
+
+  /// A path by which this process can open it anew.
+  std::string caminho() const;
+
+ private:
+  Descritor arquivo_;
+  std::string caminho_;  // where the system has no path for a file without a name
+};
+
+}  // namespace cotepe

@@ -1,0 +1,30 @@
+// The program's place among others: its three streams, its executable, and those who ask it to stop.
+#pragma once
+
+#include <string>
+
+namespace cotepe {
+
+/// Whether a descriptor is a terminal, where people read.
+bool ehTerminal(int descritor);
+
+/// To be called first: opens what the caller left closed of descriptors 0 to 2, so that no file of ours takes
+/// such a number and is written to as if it were stdout or stderr (reading and writing there go on failing);
+/// and has the three pass bytes as they are, in UTF-8.
+void preparaFluxosPadrao() noexcept;
+
+/// Takes over what asks a program to stop (SIGINT, SIGTERM and SIGHUP, those excepted that the caller of the
+/// program had ignored), so that system calls end early with EINTR; ignores SIGPIPE and SIGXFSZ, so that the
+/// failed write is seen instead.
+void instalaSinais();
+
+/// The first of those signals that came, or 0.
+int sinalRecebido() noexcept;
+
+/// The name that a signal has, or nothing.
+const char* nomeDoSinal(int sinal);
+
+/// The folder of the running program; empty where it cannot be told.
+std::string pastaDoPrograma();
+
+}  // namespace cotepe

@@ -8,7 +8,7 @@ namespace {
 
 using PorAliquota = std::array<Centavos, kAliquotas>;
 
-bool servico(const Item& item) { return item.produto->totalizador == Totalizador::servico; }
+bool servico(const Item& item) { return item.produto->totalizador == Parcial::servico; }
 
 PorAliquota liquidosPorAliquota(const CupomFiscal& cupom) {
   PorAliquota liquidos{};
@@ -18,7 +18,7 @@ PorAliquota liquidosPorAliquota(const CupomFiscal& cupom) {
   return liquidos;
 }
 
-// Adds to `destino` the shares of `ajuste`, which is signed, by the rule of Totais.
+// Adds to `destino` the shares of `ajuste`, which is signed, by the rule of TotaisDoEcf.
 void rateia(Centavos ajuste, const PorAliquota& liquidos, Centavos subtotal, Centavos* destino) {
   const Centavos sinal = ajuste < 0 ? -1 : 1;
   const auto maior =
@@ -34,11 +34,11 @@ void rateia(Centavos ajuste, const PorAliquota& liquidos, Centavos subtotal, Cen
 
 }  // namespace
 
-void Totais::acumula(const CupomFiscal& cupom) {
+void TotaisDoEcf::acumula(const CupomFiscal& cupom) {
   for (const auto& item : cupom.itens) registra(item);
   vendaBruta += cupom.acrescimo;
-  fiscal(Totalizador::descontoIcms) += cupom.desconto;
-  fiscal(Totalizador::acrescimoIcms) += cupom.acrescimo;
+  fiscal(Parcial::descontoIcms) += cupom.desconto;
+  fiscal(Parcial::acrescimoIcms) += cupom.acrescimo;
   if (cupom.cancelado) {
     cancela(cupom);
   } else {
@@ -47,29 +47,29 @@ void Totais::acumula(const CupomFiscal& cupom) {
   recebe(cupom);
 }
 
-void Totais::registra(const Item& item) {
+void TotaisDoEcf::registra(const Item& item) {
   vendaBruta += item.total + item.desconto;
-  fiscal(servico(item) ? Totalizador::descontoIss : Totalizador::descontoIcms) += item.desconto;
-  fiscal(servico(item) ? Totalizador::acrescimoIss : Totalizador::acrescimoIcms) += item.acrescimo;
+  fiscal(servico(item) ? Parcial::descontoIss : Parcial::descontoIcms) += item.desconto;
+  fiscal(servico(item) ? Parcial::acrescimoIss : Parcial::acrescimoIcms) += item.acrescimo;
   if (item.cancelado) {
-    fiscal(servico(item) ? Totalizador::cancelamentoIss : Totalizador::cancelamentoIcms) += item.total;
+    fiscal(servico(item) ? Parcial::cancelamentoIss : Parcial::cancelamentoIcms) += item.total;
   }
 }
 
-void Totais::vende(const CupomFiscal& cupom) {
+void TotaisDoEcf::vende(const CupomFiscal& cupom) {
   const auto liquidos = liquidosPorAliquota(cupom);
   for (std::size_t aliquota = 0; aliquota < kAliquotas; ++aliquota) fiscais[aliquota] += liquidos[aliquota];
   rateia(-cupom.desconto, liquidos, cupom.subtotal, fiscais.data());
   rateia(cupom.acrescimo, liquidos, cupom.subtotal, fiscais.data());
 }
 
-void Totais::cancela(const CupomFiscal& cupom) {
-  const Centavos servicos = liquidosPorAliquota(cupom)[indice(Totalizador::servico)];
-  fiscal(Totalizador::cancelamentoIss) += servicos;
-  fiscal(Totalizador::cancelamentoIcms) += cupom.total - servicos;
+void TotaisDoEcf::cancela(const CupomFiscal& cupom) {
+  const Centavos servicos = liquidosPorAliquota(cupom)[indice(Parcial::servico)];
+  fiscal(Parcial::cancelamentoIss) += servicos;
+  fiscal(Parcial::cancelamentoIcms) += cupom.total - servicos;
 }
 
-void Totais::acumula(const CupomNaoFiscal& cupom) {
+void TotaisDoEcf::acumula(const CupomNaoFiscal& cupom) {
   if (cupom.cancelado) return;
   for (const auto& item : cupom.itens) {
     if (item.cancelado) continue;
@@ -79,7 +79,7 @@ void Totais::acumula(const CupomNaoFiscal& cupom) {
   recebe(cupom);
 }
 
-void Totais::recebe(const Cupom& cupom) {
+void TotaisDoEcf::recebe(const Cupom& cupom) {
   for (const auto& pagamento : cupom.pagamentos) {
     meios[static_cast<std::size_t>(pagamento.meio)] += pagamento.valor - pagamento.estornado;
   }

@@ -21,7 +21,7 @@ namespace cotepe::loja {
 // So VB = the tax codes + DT + DS + Can-T + Can-S, and the tax codes = the totals of the coupons not
 // cancelled.
 // - Non-fiscal totalizers and means of payment take what was neither cancelled nor reversed.
-struct Totais {
+struct TotaisDoEcf {
   Centavos vendaBruta = 0;
   std::array<Centavos, kTotalizadores.size()> fiscais{};
   std::array<Centavos, kNaoFiscais.size()> naoFiscais{};
@@ -31,7 +31,7 @@ struct Totais {
   void acumula(const CupomNaoFiscal& cupom);
 
  private:
-  Centavos& fiscal(Totalizador totalizador) { return fiscais[indice(totalizador)]; }
+  Centavos& fiscal(Parcial totalizador) { return fiscais[indice(totalizador)]; }
   void registra(const Item& item);
   void vende(const CupomFiscal& cupom);
   void cancela(const CupomFiscal& cupom);

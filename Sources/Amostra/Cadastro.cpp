@@ -61,7 +61,7 @@ void gravaCadastro(sqlite3* banco, Aleatorio& aleatorio, int primeiroDia) {
 }
 
 void gravaPosicao(sqlite3* banco, const Ecf& ecf) {
-  const Contadores& contadores = ecf.contadores();
+  const ContadoresDoEcf& contadores = ecf.contadores();
   Insercao(banco,
            "posicao_totalizadores_contadores(cont_crz, cont_cro, cont_coo, cont_gnf, cont_ccf, cont_grg, "
            "cont_cfd, "

@@ -26,12 +26,12 @@ struct Item {
 
 // The printer's means of payment, numbered from 1. The change handed back is a payment of its own, TROCO:
 // what the other means brought in, less reversals and less TROCO, is the total of the coupon.
-enum class Meio : std::uint8_t { dinheiro, cheque, credito, debito, vale, troco };
+enum class FormaDePagamento : std::uint8_t { dinheiro, cheque, credito, debito, vale, troco };
 constexpr std::array<std::string_view, 6> kMeios = {"DINHEIRO",      "CHEQUE",        "CARTAO CREDITO",
                                                     "CARTAO DEBITO", "VALE ALIMENTO", "TROCO"};
 
 struct Pagamento {
-  Meio meio;
+  FormaDePagamento meio;
   Centavos valor;
   Centavos estornado;
 };

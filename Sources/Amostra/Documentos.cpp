@@ -98,7 +98,8 @@ void Ecf::guardaPagamentos(const Cupom& cupom, bool estornados) {
 
 void Ecf::emiteComprovantes(const Cupom& cupom, const DataHora& quando) {
   for (const auto& pagamento : cupom.pagamentos) {
-    if (pagamento.meio == Meio::credito || pagamento.meio == Meio::debito) documento("CC", quando);
+    if (pagamento.meio == FormaDePagamento::credito || pagamento.meio == FormaDePagamento::debito)
+      documento("CC", quando);
   }
 }
 

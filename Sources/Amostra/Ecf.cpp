@@ -4,7 +4,7 @@
 
 namespace cotepe::loja {
 
-Ecf::Ecf(sqlite3* banco, const Contadores& contadores, Centavos grandeTotal)
+Ecf::Ecf(sqlite3* banco, const ContadoresDoEcf& contadores, Centavos grandeTotal)
     : memoria_(banco), contadores_(contadores), grandeTotal_(grandeTotal), ultimaFita_(contadores.coo) {}
 
 void Ecf::emiteRelatorioGerencial(const DataHora& quando) { documento("RG", quando); }

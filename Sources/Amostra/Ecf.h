@@ -13,7 +13,7 @@ namespace cotepe::loja {
 
 // The last number given of each kind. COO counts every document, the others those of their kind; CDC has four
 // digits and goes from 9999 back to 1.
-struct Contadores {
+struct ContadoresDoEcf {
   std::int64_t coo, ccf, gnf, grg, cdc, crz, cro, cfd;
 };
 
@@ -22,7 +22,7 @@ struct Contadores {
 // ErroDoBanco.
 class Ecf {
  public:
-  Ecf(sqlite3* banco, const Contadores& contadores, Centavos grandeTotal);
+  Ecf(sqlite3* banco, const ContadoresDoEcf& contadores, Centavos grandeTotal);
 
   void emite(const CupomFiscal& cupom, const DataHora& quando);
   // The coupon and, when it is cancelled, the document that cancels it.
@@ -35,7 +35,7 @@ class Ecf {
   // To be made between a reduction and the first document of the next day.
   void sofreIntervencao(const DataHora& quando, std::string_view tipo);
 
-  const Contadores& contadores() const noexcept { return contadores_; }
+  const ContadoresDoEcf& contadores() const noexcept { return contadores_; }
   Centavos grandeTotal() const noexcept { return grandeTotal_; }
   const ResumoDaAmostra& resumo() const noexcept { return resumo_; }
 
@@ -49,10 +49,10 @@ class Ecf {
   void guardaTotais();
 
   Memoria memoria_;
-  Contadores contadores_;
+  ContadoresDoEcf contadores_;
   Centavos grandeTotal_;
   std::int64_t ultimaFita_;  // COO that the last detail tape ended with
-  Totais totais_;
+  TotaisDoEcf totais_;
   ResumoDaAmostra resumo_;
 };
 

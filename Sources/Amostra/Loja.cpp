@@ -18,9 +18,9 @@ constexpr int kDiasEntreFitas = 7;
 constexpr int kDiasEntreIntervencoes = 30;
 
 // One fiscal day. The time of the day only moves forward.
-class Dia {
+class DiaDaLoja {
  public:
-  Dia(Ecf& ecf, Aleatorio& aleatorio, int numero, int cupons)
+  DiaDaLoja(Ecf& ecf, Aleatorio& aleatorio, int numero, int cupons)
       : ecf_(ecf), aleatorio_(aleatorio), numero_(numero), cupons_(cupons) {}
 
   void abre() {
@@ -79,7 +79,7 @@ class Dia {
   int segundo_ = kAbertura;
 };
 
-Contadores contadoresIniciais(Aleatorio& aleatorio) {
+ContadoresDoEcf contadoresIniciais(Aleatorio& aleatorio) {
   const int reducoes = aleatorio.entre(400, 700);
   return {reducoes * std::int64_t{60} + aleatorio.entre(0, 999),
           reducoes * std::int64_t{40} + aleatorio.entre(0, 999),
@@ -104,7 +104,7 @@ ResumoDaAmostra preencheBanco(sqlite3* banco, const OpcoesDaAmostra& opcoes, int
     if (dia % kDiasEntreIntervencoes == kDiasEntreIntervencoes / 2) {
       ecf.sofreIntervencao(dataHora(primeiroDia + dia, kManutencao), "T");
     }
-    Dia loja(ecf, aleatorio, primeiroDia + dia, opcoes.cuponsPorDia);
+    DiaDaLoja loja(ecf, aleatorio, primeiroDia + dia, opcoes.cuponsPorDia);
     loja.abre();
     loja.vende();
     loja.fecha(ultimo || dia % kDiasEntreFitas == kDiasEntreFitas - 1, !ultimo);

@@ -12,7 +12,7 @@ using Centavos = std::int64_t;
 
 // The fiscal totalizers of the printer: those of the tax codes first, then discounts, surcharges,
 // cancellations.
-enum class Totalizador : std::uint8_t {
+enum class Parcial : std::uint8_t {
   t18,
   t12,
   t07,
@@ -31,7 +31,7 @@ constexpr std::array<std::string_view, 13> kTotalizadores = {
     "01T1800", "02T1200", "03T0700", "04S0500", "F1", "I1", "N1", "DT", "DS", "AT", "AS", "Can-T", "Can-S"};
 constexpr std::size_t kAliquotas = 7;
 
-constexpr std::size_t indice(Totalizador totalizador) { return static_cast<std::size_t>(totalizador); }
+constexpr std::size_t indice(Parcial totalizador) { return static_cast<std::size_t>(totalizador); }
 
 // How a quantity comes about: in thousandths, from `minimo` to `maximo` by `passo`, printed with `casas`
 // decimals.
@@ -46,7 +46,7 @@ struct Produto {
   int preco;  // in thousandths of the currency
   int casas;  // decimals of the price, 2 or 3
   const Venda* venda;
-  Totalizador totalizador;
+  Parcial totalizador;
   std::string_view arredondamento;  // "A" rounds, "T" truncates quantity times price
 };
 

@@ -65,8 +65,8 @@ void pagaEmDinheiro(Aleatorio& aleatorio, Cupom& cupom, Centavos valor) {
     const Centavos nota = aleatorio.um(kNotas);
     entregue = (valor + nota - 1) / nota * nota;
   }
-  cupom.pagamentos.push_back({Meio::dinheiro, entregue, 0});
-  if (entregue > valor) cupom.pagamentos.push_back({Meio::troco, entregue - valor, 0});
+  cupom.pagamentos.push_back({FormaDePagamento::dinheiro, entregue, 0});
+  if (entregue > valor) cupom.pagamentos.push_back({FormaDePagamento::troco, entregue - valor, 0});
 }
 
 // What the customer takes back from the card is paid in cash instead.
@@ -81,13 +81,15 @@ void paga(Aleatorio& aleatorio, Cupom& cupom) {
   if (sorte <= 46) {
     pagaEmDinheiro(aleatorio, cupom, cupom.total);
   } else if (sorte <= 90) {
-    cupom.pagamentos.push_back({sorte <= 65 ? Meio::credito : Meio::debito, cupom.total, 0});
+    cupom.pagamentos.push_back(
+        {sorte <= 65 ? FormaDePagamento::credito : FormaDePagamento::debito, cupom.total, 0});
     if (aleatorio.chance(20)) estorna(aleatorio, cupom);
   } else if (sorte <= 95) {
-    cupom.pagamentos.push_back({sorte <= 92 ? Meio::cheque : Meio::vale, cupom.total, 0});
+    cupom.pagamentos.push_back(
+        {sorte <= 92 ? FormaDePagamento::cheque : FormaDePagamento::vale, cupom.total, 0});
   } else {
     const Centavos parte = cupom.total / 2;  // not zero: the cheapest item costs 50 cents
-    cupom.pagamentos.push_back({Meio::vale, parte, 0});
+    cupom.pagamentos.push_back({FormaDePagamento::vale, parte, 0});
     pagaEmDinheiro(aleatorio, cupom, cupom.total - parte);
   }
 }
@@ -120,7 +122,7 @@ CupomFiscal sorteiaCupomFiscal(Aleatorio& aleatorio) {
   bool temServico = false;
   for (const auto& item : cupom.itens) {
     if (!item.cancelado) cupom.subtotal += item.total;
-    temServico = temServico || item.produto->totalizador == Totalizador::servico;
+    temServico = temServico || item.produto->totalizador == Parcial::servico;
   }
   if (!temServico) ajustaSubtotal(aleatorio, cupom);
   cupom.total = cupom.subtotal - cupom.desconto + cupom.acrescimo;
@@ -154,7 +156,7 @@ CupomNaoFiscal movimentoDeCaixa(NaoFiscal totalizador, Centavos valor) {
   CupomNaoFiscal cupom{};
   cupom.itens.push_back({totalizador, valor, 0, 0, false});
   cupom.subtotal = cupom.total = valor;
-  cupom.pagamentos.push_back({Meio::dinheiro, valor, 0});
+  cupom.pagamentos.push_back({FormaDePagamento::dinheiro, valor, 0});
   return cupom;
 }
 

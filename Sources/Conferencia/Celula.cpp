@@ -69,34 +69,34 @@ const char* doVazio(Especie especie) {
 }  // namespace
 
 void Conferencia::porForma() {
-  if (celula_.nulo && coluna_.forma.forma != Forma::NaoImpressa) return nulo();
+  if (celula_.nulo && coluna_.forma.forma != FormaDoValor::NaoImpressa) return nulo();
   switch (coluna_.forma.forma) {
-    case Forma::Texto:
-    case Forma::TextoUsado:
+    case FormaDoValor::Texto:
+    case FormaDoValor::TextoUsado:
       controle();
       for (const Destino& destino : coluna_.destinos)
         if (vale(destino)) texto(destino);
       return;
-    case Forma::Casas:
+    case FormaDoValor::Casas:
       return codigo({"2", "3"}, traduz("2 or 3"));
-    case Forma::Inteiro:
+    case FormaDoValor::Inteiro:
       return paraCada(&Conferencia::inteiro);
-    case Forma::Dinheiro:
-    case Forma::Decimal:
+    case FormaDoValor::Dinheiro:
+    case FormaDoValor::Decimal:
       return paraCada(&Conferencia::dinheiro);
-    case Forma::Cnpj:
-    case Forma::CpfOuCnpj:
+    case FormaDoValor::Cnpj:
+    case FormaDoValor::CpfOuCnpj:
       paraCada(&Conferencia::numeroFiscal);
       return digitosVerificadores();
-    case Forma::Letra:
-    case Forma::SimNao:
+    case FormaDoValor::Letra:
+    case FormaDoValor::SimNao:
       if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
-      return coluna_.forma.forma == Forma::SimNao ? codigo({"S", "N"}, traduz("S or N")) : controle();
-    case Forma::TipoDeDocumento:
+      return coluna_.forma.forma == FormaDoValor::SimNao ? codigo({"S", "N"}, traduz("S or N")) : controle();
+    case FormaDoValor::TipoDeDocumento:
       return codigo({"CN", "RG", "CC", "NC", "RZ"}, traduz("CN, RG, CC, NC or RZ"));
-    case Forma::DataHora:
+    case FormaDoValor::DataHora:
       return data();
-    case Forma::NaoImpressa:
+    case FormaDoValor::NaoImpressa:
       return;
   }
 }
@@ -168,7 +168,7 @@ bool Conferencia::ultimoDaLinha(const Destino& destino) const {
 
 void Conferencia::texto(const Destino& destino) {
   const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
-  const bool usado = coluna_.forma.forma == Forma::TextoUsado;
+  const bool usado = coluna_.forma.forma == FormaDoValor::TextoUsado;
   if (usado && bytes <= largura && destino.usados != 0 &&
       static_cast<int>(caracteresUtf8(celula_.texto)) > destino.usados)
     return acha(conferencia::kTextoCortado, &destino,
@@ -200,13 +200,13 @@ void Conferencia::letra(const Destino* destino) {
 
 void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
   if (std::find(codigos.begin(), codigos.end(), celula_.texto) != codigos.end()) return;
-  const Forma forma = coluna_.forma.forma;
+  const FormaDoValor forma = coluna_.forma.forma;
   const Destino* destino = primeiro(qualquer);
   acha(conferencia::kCodigo, destino,
-       valorCom(forma == Forma::Casas             ? marca("{1}, which scales the value as 2 does")
-                : forma == Forma::TipoDeDocumento ? marca("{1}, whose counters are written as zeros")
-                : destino == nullptr              ? marca("{1}, which leaves the row out")
-                                                  : marca("{1}, which is written as it stands")),
+       valorCom(forma == FormaDoValor::Casas             ? marca("{1}, which scales the value as 2 does")
+                : forma == FormaDoValor::TipoDeDocumento ? marca("{1}, whose counters are written as zeros")
+                : destino == nullptr                     ? marca("{1}, which leaves the row out")
+                                                         : marca("{1}, which is written as it stands")),
        esperado);
 }
 

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "BancoFiscal/Formas.h"
+#include "BancoFiscal/FormasDasTabelas.h"
 #include "Conferencia/Destinos.h"
-#include "Conferencia/Regras.h"
+#include "Conferencia/RegrasDoBanco.h"
 
 namespace cotepe {
 

@@ -61,13 +61,13 @@ bool digitos(std::string_view texto) {
 }
 
 // A number as it is stored: sign, digits, digits behind the point.
-struct Numero {
+struct NumeroGuardado {
   bool valido = false, negativo = false;
   std::string_view inteiros, decimais;
 };
 
-Numero leNumero(std::string_view texto, bool comPonto) {
-  Numero numero;
+NumeroGuardado leNumero(std::string_view texto, bool comPonto) {
+  NumeroGuardado numero;
   numero.negativo = !texto.empty() && texto[0] == '-';
   if (numero.negativo) texto.remove_prefix(1);
   const std::size_t ponto = comPonto ? texto.find('.') : std::string_view::npos;
@@ -157,7 +157,7 @@ std::string Conferencia::comoEscrito(const Destino* destino) const {
 }
 
 void Conferencia::inteiro(const Destino* destino) {
-  const Numero numero = leNumero(celula_.texto, false);
+  const NumeroGuardado numero = leNumero(celula_.texto, false);
   if (!numero.valido)
     return acha(conferencia::kNaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
   if (numero.negativo) return acha(conferencia::kNegativo, destino, comoEscrito(destino), traduz("no sign"));
@@ -190,7 +190,7 @@ void Conferencia::grandeTotalDoE02(const Destino& destino) {
 }
 
 void Conferencia::dinheiro(const Destino* destino) {
-  const Numero numero = leNumero(celula_.texto, true);
+  const NumeroGuardado numero = leNumero(celula_.texto, true);
   if (coluna_.maximo && destino != nullptr && destino->registro == &kE02 &&
       celula_.texto.size() >= kMaximoDoGt)
     return grandeTotalDoE02(*destino);
@@ -217,18 +217,18 @@ void Conferencia::dinheiro(const Destino* destino) {
 
 void Conferencia::numeroFiscal(const Destino* destino) {
   const std::string_view numero = celula_.texto;
-  const bool vazio = numero.empty() && coluna_.forma.forma == Forma::CpfOuCnpj;
-  const bool tamanho = coluna_.forma.forma == Forma::Cnpj ? numero.size() == 14 : numero.size() <= 14;
+  const bool vazio = numero.empty() && coluna_.forma.forma == FormaDoValor::CpfOuCnpj;
+  const bool tamanho = coluna_.forma.forma == FormaDoValor::Cnpj ? numero.size() == 14 : numero.size() <= 14;
   if (vazio || (digitos(numero) && tamanho)) return;
   acha(conferencia::kFormaDoNumeroFiscal, destino, comoEscrito(destino),
-       coluna_.forma.forma == Forma::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
+       coluna_.forma.forma == FormaDoValor::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
 }
 
 // A number that is wrong in form has been told already; one of zeros alone is none.
 void Conferencia::digitosVerificadores() {
   if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
   const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);
-  if (cnpjValido(catorze) || (coluna_.forma.forma == Forma::CpfOuCnpj && cpfValido(catorze))) return;
+  if (cnpjValido(catorze) || (coluna_.forma.forma == FormaDoValor::CpfOuCnpj && cpfValido(catorze))) return;
   acha(conferencia::kNumeroFiscal, primeiro([](const Campo&) { return true; }), valor(),
        traduz("check digits that are right"));
 }

@@ -5,7 +5,7 @@
 
 #include "Achados/Achado.h"
 #include "Conferencia/Destinos.h"
-#include "Conferencia/Regras.h"
+#include "Conferencia/RegrasDoBanco.h"
 
 struct sqlite3;
 

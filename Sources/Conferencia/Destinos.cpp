@@ -53,9 +53,9 @@ bool comecaNome(std::string_view peca) {
 }
 
 // One expression of the list: the first name in it that is no function.
-ColunaLida colunaLida(const std::vector<std::string_view>& sql, std::size_t de, std::size_t ate,
-                      const Apelidos& nomes) {
-  ColunaLida lida;
+ColunaDaConsulta colunaLida(const std::vector<std::string_view>& sql, std::size_t de, std::size_t ate,
+                            const Apelidos& nomes) {
+  ColunaDaConsulta lida;
   for (std::size_t i = de; i < ate && lida.tabela.empty(); ++i) {
     if (!comecaNome(sql[i]) || (i + 1 < ate && sql[i + 1] == "(")) continue;
     const std::size_t ponto = sql[i].find('.');
@@ -67,8 +67,8 @@ ColunaLida colunaLida(const std::vector<std::string_view>& sql, std::size_t de, 
   return lida;
 }
 
-std::vector<ColunaLida> colunasDoSelect(const std::vector<std::string_view>& sql, std::size_t select) {
-  std::vector<ColunaLida> colunas;
+std::vector<ColunaDaConsulta> colunasDoSelect(const std::vector<std::string_view>& sql, std::size_t select) {
+  std::vector<ColunaDaConsulta> colunas;
   const auto from = static_cast<std::size_t>(
       std::find(sql.begin() + static_cast<std::ptrdiff_t>(select), sql.end(), "FROM") - sql.begin());
   const Apelidos nomes = apelidos(sql, from);
@@ -82,7 +82,7 @@ std::vector<ColunaLida> colunasDoSelect(const std::vector<std::string_view>& sql
     if (sql[i] == "(") ++dentro;
     if (sql[i] == ")") --dentro;
     if (i != from && (dentro != 0 || sql[i] != ",")) continue;
-    colunas.push_back(i == de ? ColunaLida() : colunaLida(sql, de, i, nomes));
+    colunas.push_back(i == de ? ColunaDaConsulta() : colunaLida(sql, de, i, nomes));
     de = i + 1;
   }
   return colunas;
@@ -113,8 +113,8 @@ bool desviado(const Registro& registro, const Campo& campo, std::string_view tab
 }
 
 // Whether a SELECT of the field's query, or another query with the same list, gives it the column.
-const ColunaLida* lidaPelo(const std::vector<std::vector<ColunaLida>>& selects, const Campo& campo,
-                           std::string_view tabela, std::string_view coluna) {
+const ColunaDaConsulta* lidaPelo(const std::vector<std::vector<ColunaDaConsulta>>& selects,
+                                 const Campo& campo, std::string_view tabela, std::string_view coluna) {
   if (campo.origem.coluna < 0) return nullptr;
   const auto posicao = static_cast<std::uint8_t>(campo.origem.coluna);
   for (const auto& colunas : selects) {
@@ -127,7 +127,7 @@ const ColunaLida* lidaPelo(const std::vector<std::vector<ColunaLida>>& selects, 
 // A query taken apart: its words, and the columns of its SELECTs. No query stands behind a null text.
 struct ConsultaDesmontada {
   std::vector<std::string_view> palavras;
-  std::vector<std::vector<ColunaLida>> selects;
+  std::vector<std::vector<ColunaDaConsulta>> selects;
 };
 
 // The queries of the registers are always the same: each is taken apart once.
@@ -150,7 +150,7 @@ void junta(const Registro& registro, std::string_view tabela, std::string_view c
     if (!alcance.existe(campo)) continue;
     const ConsultaDoRegistro& consulta = registro.consultas[static_cast<std::uint8_t>(campo.origem.consulta)];
     const auto& daConsulta = desmontada(consulta.sql).selects;
-    const ColunaLida* lida = lidaPelo(daConsulta, campo, tabela, coluna);
+    const ColunaDaConsulta* lida = lidaPelo(daConsulta, campo, tabela, coluna);
     if (lida == nullptr && !desviado(registro, campo, tabela, coluna)) continue;
     Destino destino{&registro, &campo, static_cast<int>(i) + 1, lida == nullptr ? 0 : lida->usados, {}};
     if (campo.colunaDasCasas >= 0)
@@ -190,9 +190,9 @@ bool le(const ConsultaDoRegistro& consulta, std::string_view tabela, std::string
 
 }  // namespace
 
-std::vector<std::vector<ColunaLida>> colunasDaConsulta(std::string_view sql) {
+std::vector<std::vector<ColunaDaConsulta>> colunasDaConsulta(std::string_view sql) {
   const std::vector<std::string_view> lista = pecas(sql);
-  std::vector<std::vector<ColunaLida>> selects;
+  std::vector<std::vector<ColunaDaConsulta>> selects;
   for (std::size_t i = 0; i < lista.size(); ++i) {
     const bool doConjunto = i == 0 || lista[i - 1] == "UNION" || lista[i - 1] == "ALL";
     if (lista[i] == "SELECT" && doConjunto) selects.push_back(colunasDoSelect(lista, i));

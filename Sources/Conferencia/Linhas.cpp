@@ -26,7 +26,7 @@ namespace {
 constexpr char kPrimeiraHora[] = " 00:00:00", kUltimaHora[] = " 23:59:59";
 
 // Texts among the numbers of a column, and whether all texts have the same count of digits before the point.
-struct Ordem {
+struct OrdemDaColuna {
   const UsoDaColuna* uso = nullptr;
   long textos = 0, outros = 0;
   std::size_t menor = 0, maior = 0;
@@ -47,7 +47,7 @@ struct Ordem {
 
 struct ColunaLigada {
   ColunaVerificada verificada;
-  Ordem ordem;
+  OrdemDaColuna ordem;
   int casas = -1;  // the column of the query that declares its decimal places
 };
 
@@ -69,7 +69,7 @@ bool dizOPeriodo(const std::string& tabela, const std::string& coluna) {
          (tabela == "fita_detalhe" && coluna == "data_hora_emissao");
 }
 
-std::string textosEmDesordem(const Ordem& ordem) {
+std::string textosEmDesordem(const OrdemDaColuna& ordem) {
   const bool maximo = ordem.uso->uso == Uso::Maximo;
   if (ordem.outros != 0)
     return frase(maximo ? marca("the text {1} among numbers, the greatest of which is taken letter by letter")
@@ -123,7 +123,7 @@ void Passada::liga(const std::string& nome, const std::string& comoLida, const F
                        false};
   // What is printed in other reports only is no matter of these.
   if (coluna.verificada.destinos.empty() && !destinosDe(tabela, comoLida, Alcance()).empty())
-    coluna.verificada.forma.forma = Forma::NaoImpressa;
+    coluna.verificada.forma.forma = FormaDoValor::NaoImpressa;
   coluna.ordem.uso = usoDe(tabela, nome);
   coluna.verificada.maximo = coluna.ordem.uso != nullptr && coluna.ordem.uso->uso == Uso::Maximo;
   colunas_.push_back(std::move(coluna));
@@ -229,7 +229,7 @@ void Passada::confereQuantas(long linhas) const {
 }
 
 void Passada::confereOrdem(const ColunaLigada& coluna) const {
-  const Ordem& ordem = coluna.ordem;
+  const OrdemDaColuna& ordem = coluna.ordem;
   if (ordem.uso == nullptr || ordem.textos == 0 || (ordem.outros == 0 && ordem.menor == ordem.maior)) return;
   const bool maximo = ordem.uso->uso == Uso::Maximo;
   contexto_.relata(maximo ? conferencia::kMaximoDeTexto : conferencia::kOrdemDeTexto,

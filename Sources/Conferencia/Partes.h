@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "BancoFiscal/Formas.h"
+#include "BancoFiscal/FormasDasTabelas.h"
 #include "Conferencia/Celula.h"
 #include "Conferencia/Conferencia.h"
 

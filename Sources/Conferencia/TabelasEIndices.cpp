@@ -72,7 +72,7 @@ void confereEsquema(const Contexto& contexto) {
 
 void confereIndices(const Contexto& contexto) {
   if (!contexto.ligada(conferencia::kSemIndice)) return;
-  for (const Busca& busca : kBuscas) {
+  for (const BuscaPorColuna& busca : kBuscas) {
     if (!contexto.lida(busca.tabela) || !contexto.tem(busca.tabela, busca.coluna)) continue;
     const std::vector<std::string> nomes = colunasComIndice(contexto, busca.tabela);
     if (std::any_of(nomes.begin(), nomes.end(), [&](const std::string& nome) {

@@ -23,15 +23,15 @@ std::vector<std::string> colunasDa(sqlite3* banco, const std::string& tabela) {
 }
 
 /// What tells the rows of a table apart.
-struct Chave {
+struct ChaveDaTabela {
   std::string apelido;
   std::vector<std::string> colunas;
   bool temRowid = false;
 };
 
-Chave chaveDa(sqlite3* banco, const TabelaNomeada& tabela) {
+ChaveDaTabela chaveDa(sqlite3* banco, const TabelaNomeada& tabela) {
   const std::string nome = emAspasSql(tabela.nome, '\'');
-  Chave chave{
+  ChaveDaTabela chave{
       tabela.apelido,
       primeiraColuna(banco, "SELECT name FROM pragma_table_info(" + nome + ") WHERE pk > 0 ORDER BY pk"),
       false};
@@ -97,7 +97,7 @@ class Varredura {
   const Expressao& expressao_;
   const Fila& fila_;
   std::size_t coluna_;
-  Chave chave_;
+  ChaveDaTabela chave_;
   std::unique_ptr<Consulta> consulta_;
 };
 

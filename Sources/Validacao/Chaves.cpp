@@ -21,7 +21,7 @@ namespace {
 enum class Segundo : std::uint8_t { Nenhum, Numero, Texto, TextoSemCaixa, Totalizador };
 
 /// What a register is sorted by: a number, then another one or a text.
-struct Chave {
+struct ChaveDoRegistro {
   const Registro* registro;
   const char* numero;
   const char* segundo;
@@ -30,7 +30,7 @@ struct Chave {
   const char* data;  // goes on with the number; null for none
 };
 
-constexpr Chave kChaves[] = {
+constexpr ChaveDoRegistro kChaves[] = {
     {&kE09, "CRO", "CRO", Segundo::Nenhum, false, "Data da intervenção"},
     {&kE10, "CFD", "CFD", Segundo::Nenhum, true, "Data de emissão"},
     {&kE12, "CRZ", "CRO", Segundo::Numero, true, "Data do movimento"},
@@ -60,9 +60,9 @@ char maiuscula(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a
 int sinal(std::int64_t a, std::int64_t b) { return a < b ? -1 : a > b ? 1 : 0; }
 
 /// The keys of one register, record after record.
-class Sequencia {
+class SequenciaDeChaves {
  public:
-  explicit Sequencia(const Chave& chave)
+  explicit SequenciaDeChaves(const ChaveDoRegistro& chave)
       : chave_(chave),
         numero_(*chave.registro, chave.numero),
         segundo_(*chave.registro, chave.segundo),
@@ -141,18 +141,18 @@ class Sequencia {
     dataAnterior_ = data;
   }
 
-  const Chave& chave_;
+  const ChaveDoRegistro& chave_;
   Coluna numero_, segundo_, data_;
   ChaveLida atual_, anterior_;
   std::string dataAnterior_;
   bool conhecida_ = false;
 };
 
-class Chaves final : public Familia {
+class RegrasDeChaves final : public Familia {
  public:
-  explicit Chaves(Relator& relator) : relator_(relator) {
+  explicit RegrasDeChaves(Relator& relator) : relator_(relator) {
     qual_.fill(-1);
-    for (const Chave& chave : kChaves) {
+    for (const ChaveDoRegistro& chave : kChaves) {
       qual_[static_cast<std::size_t>(indiceDoRegistro(chave.registro->codigo))] =
           static_cast<int>(sequencias_.size());
       sequencias_.emplace_back(chave);
@@ -168,13 +168,13 @@ class Chaves final : public Familia {
  private:
   Relator& relator_;
   std::array<int, kCatalogo.size()> qual_{};
-  std::vector<Sequencia> sequencias_;
+  std::vector<SequenciaDeChaves> sequencias_;
 };
 
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeChaves(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Chaves>(relator);
+  return std::make_unique<RegrasDeChaves>(relator);
 }
 
 }  // namespace cotepe

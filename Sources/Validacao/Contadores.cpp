@@ -182,9 +182,9 @@ class Itens {
   bool conhecido_ = false, comecou_ = false;
 };
 
-class Contadores final : public Familia {
+class RegrasDeContadores final : public Familia {
  public:
-  explicit Contadores(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeContadores(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr || lido.vazio) return;
@@ -217,7 +217,7 @@ class Contadores final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeContadores(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Contadores>(relator);
+  return std::make_unique<RegrasDeContadores>(relator);
 }
 
 }  // namespace cotepe

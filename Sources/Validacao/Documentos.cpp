@@ -176,9 +176,9 @@ class Cupons {
   bool viuItens_ = false, viuPagamentos_ = false;
 };
 
-class Documentos final : public Familia {
+class RegrasDeDocumentos final : public Familia {
  public:
-  explicit Documentos(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeDocumentos(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE15) return fiscais_.item(relator_, lido);
@@ -220,7 +220,7 @@ class Documentos final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeDocumentos(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Documentos>(relator);
+  return std::make_unique<RegrasDeDocumentos>(relator);
 }
 
 }  // namespace cotepe

@@ -30,9 +30,9 @@ struct Guardado {
   }
 };
 
-class Faixa final : public Familia {
+class RegrasDeFaixa final : public Familia {
  public:
-  explicit Faixa(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeFaixa(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE01 && lido.medidaCerta && crzInicial_.linha == 0) {
@@ -112,7 +112,7 @@ class Faixa final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeFaixa(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Faixa>(relator);
+  return std::make_unique<RegrasDeFaixa>(relator);
 }
 
 }  // namespace cotepe

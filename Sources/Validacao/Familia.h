@@ -8,7 +8,7 @@
 
 #include "Achados/Citacao.h"
 #include "Leitor/LeitorDeRegistros.h"
-#include "Validacao/Regras.h"
+#include "Validacao/RegrasDoRelatorio.h"
 
 namespace cotepe {
 

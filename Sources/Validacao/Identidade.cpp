@@ -15,7 +15,7 @@ const Regra validacao::kIdentidade{
 namespace {
 
 /// A field of the head, and what its first line held.
-class Marca {
+class CampoRepetido {
  public:
   void confere(Relator& relator, const RegistroLido& lido, std::size_t campo) {
     const std::string_view bytes = lido.bytes(campo);
@@ -62,9 +62,9 @@ class Cnpjs {
 constexpr int kPrimeiroDoUsuario = 11, kUltimoDoUsuario = 20, kE22Indice = 21;  // E12 to E21
 
 // E01 has a model too, but its own: of several printers the heads have the last one's.
-class Identidade final : public Familia {
+class RegrasDeIdentidade final : public Familia {
  public:
-  explicit Identidade(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeIdentidade(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr || lido.linha.texto.substr(0, 1) != "E") return;
@@ -78,14 +78,14 @@ class Identidade final : public Familia {
 
  private:
   Relator& relator_;
-  Marca serie_, modelo_, usuario_;
+  CampoRepetido serie_, modelo_, usuario_;
   Cnpjs cnpjs_;
 };
 
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeIdentidade(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Identidade>(relator);
+  return std::make_unique<RegrasDeIdentidade>(relator);
 }
 
 }  // namespace cotepe

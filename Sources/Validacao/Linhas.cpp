@@ -19,9 +19,9 @@ const Regra validacao::kComprimento{
 
 namespace {
 
-class Linhas final : public Familia {
+class RegrasDeLinhas final : public Familia {
  public:
-  explicit Linhas(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeLinhas(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.linha.comCr && !comCr_) fimComCr(lido);
@@ -52,7 +52,7 @@ class Linhas final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeLinhas(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Linhas>(relator);
+  return std::make_unique<RegrasDeLinhas>(relator);
 }
 
 }  // namespace cotepe

@@ -38,9 +38,9 @@ struct Bloco {
   }
 };
 
-class Ordem final : public Familia {
+class RegrasDeOrdem final : public Familia {
  public:
-  Ordem(Relator& relator, const LeitorDeRegistros& leitor) : relator_(relator), leitor_(leitor) {}
+  RegrasDeOrdem(Relator& relator, const LeitorDeRegistros& leitor) : relator_(relator), leitor_(leitor) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr) return;
@@ -132,7 +132,7 @@ class Ordem final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeOrdem(Relator& relator, const LeitorDeRegistros& leitor) {
-  return std::make_unique<Ordem>(relator, leitor);
+  return std::make_unique<RegrasDeOrdem>(relator, leitor);
 }
 
 }  // namespace cotepe

@@ -34,9 +34,9 @@ struct Maximo {
   std::string bytes;
 };
 
-class Posicao final : public Familia {
+class RegrasDePosicao final : public Familia {
  public:
-  explicit Posicao(Relator& relator) : relator_(relator) {
+  explicit RegrasDePosicao(Relator& relator) : relator_(relator) {
     for (const FonteDoContador& fonte : kFontes) {
       const auto registro = static_cast<std::size_t>(indiceDoRegistro(fonte.registro->codigo));
       maximos_[registro].push_back({&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.posicao}, 0, ""});
@@ -95,7 +95,7 @@ class Posicao final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDePosicao(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Posicao>(relator);
+  return std::make_unique<RegrasDePosicao>(relator);
 }
 
 }  // namespace cotepe

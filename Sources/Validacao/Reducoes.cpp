@@ -36,9 +36,9 @@ bool deAcrescimo(std::string_view totalizador) {
   return totalizador == "AT     " || totalizador == "AS     ";
 }
 
-class Reducoes final : public Familia {
+class RegrasDeReducoes final : public Familia {
  public:
-  explicit Reducoes(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeReducoes(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE12) return e12(lido);
@@ -157,7 +157,7 @@ class Reducoes final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeReducoes(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Reducoes>(relator);
+  return std::make_unique<RegrasDeReducoes>(relator);
 }
 
 }  // namespace cotepe

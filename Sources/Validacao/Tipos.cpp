@@ -37,9 +37,9 @@ class LetraDoAjuste {
   Coluna desconto_, acrescimo_, letra_;
 };
 
-class Tipos final : public Familia {
+class RegrasDeTipos final : public Familia {
  public:
-  explicit Tipos(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeTipos(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE14)
@@ -86,7 +86,7 @@ class Tipos final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeTipos(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Tipos>(relator);
+  return std::make_unique<RegrasDeTipos>(relator);
 }
 
 }  // namespace cotepe

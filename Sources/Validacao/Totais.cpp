@@ -59,9 +59,9 @@ class TotalDoItem {
       casasValor_{kE15, "Casas decimais do valor unitário"};
 };
 
-class Totais final : public Familia {
+class RegrasDeTotais final : public Familia {
  public:
-  explicit Totais(Relator& relator) : relator_(relator) {}
+  explicit RegrasDeTotais(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE15)
@@ -85,7 +85,7 @@ class Totais final : public Familia {
 }  // namespace
 
 std::unique_ptr<Familia> regrasDeTotais(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<Totais>(relator);
+  return std::make_unique<RegrasDeTotais>(relator);
 }
 
 }  // namespace cotepe

@@ -7,7 +7,7 @@
 
 #include "Leitor/LeitorDeRegistros.h"
 #include "Validacao/Familia.h"
-#include "Validacao/Regras.h"
+#include "Validacao/RegrasDoRelatorio.h"
 
 namespace cotepe {
 

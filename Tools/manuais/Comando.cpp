@@ -24,9 +24,9 @@ std::vector<std::string> codigosDosRegistros() {
 }
 
 // Positional arguments are files, but for the code of a register.
-Valor especieDoValor(const Argumento& argumento) {
-  if (!argumento.escolhas.empty()) return Valor::Escolha;
-  return argumento.posicional() || argumento.marca == "FILE" ? Valor::Arquivo : Valor::Livre;
+TipoDoValor especieDoValor(const Argumento& argumento) {
+  if (!argumento.escolhas.empty()) return TipoDoValor::Escolha;
+  return argumento.posicional() || argumento.marca == "FILE" ? TipoDoValor::Arquivo : TipoDoValor::Livre;
 }
 
 Argumento argumentoDe(const CLI::Option& opcao) {

@@ -7,13 +7,13 @@
 namespace cotepe::manuais {
 
 /// What can stand in the place of a value.
-enum class Valor : unsigned char { Nenhum, Livre, Arquivo, Escolha };
+enum class TipoDoValor : unsigned char { Nenhum, Livre, Arquivo, Escolha };
 
 /// An option, or a positional argument where it has no name that begins with a hyphen.
 struct Argumento {
   std::vector<std::string> nomes;  // with their hyphens, short ones first; empty: positional
   std::string marca;               // what stands for the value in the help, such as FILE
-  Valor valor = Valor::Nenhum;
+  TipoDoValor valor = TipoDoValor::Nenhum;
   std::vector<std::string> escolhas;
   std::string descricao;
   bool obrigatorio = false;

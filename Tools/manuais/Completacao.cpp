@@ -46,19 +46,19 @@ const Argumento* posicionalDe(const Comando& comando) {
 }
 
 std::string respostaDoBash(const Argumento& a) {
-  if (a.valor == Valor::Arquivo) return "_cotepe_arquivos";
-  if (a.valor == Valor::Escolha) return "_cotepe_palavras \"" + lista(a.escolhas) + "\"";
+  if (a.valor == TipoDoValor::Arquivo) return "_cotepe_arquivos";
+  if (a.valor == TipoDoValor::Escolha) return "_cotepe_palavras \"" + lista(a.escolhas) + "\"";
   return ":";
 }
 
 std::string especificacaoDoZsh(const Argumento& a) {
   static constexpr char kEspeciais[] = "\\:[]";
   std::string valor;
-  if (a.valor != Valor::Nenhum) {
+  if (a.valor != TipoDoValor::Nenhum) {
     valor = ":" + escapado(a.marca, kEspeciais) + ":";
-    if (a.valor == Valor::Arquivo) valor += "_files";
-    if (a.valor == Valor::Escolha) valor += "(" + lista(a.escolhas) + ")";
-    if (a.valor == Valor::Livre) valor += " ";
+    if (a.valor == TipoDoValor::Arquivo) valor += "_files";
+    if (a.valor == TipoDoValor::Escolha) valor += "(" + lista(a.escolhas) + ")";
+    if (a.valor == TipoDoValor::Livre) valor += " ";
   }
   if (a.posicional()) return " " + entreAspas(valor);
   const std::string depoisDoNome = "[" + escapado(a.descricao, kEspeciais) + "]" + valor;
@@ -76,10 +76,10 @@ std::string linhaDoFish(const std::string& condicao, const Argumento& a) {
   std::string texto = "complete -c cotepe -n " + entreAspas(condicao);
   for (const auto& nome : a.nomes)
     texto += nome[1] == '-' ? " -l " + nome.substr(2) : " -s " + nome.substr(1);
-  if (a.valor == Valor::Arquivo) texto += a.posicional() ? " -F" : " -r -F";
-  if (a.valor == Valor::Escolha)
+  if (a.valor == TipoDoValor::Arquivo) texto += a.posicional() ? " -F" : " -r -F";
+  if (a.valor == TipoDoValor::Escolha)
     texto += (a.posicional() ? " -a " : " -x -a ") + entreAspas(lista(a.escolhas));
-  if (a.valor == Valor::Livre) texto += " -x";
+  if (a.valor == TipoDoValor::Livre) texto += " -x";
   return a.posicional() ? texto + "\n" : texto + " -d " + entreAspas(a.descricao) + "\n";
 }
 
@@ -91,7 +91,7 @@ std::string completacaoDoBash(const std::vector<Comando>& comandos) {
     const Comando& comando = comandos[i];
     for (const auto& a : comando.argumentos)
       for (const auto& nome : a.nomes)
-        if (a.valor != Valor::Nenhum)
+        if (a.valor != TipoDoValor::Nenhum)
           valores += "    " + comando.nome + ":" + nome + ") " + respostaDoBash(a) + "; return ;;\n";
     opcoes += "    " + comando.nome + ":-*) _cotepe_palavras \"" + opcoesDe(comando) + "\" ;;\n";
     if (const Argumento* a = posicionalDe(comando))

@@ -39,7 +39,7 @@ std::string comValor(const Argumento& a) {
   if (a.posicional()) return italico(a.marca);
   std::string texto;
   for (const auto& nome : a.nomes) texto += (texto.empty() ? "" : ", ") + negrito(nome);
-  return a.valor == Valor::Nenhum ? texto : texto + " " + italico(a.marca);
+  return a.valor == TipoDoValor::Nenhum ? texto : texto + " " + italico(a.marca);
 }
 
 // What must be given, and what may be.

@@ -122,10 +122,10 @@ BigInt centavos(const Numero& numero) noexcept {
   return simples(numero) ? BigInt(centavosSimples(numero)) : centavosPorExtenso(numero);
 }
 
-enum class Meio { ParaLonge, ParaPar };
+enum class Arredondamento { ParaLonge, ParaPar };
 
 // The cents of a finite number, rounded from its exact binary value.
-BigInt centavos(double valor, Meio meio) noexcept {
+BigInt centavos(double valor, Arredondamento meio) noexcept {
   int expoente = 0;
   const double fracao = std::frexp(std::fabs(valor), &expoente);
   const auto exato = static_cast<INT64>(std::ldexp(fracao, 53)) * 100;  // below 2^60
@@ -138,7 +138,7 @@ BigInt centavos(double valor, Meio meio) noexcept {
   const INT64 unidade = INT64{1} << static_cast<unsigned>(-expoente);
   const INT64 inteiro = exato / unidade;
   const INT64 resto = exato % unidade * 2;
-  const bool meioSobe = meio == Meio::ParaLonge || inteiro % 2 != 0;
+  const bool meioSobe = meio == Arredondamento::ParaLonge || inteiro % 2 != 0;
   return sinal * (inteiro + (resto > unidade || (resto == unidade && meioSobe) ? 1 : 0));
 }
 
@@ -171,7 +171,7 @@ Financial::Financial(double unidades) noexcept {
   if (std::isinf(unidades)) {
     nr = unidades < 0 ? BigInt::Minimo() : BigInt::Maximo();
   } else if (!std::isnan(unidades)) {
-    nr = centavos(unidades, Meio::ParaLonge);
+    nr = centavos(unidades, Arredondamento::ParaLonge);
   }
 }
 
@@ -186,7 +186,7 @@ INT64 Financial::CentavosDoBanco(const char* texto) noexcept {
 }
 
 INT64 Financial::CentavosDoDecimal(double valor) noexcept {
-  return std::isfinite(valor) ? DeCentavos(centavos(valor, Meio::ParaPar)).Centavos() : 0;
+  return std::isfinite(valor) ? DeCentavos(centavos(valor, Arredondamento::ParaPar)).Centavos() : 0;
 }
 
 INT64 Financial::Centavos() const noexcept {

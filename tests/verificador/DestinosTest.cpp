@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "Achados/Citacao.h"
-#include "BancoFiscal/Formas.h"
+#include "BancoFiscal/FormasDasTabelas.h"
 #include "Conferencia/Celula.h"
 #include "Conferencia/Destinos.h"
 #include "Leiaute/Releitura.h"

@@ -1,21 +1,21 @@
-#include "BancoFiscal/Formas.h"
+#include "BancoFiscal/FormasDasTabelas.h"
 
 #include "Idioma/Idioma.h"
 
 namespace cotepe {
 namespace {
 
-constexpr FormaDaColuna texto(const char* nome) { return {nome, Forma::Texto}; }
-constexpr FormaDaColuna usado(const char* nome) { return {nome, Forma::TextoUsado}; }
-constexpr FormaDaColuna inteiro(const char* nome) { return {nome, Forma::Inteiro}; }
-constexpr FormaDaColuna casas(const char* nome) { return {nome, Forma::Casas}; }
-constexpr FormaDaColuna dinheiro(const char* nome) { return {nome, Forma::Dinheiro}; }
-constexpr FormaDaColuna decimal(const char* nome) { return {nome, Forma::Decimal}; }
-constexpr FormaDaColuna data(const char* nome) { return {nome, Forma::DataHora}; }
-constexpr FormaDaColuna dataOuNulo(const char* nome) { return {nome, Forma::DataHora, true}; }
-constexpr FormaDaColuna letra(const char* nome) { return {nome, Forma::Letra}; }
-constexpr FormaDaColuna simNao(const char* nome) { return {nome, Forma::SimNao}; }
-constexpr FormaDaColuna naoImpressa(const char* nome) { return {nome, Forma::NaoImpressa, true}; }
+constexpr FormaDaColuna texto(const char* nome) { return {nome, FormaDoValor::Texto}; }
+constexpr FormaDaColuna usado(const char* nome) { return {nome, FormaDoValor::TextoUsado}; }
+constexpr FormaDaColuna inteiro(const char* nome) { return {nome, FormaDoValor::Inteiro}; }
+constexpr FormaDaColuna casas(const char* nome) { return {nome, FormaDoValor::Casas}; }
+constexpr FormaDaColuna dinheiro(const char* nome) { return {nome, FormaDoValor::Dinheiro}; }
+constexpr FormaDaColuna decimal(const char* nome) { return {nome, FormaDoValor::Decimal}; }
+constexpr FormaDaColuna data(const char* nome) { return {nome, FormaDoValor::DataHora}; }
+constexpr FormaDaColuna dataOuNulo(const char* nome) { return {nome, FormaDoValor::DataHora, true}; }
+constexpr FormaDaColuna letra(const char* nome) { return {nome, FormaDoValor::Letra}; }
+constexpr FormaDaColuna simNao(const char* nome) { return {nome, FormaDoValor::SimNao}; }
+constexpr FormaDaColuna naoImpressa(const char* nome) { return {nome, FormaDoValor::NaoImpressa, true}; }
 
 // A period takes its documents through their reductions. Of the reductions and detail tapes themselves, and
 // of all tables of a few rows, every row is looked at: one that has left its period by mistake is meant too.
@@ -40,7 +40,7 @@ const std::array<FormaDaTabela, 20> kFormas = {{
     {"dados_ecf", "num_serie", 1, 1, nullptr, {{
         texto("num_serie"), texto("modelo"), texto("tipo"), texto("marca"), inteiro("num_caixa")}}},
     {"dados_usuario", "seq_usuario", 1, 1, nullptr, {{
-        inteiro("seq_usuario"), {"cnpj", Forma::Cnpj}, usado("ie"), texto("razao_social"),
+        inteiro("seq_usuario"), {"cnpj", FormaDoValor::Cnpj}, usado("ie"), texto("razao_social"),
         texto("endereco"), dataOuNulo("data_hora_gravacao"), inteiro("cont_cro"), dinheiro("valor_gt")}}},
     {"versao_sb", "num_sequencia", 1, 0, nullptr, {{
         texto("versao"), dataOuNulo("data_hora_gravacao"), inteiro("num_sequencia")}}},
@@ -69,7 +69,7 @@ const std::array<FormaDaTabela, 20> kFormas = {{
         inteiro("cont_ccf"), inteiro("cont_coo"), inteiro("cont_crz"), data("data_hora_emissao"),
         dinheiro("valor_subtotal"), dinheiro("valor_desconto"), dinheiro("valor_acrescimo"), dinheiro("valor_total"),
         dinheiro("valor_canc_acrescimo"), simNao("id_cancelado"), usado("nome_consumidor"),
-        {"cpf_cnpj_consumidor", Forma::CpfOuCnpj}, naoImpressa("tipo_acrescimo"), naoImpressa("tipo_desconto"),
+        {"cpf_cnpj_consumidor", FormaDoValor::CpfOuCnpj}, naoImpressa("tipo_acrescimo"), naoImpressa("tipo_desconto"),
         naoImpressa("perc_desconto"), naoImpressa("perc_acrescimo"), texto("texto_suplementar"),
         texto("texto_complementar"), texto("assinatura_documento")}}},
     {"item_cupom_fiscal", "cont_coo,seq_item", 0, 0, kDoCupomFiscal, {{
@@ -80,13 +80,13 @@ const std::array<FormaDaTabela, 20> kFormas = {{
         casas("casas_decimais_valor"), naoImpressa("perc_acrescimo"), naoImpressa("perc_desconto")}}},
     {"outros_documentos", "cont_coo", 0, 0, kDaReducao, {{
         inteiro("cont_coo"), inteiro("cont_gnf"), inteiro("cont_grg"), inteiro("cont_cdc"), inteiro("cont_crz"),
-        {"id_tipo_documento", Forma::TipoDeDocumento}, data("data_hora_fim_emissao")}}},
+        {"id_tipo_documento", FormaDoValor::TipoDeDocumento}, data("data_hora_fim_emissao")}}},
     {"cupom_nf", "cont_coo", 0, 0, kDaReducao, {{
         inteiro("cont_coo"), inteiro("cont_gnf"), inteiro("cont_crz"), dataOuNulo("data_hora_emissao"),
         dinheiro("valor_subtotal"), dinheiro("valor_desconto"), dinheiro("valor_acrescimo"),
         dinheiro("valor_total_cupom"), dinheiro("valor_canc_acrescimo"), simNao("id_cancelado"),
         letra("tipo_acrescimo"), letra("tipo_desconto"), usado("nome_consumidor"),
-        {"cpf_cnpj_consumidor", Forma::CpfOuCnpj}}}},
+        {"cpf_cnpj_consumidor", FormaDoValor::CpfOuCnpj}}}},
     {"item_cupom_nf", "cont_coo,seq_item", 0, 0, kDoCupomNf, {{
         inteiro("cont_coo"), inteiro("seq_item"), inteiro("indice_totalizador_nf"), dinheiro("valor_total"),
         dinheiro("valor_desconto"), dinheiro("valor_acrescimo"), dinheiro("valor_total_liquido"),
@@ -159,7 +159,7 @@ const std::array<Unicidade, 16> kUnicidades = {{
     {"meio_pagamento", "num_indice", kDobraNome},
 }};
 
-const std::array<Busca, 14> kBuscas = {{
+const std::array<BuscaPorColuna, 14> kBuscas = {{
     {"reducao_z", "data_movimento"},
     {"reducao_z", "cont_crz"},
     {"totalizador_reducao", "cont_crz"},

@@ -9,7 +9,7 @@
 namespace cotepe {
 
 /// What a value must look like. How long it may be is said by the fields that it ends up in.
-enum class Forma : std::uint8_t {
+enum class FormaDoValor : std::uint8_t {
   Texto,            // no longer than its field
   TextoUsado,       // of any length: its field holds the first bytes
   Inteiro,          // digits alone
@@ -27,7 +27,7 @@ enum class Forma : std::uint8_t {
 
 struct FormaDaColuna {
   const char* nome;
-  Forma forma;
+  FormaDoValor forma;
   bool aceitaNulo = false;
 };
 
@@ -71,9 +71,9 @@ struct Unicidade {
 extern const std::array<Unicidade, 16> kUnicidades;
 
 /// Columns that the queries search by.
-struct Busca {
+struct BuscaPorColuna {
   const char *tabela, *coluna;
 };
-extern const std::array<Busca, 14> kBuscas;
+extern const std::array<BuscaPorColuna, 14> kBuscas;
 
 }  // namespace cotepe

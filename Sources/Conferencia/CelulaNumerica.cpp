@@ -6,8 +6,9 @@
 #include "Conferencia/Celula.h"
 #include "Financial.h"
 #include "Idioma/Idioma.h"
+#include "Leiaute/NumeroFiscal.h"
+#include "Leiaute/Releitura.h"
 #include "Leiaute/Texto.h"
-#include "Leitor/NumeroFiscal.h"
 #include "Registros/Catalogo.h"
 
 namespace cotepe {
@@ -99,19 +100,12 @@ bool naForma(std::string_view texto) {
   return true;
 }
 
-int numeroEm(std::string_view texto, std::size_t posicao, std::size_t quantos) {
-  int valor = 0;
-  for (std::size_t i = posicao; i < posicao + quantos; ++i) valor = valor * 10 + (texto[i] - '0');
-  return valor;
-}
-
+// Of a text in that form.
 bool existe(std::string_view dataHora) {
-  static constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const int ano = numeroEm(dataHora, 0, 4), mes = numeroEm(dataHora, 5, 2), dia = numeroEm(dataHora, 8, 2);
-  if (ano < 1 || mes < 1 || mes > 12 || dia < 1) return false;
-  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
-  return dia <= kDias[mes - 1] + (mes == 2 && bissexto ? 1 : 0) && numeroEm(dataHora, 11, 2) < 24 &&
-         numeroEm(dataHora, 14, 2) < 60 && numeroEm(dataHora, 17, 2) < 60;
+  std::string digitos(dataHora);
+  digitos.erase(std::remove_if(digitos.begin(), digitos.end(), [](char c) { return !digito(c); }),
+                digitos.end());
+  return dataPossivel(digitos.substr(0, 8)) && horaPossivel(digitos.substr(8));
 }
 
 // The user's and the printer's number are kept in texts as short as their fields, and so lose their end.

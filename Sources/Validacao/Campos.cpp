@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Idioma/Idioma.h"
+#include "Leiaute/NumeroFiscal.h"
 #include "Leiaute/Releitura.h"
-#include "Leitor/NumeroFiscal.h"
 #include "Validacao/Familia.h"
 
 namespace cotepe {

@@ -4,7 +4,7 @@
 #include <cerrno>
 
 #include "Achados/SaidaDeAchados.h"
-#include "Leitor/NumeroFiscal.h"
+#include "Leiaute/NumeroFiscal.h"
 #include "Relatorio.h"
 
 namespace cotepe {

@@ -1,8 +1,8 @@
 // What the bytes of a field say.
 #include <gtest/gtest.h>
 
+#include "Leiaute/NumeroFiscal.h"
 #include "Leiaute/Releitura.h"
-#include "Leitor/NumeroFiscal.h"
 
 namespace cotepe {
 namespace {

@@ -63,8 +63,9 @@ TEST(Destinos, OfANumberAreFieldsOfNumbers) {
   for (const FormaDaTabela& tabela : kFormas)
     for (const FormaDaColuna& coluna : tabela.colunas) {
       if (coluna.nome == nullptr) break;
-      if (coluna.forma != Forma::Inteiro && coluna.forma != Forma::Dinheiro &&
-          coluna.forma != Forma::Decimal && coluna.forma != Forma::Cnpj && coluna.forma != Forma::CpfOuCnpj)
+      if (coluna.forma != FormaDoValor::Inteiro && coluna.forma != FormaDoValor::Dinheiro &&
+          coluna.forma != FormaDoValor::Decimal && coluna.forma != FormaDoValor::Cnpj &&
+          coluna.forma != FormaDoValor::CpfOuCnpj)
         continue;
       for (const Destino& destino : destinosDe(tabela.nome, coluna.nome, {}))
         EXPECT_TRUE(numerica(destino.campo->especie)) << tabela.nome << '.' << coluna.nome;

@@ -50,8 +50,8 @@ std::string certo(Sorteio& sorteio, const FormaDaColuna& coluna, const std::vect
   if (coluna.aceitaNulo && sorteio.umaEm(4)) return "NULL";
   const int bytes = largura(destinos);
   switch (coluna.forma) {
-    case Forma::Texto:
-    case Forma::TextoUsado: {
+    case FormaDoValor::Texto:
+    case FormaDoValor::TextoUsado: {
       const bool exato =
           !destinos.empty() && std::any_of(destinos.begin(), destinos.end(), [](const Destino& destino) {
             return destino.campo->especie == Especie::ComoEsta && destino.registro == &kE05;
@@ -59,27 +59,28 @@ std::string certo(Sorteio& sorteio, const FormaDaColuna& coluna, const std::vect
       const int quantos = exato || sorteio.umaEm(2) ? bytes : sorteio.entre(0, bytes);
       return '\'' + sorteia(sorteio, kVisiveis, quantos) + '\'';
     }
-    case Forma::Inteiro:
+    case FormaDoValor::Inteiro:
       return '\'' + sorteia(sorteio, kDigitos, sorteio.umaEm(2) ? bytes : sorteio.entre(1, bytes)) + '\'';
-    case Forma::Casas:
+    case FormaDoValor::Casas:
       return sorteio.escolhe<std::string>({"2", "3", "'2'", "'3'"});
-    case Forma::Dinheiro:
-    case Forma::Decimal:
-      return '\'' + quantia(sorteio, maximo ? 12 : bytes - (coluna.forma == Forma::Decimal ? 3 : 2)) + '\'';
-    case Forma::DataHora:
+    case FormaDoValor::Dinheiro:
+    case FormaDoValor::Decimal:
+      return '\'' + quantia(sorteio, maximo ? 12 : bytes - (coluna.forma == FormaDoValor::Decimal ? 3 : 2)) +
+             '\'';
+    case FormaDoValor::DataHora:
       return '\'' + dataHora(sorteio) + '\'';
-    case Forma::Cnpj:
+    case FormaDoValor::Cnpj:
       return sorteio.escolhe<std::string>({"'11222333000181'", "'00000000000191'"});
-    case Forma::CpfOuCnpj:
+    case FormaDoValor::CpfOuCnpj:
       return sorteio.escolhe<std::string>(
           {"''", "'52998224725'", "'00052998224725'", "'11222333000181'", "0"});
-    case Forma::Letra:
+    case FormaDoValor::Letra:
       return sorteio.escolhe<std::string>({"'V'", "'P'", "'A'", "'T'", "' '", "1"});
-    case Forma::SimNao:
+    case FormaDoValor::SimNao:
       return sorteio.escolhe<std::string>({"'S'", "'N'"});
-    case Forma::TipoDeDocumento:
+    case FormaDoValor::TipoDeDocumento:
       return sorteio.escolhe<std::string>({"'CN'", "'RG'", "'CC'", "'NC'", "'RZ'"});
-    case Forma::NaoImpressa:
+    case FormaDoValor::NaoImpressa:
       break;
   }
   return "'anything'";

@@ -46,12 +46,6 @@ Defeito defeitoDoTexto(std::string_view bytes) noexcept {
 
 int dois(const char* p) noexcept { return (p[0] - '0') * 10 + (p[1] - '0'); }
 
-int diasDoMes(int ano, int mes) noexcept {
-  static constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
-  return mes == 2 && bissexto ? 29 : kDias[mes - 1];
-}
-
 }  // namespace
 
 bool soDigitos(std::string_view bytes) noexcept {
@@ -77,6 +71,12 @@ bool leNumero(std::string_view bytes, std::int64_t& valor) noexcept {
   }
   valor = lido;
   return true;
+}
+
+int diasDoMes(int ano, int mes) noexcept {
+  static constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
+  return mes == 2 && bissexto ? 29 : kDias[mes - 1];
 }
 
 bool dataPossivel(std::string_view bytes) noexcept {

@@ -45,6 +45,9 @@ bool soBrancos(std::string_view bytes) noexcept;
 /// nothing read, for other bytes, for none, and beyond 64 bits.
 bool leNumero(std::string_view bytes, std::int64_t& valor) noexcept;
 
+/// Days of a month, 1 to 12, of the Gregorian calendar.
+int diasDoMes(int ano, int mes) noexcept;
+
 /// AAAAMMDD, with leap years of the Gregorian calendar, from the year 1 on; and HHMMSS up to 235959.
 bool dataPossivel(std::string_view bytes) noexcept;
 bool horaPossivel(std::string_view bytes) noexcept;

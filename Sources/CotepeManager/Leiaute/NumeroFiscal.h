@@ -5,6 +5,14 @@
 
 namespace cotepe {
 
+///@{
+/// The weights of the digits in front of a check digit rise from 2 at the last one to this, and begin again.
+constexpr int kMaiorPesoDoCnpj = 9, kMaiorPesoDoCpf = 11;
+///@}
+
+/// The check digit (modulo 11) that the digits ask for.
+char digitoVerificador(std::string_view digitos, int maiorPeso) noexcept;
+
 /// The fields hold 14 digits; a CPF has three zeros in front.
 bool cnpjValido(std::string_view digitos) noexcept;
 bool cpfValido(std::string_view digitos) noexcept;

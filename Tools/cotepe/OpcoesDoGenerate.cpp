@@ -30,7 +30,7 @@ void exigeForaDoBanco(const std::string& opcao, const std::string& arquivo, cons
 
 }  // namespace
 
-Periodo confere(const OpcoesDoGenerate& opcoes) {
+PeriodoDaGeracao confere(const OpcoesDoGenerate& opcoes) {
   const auto [de, ate] = periodoInteiro(opcoes.periodo);
   if (opcoes.guardaParcial && opcoes.paraStdout())
     usoErrado(traduz("--keep-partial needs a file to keep, and --output - is none"));

@@ -23,12 +23,12 @@ struct OpcoesDoGenerate {
   bool paraStdout() const { return saida == "-"; }
 };
 
-struct Periodo {
+struct PeriodoDaGeracao {
   Dia de, ate;
 };
 
 /// Checks what can be checked before a file is touched. Throws Falha (kUsoErrado).
-Periodo confere(const OpcoesDoGenerate& opcoes);
+PeriodoDaGeracao confere(const OpcoesDoGenerate& opcoes);
 
 /// Throws Falha (kUsoErrado) where the report, which goes to `destino`, or the log would be written over the
 /// database or over each other.

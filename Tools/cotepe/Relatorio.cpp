@@ -58,7 +58,7 @@ void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) 
                                  {faltam, saida.guardaParcial()}));
 }
 
-void gera(const OpcoesDoGenerate& opcoes, const Periodo& periodo, sqlite3* banco,
+void gera(const OpcoesDoGenerate& opcoes, const PeriodoDaGeracao& periodo, sqlite3* banco,
           HospedeiroDoPrograma& hospedeiro, Saida& saida) {
   const auto continua = [](void* quem) {
     return static_cast<HospedeiroDoPrograma*>(quem)->continua() ? 0 : 1;
@@ -92,7 +92,7 @@ void ouAbandona(Saida& saida, const Passos& passos) {
 }  // namespace
 
 void geraRelatorio(const OpcoesDoGenerate& opcoes) {
-  const Periodo periodo = confere(opcoes);
+  const PeriodoDaGeracao periodo = confere(opcoes);
   if (!opcoes.semNome()) exigeArquivosDistintos(opcoes, opcoes.saida);
   ArquivoDeLog log;
   abreLog(log, opcoes.log);

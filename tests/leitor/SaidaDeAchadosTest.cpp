@@ -1,7 +1,5 @@
 // Findings as people and programs get them, word for word.
 #include <gtest/gtest.h>
-#include <pty.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <sstream>
@@ -11,6 +9,7 @@
 #include "Achados/SaidaDeAchados.h"
 #include "Achados/Trecho.h"
 #include "Idioma/Utf8.h"
+#include "PseudoTerminal.h"
 
 namespace cotepe {
 namespace {
@@ -147,8 +146,9 @@ TEST(SaidaDeAchados, ColoursAreForTerminals) {
 }
 
 TEST(SaidaDeAchados, OnATerminalOnlyAFilledNoColorTakesTheColoursAway) {
-  int mestre = -1, terminal = -1;
-  ASSERT_EQ(openpty(&mestre, &terminal, nullptr, nullptr, nullptr), 0);
+  EXIGE_TERMINAL();
+  const PseudoTerminal aberto;
+  const int terminal = aberto.descritor();
   unsetenv("NO_COLOR");
   EXPECT_TRUE(SaidaDeAchados::opcoesPara(terminal).cores);
   setenv("NO_COLOR", "", 1);
@@ -157,8 +157,6 @@ TEST(SaidaDeAchados, OnATerminalOnlyAFilledNoColorTakesTheColoursAway) {
   EXPECT_FALSE(SaidaDeAchados::opcoesPara(terminal).cores);
   EXPECT_TRUE(SaidaDeAchados::opcoesPara(terminal).comLinha);
   unsetenv("NO_COLOR");
-  close(terminal);
-  close(mestre);
 }
 
 TEST(SaidaDeAchados, FormatsHaveNames) {

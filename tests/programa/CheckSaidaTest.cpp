@@ -1,13 +1,9 @@
 // What cotepe check and validate write: SARIF, values with a zero byte, counts, terminals, and what a signal
 // leaves.
-#include <fcntl.h>
-#include <poll.h>
-#include <pty.h>
-#include <unistd.h>
-
 #include <csignal>
 
 #include "Cena.h"
+#include "PseudoTerminal.h"
 
 namespace {
 
@@ -23,40 +19,6 @@ class CheckSaida : public Cena {
   }
   Fim checa(const std::vector<std::string>& mais = {}) const { return roda(check(mais), pasta()); }
   void sql(const std::string& texto) const { Banco(em("loja.db")).sql(texto); }
-};
-
-// A terminal to write to; what is written there, its line ends as they were.
-class Terminal {
- public:
-  Terminal() {
-    char nome[64] = "";
-    EXPECT_EQ(openpty(&mestre_, &escravo_, nome, nullptr, nullptr), 0);
-    nome_ = nome;
-  }
-  ~Terminal() {
-    close(mestre_);
-    close(escravo_);
-  }
-  Terminal(const Terminal&) = delete;
-  Terminal& operator=(const Terminal&) = delete;
-
-  const std::string& nome() const { return nome_; }
-  std::string lido() {
-    std::string texto;
-    char bloco[4096];
-    for (pollfd pronto{mestre_, POLLIN, 0}; poll(&pronto, 1, 0) > 0 && (pronto.revents & POLLIN) != 0;) {
-      const ssize_t lidos = read(mestre_, bloco, sizeof bloco);
-      if (lidos <= 0) break;
-      texto.append(bloco, static_cast<std::size_t>(lidos));
-    }
-    for (std::size_t i = texto.find("\r\n"); i != std::string::npos; i = texto.find("\r\n", i))
-      texto.erase(i, 1);
-    return texto;
-  }
-
- private:
-  int mestre_ = -1, escravo_ = -1;
-  std::string nome_;
 };
 
 constexpr char kMoeda[] =
@@ -117,10 +79,11 @@ TEST_F(CheckSaida, TheCountsStayWholeWhateverIsShown) {
 }
 
 TEST_F(CheckSaida, OnATerminalItHasColoursAndNeverWithNoColor) {
+  EXIGE_TERMINAL();
   sql("DROP TABLE moeda");
   const std::string inicio = "loja.db: moeda: ", fim = std::string(" table-missing E06: ") + kMoeda;
   const auto noTerminal = [&](const char* semCores) {
-    Terminal terminal;
+    PseudoTerminal terminal;
     Processo processo(check());
     processo.naPasta(pasta()).comAmbiente("NO_COLOR", semCores).comSaidaEm(terminal.nome());
     EXPECT_EQ(processo.inicia().espera().situacao, 1);
@@ -132,6 +95,7 @@ TEST_F(CheckSaida, OnATerminalItHasColoursAndNeverWithNoColor) {
 }
 
 TEST_F(CheckSaida, ValidateShowsLineAndCaretOnATerminalAlone) {
+  EXIGE_TERMINAL();
   const std::string linha = "X10" + std::string(81, ' ');
   escreveArquivo(em("r.txt"), linha + "\n");
   const std::vector<std::string> validate = {"validate", "r.txt", "--max-findings", "1"};
@@ -139,7 +103,7 @@ TEST_F(CheckSaida, ValidateShowsLineAndCaretOnATerminalAlone) {
   const std::string achado = "r.txt:1: error unknown-register: ";
   EXPECT_EQ(fora.substr(0, achado.size()), achado);
   EXPECT_EQ(fora.find("\n  X10"), std::string::npos);
-  Terminal terminal;
+  PseudoTerminal terminal;
   Processo processo(validate);
   processo.naPasta(pasta()).comAmbiente("NO_COLOR", "1").comSaidaEm(terminal.nome()).inicia().espera();
   const std::string nele = terminal.lido();

@@ -132,8 +132,18 @@ void Processo::recolhe(std::optional<int> estado) {
   estado_ = estado.value_or(0);
 }
 
+// In the child: every signal does what it does by default, whatever the one that runs the tests ignores or
+// blocks.
+void Processo::recebeTodosOsSinais() {
+  for (int sinal = 1; sinal < NSIG; ++sinal) static_cast<void>(std::signal(sinal, SIG_DFL));
+  sigset_t nenhum;
+  sigemptyset(&nenhum);
+  sigprocmask(SIG_SETMASK, &nenhum, nullptr);
+}
+
 // In the child: becomes the program, or ends with 127.
 void Processo::torna() {
+  recebeTodosOsSinais();
   prctl(PR_SET_PDEATHSIG, SIGKILL);  // no run outlives a test that is killed
   dup2(saida_[1], STDOUT_FILENO);
   dup2(erros_[1], STDERR_FILENO);

@@ -45,6 +45,7 @@ class Processo {
 
  private:
   [[noreturn]] void torna();
+  static void recebeTodosOsSinais();
   void recolhe(std::optional<int> estado);
   void abreTubos();
   void le(int tubo, std::string& texto);

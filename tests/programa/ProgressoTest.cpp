@@ -2,6 +2,7 @@
 #include <csignal>
 
 #include "Cena.h"
+#include "PseudoTerminal.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ class NoTerminal : public Cena {
 };
 
 TEST_F(NoTerminal, ShowsTheRegisterAndTheSecondsWhileItRuns) {
+  EXIGE_TERMINAL();
   criaBanco(kMoedaSemFim);
   Processo processo(generate({"--output", "r.txt"}));
   const std::string erros = errosDe(processo.naPasta(pasta()).comErrosNoTerminal());
@@ -34,6 +36,7 @@ TEST_F(NoTerminal, ShowsTheRegisterAndTheSecondsWhileItRuns) {
 }
 
 TEST_F(NoTerminal, QuietShowsNone) {
+  EXIGE_TERMINAL();
   criaBanco(kMoedaSemFim);
   Processo processo(generate({"--output", "r.txt", "--quiet"}));
   EXPECT_EQ(errosDe(processo.naPasta(pasta()).comErrosNoTerminal()),
@@ -48,6 +51,7 @@ TEST_F(NoTerminal, OtherwiseThereIsNone) {
 }
 
 TEST_F(NoTerminal, SummaryFollowsTheErasedLine) {
+  EXIGE_TERMINAL();
   criaBanco(kMoedaLenta);
   Processo processo(generate({"--output", "r.txt", "--command", "MF"}));
   const Fim fim = processo.naPasta(pasta()).comErrosNoTerminal().inicia().espera();

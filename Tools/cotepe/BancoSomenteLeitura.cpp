@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <fstream>
 
 #include "Idioma/Idioma.h"
 #include "Sistema/Arquivo.h"
@@ -20,6 +21,13 @@ constexpr char kPreparo[] =
     "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON; BEGIN";
 // The bound of the cache is that of the sorter too: 64 MiB are sorted in memory, 3 % of a run less.
 constexpr char kPrimeiraLeitura[] = "SELECT count(*) FROM sqlite_schema; PRAGMA cache_size = -65536";
+
+// Whether a file that is no database begins as a report does.
+bool pareceRelatorio(const std::string& caminho) {
+  std::string inicio(3, '\0');
+  std::ifstream arquivo(caminho, std::ios::binary);
+  return arquivo.read(inicio.data(), 3) && inicio == "E01";
+}
 
 // A journal that its writer removes just while it is looked at, by a ROLLBACK, seems to be one that was left
 // behind: a connection that may not write cannot make sure, but it can look again.
@@ -44,7 +52,9 @@ std::string explica(sqlite3* banco, const std::string& caminho, std::chrono::mil
           "when that is done, or wait longer with --busy-timeout",
           {caminho, std::to_string(espera.count())});
     case SQLITE_NOTADB:
-      return frase("cannot read the database {1}: it is not an SQLite database", {caminho});
+      return pareceRelatorio(caminho)
+                 ? frase("cannot read the database {1}: it is a report, not a database", {caminho})
+                 : frase("cannot read the database {1}: it is not an SQLite database", {caminho});
     case SQLITE_CORRUPT:
       return frase("cannot read the database {1}: {2}; restore it from a copy", {caminho, motivo});
     case SQLITE_CANTOPEN:

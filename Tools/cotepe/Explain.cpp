@@ -186,9 +186,7 @@ void escreve(const OpcoesDoExplain& opcoes, const LinhaExplicada& linha) {
 void executa(const OpcoesDoExplain& opcoes) {
   const LugarNoRelatorio lugar = lugarNoRelatorio(opcoes.lugar);
   const bool doStdin = lugar.arquivo == "-";
-  if (doStdin && !opcoes.banco.empty())
-    throw Falha(kUsoErrado,
-                traduz("with --db the report is read more than once, so it cannot be stdin; name a file"));
+  if (!opcoes.banco.empty()) exigeRelatorioRelivel(lugar.arquivo);
   LinhaPedida pedida;
   leLinha(lugar, pedida);
   const std::string nome = doStdin ? "stdin" : lugar.arquivo;

@@ -20,10 +20,12 @@ Descritor abre(const std::string& caminho) {
 
 }  // namespace
 
-RelatorioLido::RelatorioLido(const std::string& caminho)
+RelatorioLido::RelatorioLido(const std::string& caminho, bool vazioServe)
     : nome_(caminho == "-" ? "stdin" : caminho),
       arquivo_(abre(caminho)),
-      linhas_([this](char* destino, std::size_t tamanho) { return le(destino, tamanho); }) {}
+      conteudo_([this](char* destino, std::size_t tamanho) { return le(destino, tamanho); }, nome_,
+                vazioServe),
+      linhas_([this](char* destino, std::size_t tamanho) { return conteudo_.le(destino, tamanho); }) {}
 
 long RelatorioLido::le(char* destino, std::size_t tamanho) const {
   for (;;) {
@@ -37,6 +39,14 @@ void RelatorioLido::confereLeitura() const {
   if (linhas_.erro() == 0) return;
   throw Falha(kUsoErrado,
               frase("cannot read the report {1} to its end: {2}", {nome_, motivoDoSistema(linhas_.erro())}));
+}
+
+void exigeRelatorioRelivel(const std::string& caminho) {
+  struct stat situacao {};
+  const bool ha = caminho != "-" && stat(caminho.c_str(), &situacao) == 0;
+  if (caminho != "-" && (!ha || S_ISREG(situacao.st_mode) || S_ISDIR(situacao.st_mode))) return;
+  throw Falha(kUsoErrado, frase("{1}: the report is read more than once, so it must be a file",
+                                {caminho == "-" ? "stdin" : caminho}));
 }
 
 }  // namespace cotepe::programa

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "ConteudoDoRelatorio.h"
 #include "Leitor/LeitorDeLinhas.h"
 #include "Sistema/Arquivo.h"
 
@@ -10,10 +11,12 @@ namespace cotepe::programa {
 
 class RelatorioLido {
  public:
-  /// Opens the file, "-" being stdin. Throws Falha (kUsoErrado: the command could not run).
-  explicit RelatorioLido(const std::string& caminho);
+  /// Opens the file, "-" being stdin; it may be under gzip, and empty where
+  /// `vazioServe`. Throws Falha (kUsoErrado: the command could not run).
+  explicit RelatorioLido(const std::string& caminho, bool vazioServe = false);
 
-  /// Reading throws Interrupcao when a signal comes.
+  /// Reading throws Interrupcao when a signal comes, and Falha (kUsoErrado) at the first bytes of a file that
+  /// is no report.
   LeitorDeLinhas& linhas() { return linhas_; }
 
   /// What users call it.
@@ -27,7 +30,12 @@ class RelatorioLido {
 
   std::string nome_;
   Descritor arquivo_;
+  ConteudoDoRelatorio conteudo_;
   LeitorDeLinhas linhas_;
 };
+
+/// Throws Falha (kUsoErrado) where a report cannot be read more than once, as a command is about to do:
+/// stdin, a pipe, a device.
+void exigeRelatorioRelivel(const std::string& caminho);
 
 }  // namespace cotepe::programa

@@ -48,7 +48,7 @@ class Verificacao {
 
   void confronta(const Ajuste& ajuste, RecebeAchados& saida) {
     const auto gerado = gera(ajuste);
-    RelatorioLido esperado(gerado->temporario()), encontrado(opcoes_.relatorio);
+    RelatorioLido esperado(gerado->temporario(), true), encontrado(opcoes_.relatorio);
     progresso_.limpa();
     Comparacao(saida, {frase("the report of {1}", {opcoes_.banco}), encontrado.nome(), false, true})
         .compara(esperado.linhas(), encontrado.linhas());
@@ -114,8 +114,7 @@ const Ajuste& melhor(Verificacao& verificacao, const std::vector<Ajuste>& ajuste
 }
 
 void executa(const OpcoesDoVerify& opcoes) {
-  if (opcoes.relatorio == "-")
-    throw Falha(kUsoErrado, traduz("the report is read twice, so it cannot be stdin; name a file"));
+  exigeRelatorioRelivel(opcoes.relatorio);
   RelatorioLido relatorio(opcoes.relatorio);
   const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
   relatorio.confereLeitura();

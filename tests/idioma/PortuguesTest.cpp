@@ -85,7 +85,7 @@ const Recusa kRecusas[] = {
     {{"validate"}, "falta FILE; informe um relatório, ou - para a entrada padrão"},
     {{"diff", "-", "-"}, "A e B são ambos a entrada padrão; dê o nome de um dos relatórios"},
     {{"verify", "--db", "a", "-"},
-     "o relatório é lido duas vezes e não pode vir da entrada padrão; dê o nome de um arquivo"},
+     "stdin: o relatório é lido mais de uma vez, por isso precisa ser um arquivo"},
     {{"explain", "r.txt"},
      "r.txt: falta a linha; escreva um relatório e uma linha, como em report.txt:12, ou também uma coluna, como em "
      "report.txt:12:50"},

@@ -488,7 +488,7 @@ TEST_F(Explain, StdinIsNotReadTwice) {
   EXPECT_EQ(fim.situacao, 2);
   EXPECT_EQ(
       fim.erros,
-      "cotepe: error: with --db the report is read more than once, so it cannot be stdin; name a file\n");
+      "cotepe: error: stdin: the report is read more than once, so it must be a file\n");
 }
 
 TEST_F(Explain, WhatIsNotThereIsRefused) {
@@ -503,7 +503,7 @@ TEST_F(Explain, WhatIsNotThereIsRefused) {
   } kRecusas[] = {
       {{"r.txt:1:56"}, "r.txt:1:56: the line has only 55 bytes; its fields take the columns 1 to 55\n"},
       {{"r.txt:3"}, "r.txt:3: the report has only 2 lines\n"},
-      {{"vazio.txt:1"}, "vazio.txt:1: the report has no lines\n"},
+      {{"vazio.txt:1"}, "cannot read the report vazio.txt: it is empty\n"},
       {{"r.txt:2"},
        "r.txt:2: the line does not begin with the code of a register; cotepe validate says more\n"},
       {{"r.txt"}, std::string("r.txt") + kForma},

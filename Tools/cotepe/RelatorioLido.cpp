@@ -1,5 +1,8 @@
 #include "RelatorioLido.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include <cerrno>
 
 #include "Idioma/Idioma.h"
@@ -42,9 +45,12 @@ void RelatorioLido::confereLeitura() const {
 }
 
 void exigeRelatorioRelivel(const std::string& caminho) {
-  struct stat situacao {};
-  const bool ha = caminho != "-" && stat(caminho.c_str(), &situacao) == 0;
-  if (caminho != "-" && (!ha || S_ISREG(situacao.st_mode) || S_ISDIR(situacao.st_mode))) return;
+  std::error_code erro;
+  const auto tipo = std::filesystem::status(caminho, erro).type();
+  const bool outra = tipo != std::filesystem::file_type::regular &&
+                     tipo != std::filesystem::file_type::directory &&
+                     tipo != std::filesystem::file_type::not_found;
+  if (caminho != "-" && (erro || !outra)) return;
   throw Falha(kUsoErrado, frase("{1}: the report is read more than once, so it must be a file",
                                 {caminho == "-" ? "stdin" : caminho}));
 }

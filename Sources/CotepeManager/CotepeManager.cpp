@@ -1,15 +1,13 @@
 #include "CotepeManager.h"
 
-#include <sqlite3.h>
-
 #include <cerrno>
 #include <cstring>
 #include <new>
 
+#include "ArquivosDoBanco.h"
 #include "ExecucaoSqlite.h"
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
-#include "Sistema/ConflitoDeArquivos.h"
 #include "Sistema/Arquivo.h"
 
 namespace {
@@ -37,30 +35,10 @@ void copiaSeHouver(char (&destino)[N], const char* texto) {
   if (*texto != '\0') cotepe::copiaLimitada(destino, texto);
 }
 
-// The name of the n-th database of a connection, attached ones included; null behind the last.
-const char* nomeDoBanco(sqlite3* banco, int n) {
-#if SQLITE_VERSION_NUMBER >= 3039000
-  return sqlite3_db_name(banco, n);
-#else
-  static_cast<void>(banco);
-  return n == 0 ? "main" : nullptr;
-#endif
-}
-
-// Whether the report would be written over what the connection reads. One in memory, or none, has no file.
-bool arruinaOBanco(sqlite3* banco, const char* relatorio) {
-  if (banco == nullptr) return false;
-  for (int n = 0; const char* nome = nomeDoBanco(banco, n); ++n) {
-    const char* arquivo = sqlite3_db_filename(banco, nome);
-    if (arquivo != nullptr && *arquivo != '\0' && cotepe::pertenceAoBanco(relatorio, arquivo)) return true;
-  }
-  return false;
-}
-
 // What a run ends with before anything is touched; kGerado: it may begin.
 int recusa(sqlite3* banco, const char* relatorio) {
   try {
-    if (!arruinaOBanco(banco, relatorio)) return cotepe::kGerado;
+    if (!cotepe::arruinaOBanco(banco, relatorio)) return cotepe::kGerado;
     errno = EBUSY;
     return cotepe::kRelatorioNaoAberto;
   } catch (const std::bad_alloc&) {

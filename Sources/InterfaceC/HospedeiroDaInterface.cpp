@@ -1,5 +1,7 @@
 #include "HospedeiroDaInterface.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstring>
 #include <ctime>
@@ -53,7 +55,10 @@ void HospedeiroDaInterface::fixaMomento(const cotepe_time* momento) {
   relogio_ = {};
 }
 
+void HospedeiroDaInterface::falhaSemMensagem() { motivo_ = sqlite3_errmsg(banco_); }
+
 void HospedeiroDaInterface::registraLog(const char* mensagem) {
+  falhaSemMensagem();
   if (log_.funcao != nullptr) continua(log_.funcao(log_.usuario, mensagem));
 }
 

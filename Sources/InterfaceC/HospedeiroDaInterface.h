@@ -7,6 +7,8 @@
 #include "Hospedeiro.h"
 #include "cotepe.h"
 
+struct sqlite3;
+
 namespace cotepe {
 
 /// Thrown out of the run where the clock gives no time of the calendar.
@@ -18,6 +20,9 @@ struct Cancelamento {};
 /// Its callbacks may throw what they like.
 class HospedeiroDaInterface final : public Hospedeiro {
  public:
+  /// The connection that the run reads: it has the words for a failed query.
+  void fixaBanco(sqlite3* banco) { banco_ = banco; }
+
   void fixaIdentidade(const char* serial, const char* modelo, const char* tipo);  // null: unknown
   void fixaLog(cotepe_log_callback log, void* usuario) { log_ = {log, usuario}; }
   void fixaRegistros(cotepe_register_callback aviso, void* usuario) { aviso_ = {aviso, usuario}; }
@@ -27,10 +32,18 @@ class HospedeiroDaInterface final : public Hospedeiro {
   void fixaMomento(const cotepe_time* momento);
 
   /// Whether each query of each register since `comeca` ended normally.
-  void comeca() { completa_ = true; }
+  void comeca() {
+    completa_ = true;
+    motivo_.clear();
+  }
   bool completa() const { return completa_; }
 
+  /// Why the last thing failed, in the words of SQLite or of the system; empty.
+  const std::string& motivo() const { return motivo_; }
+  void fixaMotivo(const char* motivo) { motivo_ = motivo; }
+
   void registraLog(const char* mensagem) override;
+  void falhaSemMensagem() override;
   const char* serial() override { return serial_.c_str(); }
   const char* modelo() override { return modelo_.c_str(); }
   const char* tipo() override { return tipo_.c_str(); }
@@ -48,7 +61,8 @@ class HospedeiroDaInterface final : public Hospedeiro {
 
   static Carimbo carimbo(const cotepe_time& momento);
 
-  std::string serial_, modelo_, tipo_;
+  sqlite3* banco_ = nullptr;
+  std::string serial_, modelo_, tipo_, motivo_;
   Chamada<cotepe_log_callback> log_;
   Chamada<cotepe_register_callback> aviso_;
   Chamada<cotepe_clock_callback> relogio_;

@@ -1,15 +1,8 @@
 #include "cotepe.h"
 
-#include <algorithm>
-#include <iterator>
 #include <new>
-#include <string>
-#include <string_view>
 
-#include "Geracao.h"
-#include "HospedeiroDaInterface.h"
-#include "Leiaute/Releitura.h"
-#include "Posse.h"
+#include "Gerador.h"
 
 // A run's results are passed on as they are.
 static_assert(int{COTEPE_DONE} == cotepe::kGerado);
@@ -17,14 +10,6 @@ static_assert(int{COTEPE_BAD_ARGUMENT} == cotepe::kArgumentoInvalido);
 static_assert(int{COTEPE_CANNOT_OPEN} == cotepe::kRelatorioNaoAberto);
 static_assert(int{COTEPE_CANNOT_WRITE} == cotepe::kEscritaFalhou);
 static_assert(int{COTEPE_NO_IDENTITY} == cotepe::kIdentidadeFalhou);
-
-struct cotepe_generator {
-  explicit cotepe_generator(sqlite3* banco) : geracao(banco, hospedeiro) {}
-
-  cotepe::HospedeiroDaInterface hospedeiro;
-  cotepe::Geracao geracao;
-  cotepe::Posse posse;
-};
 
 namespace {
 
@@ -58,27 +43,18 @@ int ajusta(cotepe_generator* gerador, Funcao funcao) noexcept {
   });
 }
 
-// DDMMYYYY as AAAAMMDD, whose order is that of the calendar; empty when it is no day of it.
-std::string diaDoCalendario(const char* ddmmaaaa) {
-  const std::string_view dia = ddmmaaaa != nullptr ? ddmmaaaa : "";
-  if (dia.size() != 8) return {};
-  std::string invertido(dia.substr(4));
-  invertido.append(dia.substr(2, 2)).append(dia.substr(0, 2));
-  return cotepe::dataPossivel(invertido) ? invertido : std::string();
-}
-
-bool periodoValido(const char* primeiro, const char* ultimo) {
-  const std::string de = diaDoCalendario(primeiro), ate = diaDoCalendario(ultimo);
-  return !de.empty() && !ate.empty() && de <= ate;
-}
-
-bool comandoValido(const char* comando) {
-  constexpr std::string_view kComandos[] = {"MF", "MFD", "TDM", "RZ"};
-  return comando != nullptr &&
-         std::find(std::begin(kComandos), std::end(kComandos), comando) != std::end(kComandos);
-}
-
 }  // namespace
+
+int cotepe_open(const char* database, int busy_timeout, cotepe_generator** generator) noexcept {
+  if (generator == nullptr) return COTEPE_BAD_ARGUMENT;
+  *generator = nullptr;
+  if (database == nullptr || *database == '\0' || busy_timeout < 0) return COTEPE_BAD_ARGUMENT;
+  try {
+    return cotepe::abre(database, busy_timeout, *generator);
+  } catch (...) {
+    return COTEPE_NO_MEMORY;
+  }
+}
 
 int cotepe_create(sqlite3* database, cotepe_generator** generator) noexcept {
   if (generator == nullptr) return COTEPE_BAD_ARGUMENT;
@@ -126,14 +102,19 @@ int cotepe_set_time(cotepe_generator* generator, const cotepe_time* time) noexce
 
 int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
                     const char* last_day, const char* command) noexcept {
-  return comGerador(generator, [&](cotepe_generator& g) {
-    if (report == nullptr || !periodoValido(first_day, last_day) || !comandoValido(command))
-      return int{COTEPE_BAD_ARGUMENT};
-    g.hospedeiro.comeca();
-    const int resultado =
-        cotepe::Posse::comFolga([&] { return g.geracao.gera(report, first_day, last_day, command); });
-    return resultado == COTEPE_DONE && !g.hospedeiro.completa() ? int{COTEPE_INCOMPLETE} : resultado;
-  });
+  const cotepe::Pedido pedido{report, first_day, last_day, command};
+  return comGerador(generator, [&](cotepe_generator& g) { return cotepe::gera(g, pedido); });
+}
+
+int cotepe_generate_whole(cotepe_generator* generator, const char* report, const char* first_day,
+                          const char* last_day, const char* command, int replace) noexcept {
+  const cotepe::Pedido pedido{report, first_day, last_day, command};
+  return comGerador(generator,
+                    [&](cotepe_generator& g) { return cotepe::geraInteiro(g, pedido, replace != 0); });
+}
+
+const char* cotepe_reason(const cotepe_generator* generator) noexcept {
+  return generator != nullptr ? generator->hospedeiro.motivo().c_str() : "";
 }
 
 const char* cotepe_result_text(int result) noexcept {
@@ -160,6 +141,12 @@ const char* cotepe_result_text(int result) noexcept {
       return "an exception left a callback";
     case COTEPE_CANCELLED:
       return "a callback cancelled the run";
+    case COTEPE_CANNOT_READ:
+      return "the database cannot be opened or read";
+    case COTEPE_LOCKED:
+      return "the database is locked";
+    case COTEPE_NOT_A_DATABASE:
+      return "the file is no SQLite database, or is damaged";
     default:
       return "unknown result";
   }

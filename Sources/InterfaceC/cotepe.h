@@ -53,7 +53,10 @@ enum cotepe_result {
   COTEPE_BUSY = 7,         /**< the generator is running; nothing was changed */
   COTEPE_BAD_TIME = 8,     /**< the clock gave no time of the calendar; the report is empty */
   COTEPE_CALLBACK_FAILED = 9, /**< a C++ exception left a callback; the report is empty */
-  COTEPE_CANCELLED = 10       /**< a callback ended the run; the report is empty */
+  COTEPE_CANCELLED = 10,      /**< a callback ended the run; the report is empty */
+  COTEPE_CANNOT_READ = 11,    /**< the database cannot be opened or read; nothing was done */
+  COTEPE_LOCKED = 12,         /**< the database was locked for longer than the time given; nothing was done */
+  COTEPE_NOT_A_DATABASE = 13  /**< the file is no SQLite database, or is damaged; nothing was done */
 };
 
 /** Local time: a day that exists, of the years 1 to 9999. */
@@ -71,7 +74,7 @@ typedef struct cotepe_time {
    the generator's, and valid during the call only. A callback returns: neither longjmp nor the exception of
    another language may leave it, for what the run holds then stays open. */
 
-/** One message of one line, when a query failed; sqlite3_errmsg of the database still has the reason. */
+/** One message of one line, when a query failed; cotepe_reason says why. */
 typedef int (*cotepe_log_callback)(void* user, const char* message);
 
 /** Fills in the current time. *now comes as zeros, which are no time: left so, the run ends with
@@ -81,6 +84,13 @@ typedef int (*cotepe_clock_callback)(void* user, cotepe_time* now);
 /** The end of a register such as "E14": how many lines it wrote, and whether each of its queries ended
    normally (1) or not (0). */
 typedef int (*cotepe_register_callback)(void* user, const char* code, int64_t lines, int complete);
+
+/** Makes a generator over the database of that name, in UTF-8, which it opens itself, to read alone: no
+   SQLite of the host's is concerned. Each report is of one committed state. `busy_timeout`: for how many
+   milliseconds to wait for a lock, at the most. *generator is null when it fails; of COTEPE_CANNOT_READ errno
+   says why where the file is not there or may not be read. Settings as of cotepe_create. */
+COTEPE_API int cotepe_open(const char* database, int busy_timeout,
+                           cotepe_generator** generator) COTEPE_NOEXCEPT;
 
 /** Makes a generator over an open database, which stays the host's: it is only read, never closed, and must
    outlive the generator. It must come from the same SQLite library that libcotepe is linked with. Layout 1,
@@ -124,6 +134,19 @@ COTEPE_API int cotepe_set_time(cotepe_generator* generator, const cotepe_time* t
    register whose query fails is logged and the run goes on. */
 COTEPE_API int cotepe_generate(cotepe_generator* generator, const char* report, const char* first_day,
                                const char* last_day, const char* command) COTEPE_NOEXCEPT;
+
+/** As cotepe_generate, but the report appears under its name only when it is whole, and on the disk: until
+   then it is written under a temporary name in the same folder, .NAME.cotepe-XXXXXX.tmp. With any other
+   result than COTEPE_DONE nothing of that name is touched; so what COTEPE_INCOMPLETE and COTEPE_CANCELLED
+   leave is nothing. `replace`: 0 to refuse a file that is there, with COTEPE_CANNOT_OPEN and EEXIST in errno.
+ */
+COTEPE_API int cotepe_generate_whole(cotepe_generator* generator, const char* report, const char* first_day,
+                                     const char* last_day, const char* command, int replace) COTEPE_NOEXCEPT;
+
+/** Why the last query failed, or the report could not be opened or written, in the words of SQLite or of the
+   system; empty where nothing failed since the run began. Never null; valid until the next call on the
+   generator, or during the callback. */
+COTEPE_API const char* cotepe_reason(const cotepe_generator* generator) COTEPE_NOEXCEPT;
 
 /** English words for a result, never null. */
 COTEPE_API const char* cotepe_result_text(int result) COTEPE_NOEXCEPT;

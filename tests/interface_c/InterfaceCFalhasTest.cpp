@@ -32,7 +32,10 @@ TEST(InterfaceCResultado, EachHasItsText) {
       {8, "the clock gave no time of the calendar"},
       {9, "an exception left a callback"},
       {10, "a callback cancelled the run"},
-      {11, "unknown result"},
+      {11, "the database cannot be opened or read"},
+      {12, "the database is locked"},
+      {13, "the file is no SQLite database, or is damaged"},
+      {14, "unknown result"},
       {-1, "unknown result"},
   };
   for (const auto& caso : kTextos) EXPECT_STREQ(cotepe_result_text(caso.resultado), caso.texto);

@@ -1,0 +1,194 @@
+#include "Gerador.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <iterator>
+#include <new>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "ArquivosDoBanco.h"
+#include "Leiaute/Releitura.h"
+#include "Sistema/ArquivoSeguro.h"
+#include "Sistema/FalhaDeArquivo.h"
+
+namespace cotepe {
+namespace {
+
+// DDMMYYYY as AAAAMMDD, whose order is that of the calendar; empty when it is no day of it.
+std::string diaDoCalendario(const char* ddmmaaaa) {
+  const std::string_view dia = ddmmaaaa != nullptr ? ddmmaaaa : "";
+  if (dia.size() != 8) return {};
+  std::string invertido(dia.substr(4));
+  invertido.append(dia.substr(2, 2)).append(dia.substr(0, 2));
+  return dataPossivel(invertido) ? invertido : std::string();
+}
+
+bool periodoValido(const char* primeiro, const char* ultimo) {
+  const std::string de = diaDoCalendario(primeiro), ate = diaDoCalendario(ultimo);
+  return !de.empty() && !ate.empty() && de <= ate;
+}
+
+bool comandoValido(const char* comando) {
+  constexpr std::string_view kComandos[] = {"MF", "MFD", "TDM", "RZ"};
+  return comando != nullptr &&
+         std::find(std::begin(kComandos), std::end(kComandos), comando) != std::end(kComandos);
+}
+
+// The result that stands for a database which SQLite cannot read.
+int resultadoDaLeitura(int doSqlite) {
+  switch (doSqlite & 0xff) {
+    case SQLITE_BUSY:
+      return COTEPE_LOCKED;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+      return COTEPE_NOT_A_DATABASE;
+    case SQLITE_NOMEM:
+      return COTEPE_NO_MEMORY;
+    default:
+      return COTEPE_CANNOT_READ;
+  }
+}
+
+// For as long as it lives, all reads of a generator's own connection see one state. The host's is let alone.
+class Transacao {
+ public:
+  explicit Transacao(cotepe_generator& gerador) : gerador_(gerador) {
+    if (gerador.conexao == nullptr) return;
+    const int doSqlite = gerador.conexao->comeca();
+    if (doSqlite == SQLITE_OK) return;
+    resultado_ = resultadoDaLeitura(doSqlite);
+    gerador.hospedeiro.falhaSemMensagem();
+  }
+  ~Transacao() {
+    const int erro = errno;
+    if (gerador_.conexao != nullptr) gerador_.conexao->termina();
+    errno = erro;
+  }
+  Transacao(const Transacao&) = delete;
+  Transacao& operator=(const Transacao&) = delete;
+
+  int resultado() const { return resultado_; }
+
+ private:
+  cotepe_generator& gerador_;
+  int resultado_ = COTEPE_DONE;
+};
+
+bool valido(const Pedido& pedido) {
+  return pedido.relatorio != nullptr && periodoValido(pedido.primeiro, pedido.ultimo) &&
+         comandoValido(pedido.comando);
+}
+
+// The system's reason, where a file failed and it has one; errno stays. Without memory there is no reason.
+void explicaArquivo(cotepe_generator& gerador, int resultado) noexcept {
+  const int erro = errno;
+  if ((resultado != COTEPE_CANNOT_OPEN && resultado != COTEPE_CANNOT_WRITE) || erro == 0) return;
+  try {
+    gerador.hospedeiro.fixaMotivo(std::generic_category().message(erro).c_str());
+  } catch (const std::bad_alloc&) {
+    gerador.hospedeiro.fixaMotivo("");
+  }
+  errno = erro;
+}
+
+int geraEm(cotepe_generator& gerador, const Pedido& pedido, const char* arquivo) {
+  const int resultado = Posse::comFolga(
+      [&] { return gerador.geracao.gera(arquivo, pedido.primeiro, pedido.ultimo, pedido.comando); });
+  return resultado == COTEPE_DONE && !gerador.hospedeiro.completa() ? int{COTEPE_INCOMPLETE} : resultado;
+}
+
+// The result of a file that failed, with errno.
+int resultadoDoArquivo(const FalhaDeArquivo& falha) {
+  switch (falha.passo()) {
+    case PassoDeArquivo::NomeDePasta:
+    case PassoDeArquivo::Pasta:
+      errno = EISDIR;
+      return COTEPE_CANNOT_OPEN;
+    case PassoDeArquivo::NaoRegular:
+      errno = EINVAL;
+      return COTEPE_CANNOT_OPEN;
+    case PassoDeArquivo::Existe:
+      errno = EEXIST;
+      return COTEPE_CANNOT_OPEN;
+    default:
+      errno = falha.erro();
+      return falha.passo() == PassoDeArquivo::NaoCria ? COTEPE_CANNOT_OPEN : COTEPE_CANNOT_WRITE;
+  }
+}
+
+int escreveInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui) {
+  if (arruinaOBanco(gerador.banco, pedido.relatorio)) {
+    errno = EBUSY;
+    return COTEPE_CANNOT_OPEN;
+  }
+  try {
+    exigeDestino(pedido.relatorio, substitui);
+    ArquivoSeguro arquivo(pedido.relatorio);
+    const int resultado = geraEm(gerador, pedido, arquivo.temporario().c_str());
+    if (resultado == COTEPE_DONE) arquivo.publica(pedido.relatorio, substitui);
+    return resultado;
+  } catch (const FalhaDeArquivo& falha) {
+    return resultadoDoArquivo(falha);
+  }
+}
+
+// `corrida` with the arguments looked at and the state of the database held.
+template <class Corrida>
+int comEstado(cotepe_generator& gerador, const Pedido& pedido, Corrida corrida) {
+  if (!valido(pedido)) return COTEPE_BAD_ARGUMENT;
+  gerador.hospedeiro.comeca();
+  const Transacao transacao(gerador);
+  if (transacao.resultado() != COTEPE_DONE) return transacao.resultado();
+  errno = 0;
+  const int resultado = corrida();
+  explicaArquivo(gerador, resultado);
+  return resultado;
+}
+
+// Whether SQLite may open it; errno says why not. A pipe would be waited for.
+bool ehArquivoParaLer(const char* caminho) {
+  switch (tipoDoArquivo(caminho)) {
+    case TipoDeArquivo::Nenhuma:
+      return false;
+    case TipoDeArquivo::Pasta:
+      errno = EISDIR;
+      return false;
+    case TipoDeArquivo::Outra:
+      errno = EINVAL;
+      return false;
+    case TipoDeArquivo::Regular:
+      return podeLer(caminho);
+  }
+  return false;
+}
+
+}  // namespace
+
+int gera(cotepe_generator& gerador, const Pedido& pedido) {
+  return comEstado(gerador, pedido, [&] { return geraEm(gerador, pedido, pedido.relatorio); });
+}
+
+int geraInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui) {
+  return comEstado(gerador, pedido, [&] { return escreveInteiro(gerador, pedido, substitui); });
+}
+
+int abre(const char* caminho, int espera, cotepe_generator*& gerador) {
+  if (!ehArquivoParaLer(caminho)) return COTEPE_CANNOT_READ;
+  auto conexao = std::make_unique<ConexaoDeLeitura>(std::chrono::milliseconds(espera));
+  int doSqlite = conexao->abre(caminho);
+  if (doSqlite == SQLITE_OK) {
+    doSqlite = conexao->comeca();
+    conexao->termina();
+  }
+  if (doSqlite != SQLITE_OK) return resultadoDaLeitura(doSqlite);
+  gerador = new cotepe_generator(std::move(conexao));
+  return COTEPE_DONE;
+}
+
+}  // namespace cotepe

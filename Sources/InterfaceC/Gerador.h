@@ -1,0 +1,45 @@
+// What stands behind a generator of the C interface, and its runs.
+#pragma once
+
+#include <memory>
+
+#include "ConexaoDeLeitura.h"
+#include "Geracao.h"
+#include "HospedeiroDaInterface.h"
+#include "Posse.h"
+
+struct cotepe_generator {
+  explicit cotepe_generator(sqlite3* aberto) : banco(aberto), geracao(aberto, hospedeiro) {
+    hospedeiro.fixaBanco(aberto);
+  }
+  explicit cotepe_generator(std::unique_ptr<cotepe::ConexaoDeLeitura> aberta)
+      : cotepe_generator(aberta->banco()) {
+    conexao = std::move(aberta);
+  }
+
+  std::unique_ptr<cotepe::ConexaoDeLeitura> conexao;  // null: the connection is the host's
+  sqlite3* banco;
+  cotepe::HospedeiroDaInterface hospedeiro;
+  cotepe::Geracao geracao;
+  cotepe::Posse posse;
+};
+
+namespace cotepe {
+
+/// The arguments of a run, as they were given.
+struct Pedido {
+  const char *relatorio, *primeiro, *ultimo, *comando;
+};
+
+///@{
+/// A run, whose arguments are looked at first, over one state of a database of our own; a cotepe_result, with
+/// errno and the reason where a file failed. In place, or whole or not at all. Throw what the host's
+/// callbacks do.
+int gera(cotepe_generator& gerador, const Pedido& pedido);
+int geraInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui);
+///@}
+
+/// A generator over the database of that name, which was read once; a cotepe_result. Throws std::bad_alloc.
+int abre(const char* caminho, int espera, cotepe_generator*& gerador);
+
+}  // namespace cotepe

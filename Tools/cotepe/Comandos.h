@@ -17,6 +17,7 @@ Execucao declaraCheck(CLI::App& comando);
 Execucao declaraValidate(CLI::App& comando);
 Execucao declaraShow(CLI::App& comando);
 Execucao declaraDiff(CLI::App& comando);
+Execucao declaraExport(CLI::App& comando);
 Execucao declaraExplain(CLI::App& comando);
 Execucao declaraVerify(CLI::App& comando);
 

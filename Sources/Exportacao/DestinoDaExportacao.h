@@ -1,0 +1,39 @@
+// Where the rows of an export go.
+#pragma once
+
+#include <string>
+
+#include "Exportacao/LinhaTipada.h"
+
+namespace cotepe::exportacao {
+
+/// A report that is exported.
+struct Arquivo {
+  long numero = 0;  ///< from 1
+  std::string nome;
+  std::string fim;  ///< of its first line: LF, CR and LF, or nothing
+  AjusteDoLeiaute leiaute;
+  long linhas = 0;
+  std::uint64_t bytes = 0;
+  std::string fabricacao, modelo, cnpj, comando;  ///< of its first record that has them; bytes of the file
+};
+
+/// Takes the lines of the reports in their order. Each call throws sistema's Falha when it cannot write.
+class DestinoDaExportacao {
+ public:
+  virtual ~DestinoDaExportacao() = default;
+
+  /// A line of a register.
+  virtual void registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) = 0;
+
+  /// The bytes of a line that the values alone do not give again, its end included.
+  virtual void literal(const Arquivo& arquivo, long linha, std::string_view bytes) = 0;
+
+  /// The end of a report.
+  virtual void arquivo(const Arquivo& arquivo) = 0;
+
+  /// The end of the last one: all is written.
+  virtual void conclui() = 0;
+};
+
+}  // namespace cotepe::exportacao

@@ -1,0 +1,16 @@
+// Reports as rows of tables.
+#pragma once
+
+#include <functional>
+
+#include "Exportacao/DestinoDaExportacao.h"
+
+namespace cotepe::exportacao {
+
+/// Reads a report to its end and gives every line to `destino`; `pulsa` is called now and then. What could
+/// not be read is LeitorDeLinhas::erro. Throws Falha where a line is longer than the reader keeps, since it
+/// could not be written again.
+void exporta(LeitorDeLinhas& linhas, long numero, const std::string& nome, DestinoDaExportacao& destino,
+             const std::function<void()>& pulsa);
+
+}  // namespace cotepe::exportacao

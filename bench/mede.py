@@ -1,4 +1,4 @@
-"""Measures floor, generator and rivals, and writes the tables between the marks of docs/performance.md."""
+"""Measures floor, generator and rivals; writes docs/measured/performance.md and the one table of docs/performance.md."""
 import argparse
 import json
 import os
@@ -11,7 +11,9 @@ from medidas import instrucoes, maquina, preparacoes, tabelas
 from medidas.bancos import Bancos
 from medidas.corridas import Caso, Corridas
 
-DOCUMENTO = "docs/performance.md"
+DOCUMENTO, MEDIDO = "docs/performance.md", "docs/measured/performance.md"
+CABECA = ("# Performance, as measured\n\nWritten by `scripts/bench`. [Performance](../performance.md) says how it is "
+          "measured and what it means.\n\n")
 INICIO, FIM = "<!-- written by scripts/bench -->", "<!-- end of what scripts/bench writes -->"
 
 
@@ -105,16 +107,23 @@ def texto(construcao, curta):
     minutos = (time.monotonic() - inicio) / 60
     forma = "short" if curta else "full"
     cabeca = [("Form", f"{forma}, {minutos:.0f} minutes"), *descricao]
-    return "\n\n".join([tabelas.da_maquina(cabeca)] + [f"### {titulo}\n\n{t}" for titulo, t in secoes])
+    principal = f"TDM of {maiores[0].caso.itens} items, revision {dict(descricao)['Revision']}:\n\n"
+    medido = "\n\n".join([tabelas.da_maquina(cabeca)] + [f"## {titulo}\n\n{t}" for titulo, t in secoes])
+    return medido, principal + tabelas.do_documento(maiores)
 
 
-def escreve(medido):
+def substitui(arquivo, texto):
+    with open(arquivo + ".novo", "w", encoding="utf-8") as saida:
+        saida.write(texto)
+    os.rename(arquivo + ".novo", arquivo)
+
+
+def escreve(medido, principal):
+    substitui(MEDIDO, CABECA + medido + "\n")
     with open(DOCUMENTO, encoding="utf-8") as arquivo:
         antes, resto = arquivo.read().split(INICIO)
     depois = resto.split(FIM)[1]
-    with open(DOCUMENTO + ".novo", "w", encoding="utf-8") as arquivo:
-        arquivo.write(f"{antes}{INICIO}\n\n{medido}\n\n{FIM}{depois}")
-    os.rename(DOCUMENTO + ".novo", DOCUMENTO)
+    substitui(DOCUMENTO, f"{antes}{INICIO}\n\n{principal}\n\n{FIM}{depois}")
 
 
 def main():
@@ -123,12 +132,12 @@ def main():
     opcoes.add_argument("--short", action="store_true", help="10^3 and 10^5 items and fewer pairs")
     opcoes.add_argument("--print", action="store_true", help="print the tables instead of writing them")
     escolhas = opcoes.parse_args()
-    medido = texto(escolhas.construcao, escolhas.short)
+    medido, principal = texto(escolhas.construcao, escolhas.short)
     if escolhas.print:
         print(medido)
     else:
-        escreve(medido)
-        anuncia(f"written: {DOCUMENTO}")
+        escreve(medido, principal)
+        anuncia(f"written: {MEDIDO} and {DOCUMENTO}")
 
 
 if __name__ == "__main__":

@@ -152,7 +152,7 @@ class Corte : public Cena, public testing::WithParamInterface<Cenario> {
 };
 
 TEST_P(Corte, OldFileOrWholeNewOneWhereverItIsKilled) {
-  Relato relato("Power cut", "cotepe generate killed at a call that writes, syncs, closes or names a file");
+  Relato relato("Killed", "cotepe generate killed at a call that writes, syncs, closes or names a file");
   recomeca();
   long chamadas = 0;
   const auto conta = [&](const Chamada& chamada) {
@@ -195,7 +195,7 @@ class Nome : public Cena {};
 // What is written reaches the disk before the name does, and the name before the program says that it is
 // done.
 TEST_F(Nome, IsGivenToWhatIsOnTheDiskAndBroughtThereToo) {
-  Relato relato("Power cut", "Order of writing, syncing, naming and syncing again");
+  Relato relato("Killed", "Order of writing, syncing, naming and syncing again");
   for (const char* sql : {"", kGrande}) {
     fs::remove(em("base.db"));
     fs::remove(em("r.txt"));
@@ -219,7 +219,7 @@ TEST_F(Nome, IsGivenToWhatIsOnTheDiskAndBroughtThereToo) {
 // Killed as soon as the file behind stdout is there: it has no name, or, where every file has one, a name
 // that the next run knows.
 TEST_F(Nome, BehindStdoutIsNoneOrOneThatTheNextRunRemoves) {
-  Relato relato("Power cut", "Killed once the temporary file behind stdout is there");
+  Relato relato("Killed", "Killed once the temporary file behind stdout is there");
   criaBanco();
   fs::create_directory(em("tmp"));
   const auto quantos = [&] {
@@ -246,7 +246,7 @@ TEST_F(Nome, BehindStdoutIsNoneOrOneThatTheNextRunRemoves) {
 
 // The command that makes a database: none or a whole one, and what is left goes with the next.
 TEST_F(Nome, OfASampleIsGivenToAWholeDatabase) {
-  Relato relato("Power cut", "cotepe sample killed at a call that writes, syncs, closes or names a file");
+  Relato relato("Killed", "cotepe sample killed at a call that writes, syncs, closes or names a file");
   const auto roda = [&](const Regra& regra) {
     const Prazo prazo;
     Processo processo({"sample", "s.db", "--days", "1", "--coupons-per-day", "1"});
@@ -301,7 +301,7 @@ class AoMesmoTempo : public Cena {
 };
 
 TEST_F(AoMesmoTempo, RunsToOneNameDoNoHarmToEachOther) {
-  Relato relato("Power cut", "Three runs to the same name at once");
+  Relato relato("Killed", "Three runs to the same name at once");
   for (int vez = 0; vez < casos(8, 200); ++vez) {
     SCOPED_TRACE(vez);
     const Prazo prazo;
@@ -324,7 +324,7 @@ TEST_F(AoMesmoTempo, RunsToOneNameDoNoHarmToEachOther) {
 }
 
 TEST_F(AoMesmoTempo, OneThatIsKilledDoesNoHarmToAnother) {
-  Relato relato("Power cut", "A run killed while another writes to the same name");
+  Relato relato("Killed", "A run killed while another writes to the same name");
   const Opcoes opcoes = {"--output", "r.txt", "--force"};
   for (int vez = 1; vez <= casos(8, 200); ++vez) {
     SCOPED_TRACE(vez);

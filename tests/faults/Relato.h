@@ -1,4 +1,4 @@
-// What a fault test says of itself: a row of docs/reliability.md.
+// What a fault test says of itself: a row of docs/measured/reliability.md.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -15,6 +15,8 @@ install(FILES Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/Preench
   DESTINATION ${cotepe_cabecalhos}/host COMPONENT desenvolvimento)
 install(FILES Sources/CotepeManager/CotepeManagerLigado.cpp
   DESTINATION ${CMAKE_INSTALL_DATADIR}/cotepe COMPONENT desenvolvimento)
+install(DIRECTORY bindings DESTINATION ${CMAKE_INSTALL_DATADIR}/cotepe COMPONENT desenvolvimento
+  PATTERN __pycache__ EXCLUDE PATTERN .pytest_cache EXCLUDE)
 
 set_target_properties(Host PROPERTIES OUTPUT_NAME cotepe_host)
 target_include_directories(Host INTERFACE $<INSTALL_INTERFACE:${cotepe_cabecalhos}/host>)

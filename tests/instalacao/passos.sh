@@ -6,6 +6,7 @@ export LC_ALL=C
 aqui=$(dirname "$0")
 . "$aqui/exemplos.sh"
 . "$aqui/hospedeiros.sh"
+. "$aqui/linguagens.sh"
 
 falha() { echo "$*" >&2; exit 1; }
 pula() { echo "skipped: $*"; exit 77; }
@@ -59,7 +60,7 @@ normas_de() {
   esac
 }
 
-# Every header alone, with every warning, in every standard that it promises, by both compilers; cotepe.h in C too.
+# Every header alone, with every warning, in every standard that it promises, by both compilers where they are; cotepe.h in C too.
 cabecalhos() {
   pasta_nova cabecalhos
   avisos="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only -I$PREFIXO/include/cotepe"
@@ -69,6 +70,7 @@ cabecalhos() {
     printf '#include "%s"\n#include "%s"\n' "$cabecalho" "$cabecalho" >um.cpp
     for norma in $(normas_de "$cabecalho"); do
       for compilador in g++ clang++; do
+        command -v "$compilador" >/dev/null || continue
         # shellcheck disable=SC2086
         "$compilador" -std="$norma" $avisos um.cpp || falha "$cabecalho: $compilador -std=$norma"
       done
@@ -77,6 +79,7 @@ cabecalhos() {
   printf '#include <cotepe.h>\n#include <cotepe.h>\nint main(void) { return COTEPE_DONE; }\n' >um.c
   for norma in c99 c11 c17 c2x; do
     for compilador in gcc clang; do
+      command -v "$compilador" >/dev/null || continue
       # shellcheck disable=SC2086
       "$compilador" -std=$norma $avisos -Wstrict-prototypes um.c || falha "cotepe.h: $compilador -std=$norma"
     done
@@ -157,17 +160,7 @@ pkg_config() {
 }
 
 # What docs/embedding.md shows is what the examples hold.
-documento() { python3 "$aqui/trechos.py" "$FONTES/docs/embedding.md" "$FONTES/examples"; }
-
-python() {
-  case "$CXXFLAGS" in
-    *-fsanitize=*) pula "a sanitized library must be loaded before the interpreter is" ;;
-  esac
-  pasta_nova python
-  cp "$FONTES/examples/python/gera.py" .
-  faz_esperado
-  LD_LIBRARY_PATH="$PREFIXO/$BIBLIOTECAS" confere python3 gera.py
-}
+documento() { python3 "$aqui/trechos.py" "$FONTES/docs/embedding.md" "$FONTES/examples" "$FONTES/bindings"; }
 
 comandos() { "$PREFIXO/bin/cotepe" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'; }
 opcoes_de() { "$PREFIXO/bin/cotepe" "$@" --help | grep -o '^ *\(-h,\)\?--[a-z0-9-]*' | grep -o -e '--.*'; }

@@ -1,50 +1,10 @@
 #include "AjustesDaGeracao.h"
 
-#include "Consulta.h"
 #include "Idioma/Idioma.h"
 #include "Valores.h"
 
 namespace cotepe::programa {
 namespace {
-
-constexpr char kDiaSemNada[] = "0001-01-01";
-
-Dia diaDe(const std::string& iso) { return *Dia::le(iso); }
-
-std::string comHifens(const std::string& aaaammdd) {
-  return aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2);
-}
-
-// The last day of movement of a report whose E12 does not tell: that of E01's last reduction, which the
-// database knows. E01 itself tells only when that was issued, often after midnight.
-std::string ultimoMovimento(sqlite3* banco, const AjustesDoRelatorio& lidos) {
-  if (lidos.ultimoCrz.empty() || lidos.primeiro.empty() || lidos.ultimaEmissao.empty()) return {};
-  Consulta consulta(
-      banco, "SELECT MAX(SUBSTR(data_movimento, 1, 10)) FROM reducao_z WHERE data_movimento >= '" +
-                 comHifens(lidos.primeiro) + "' AND data_hora_emissao <= '" + comHifens(lidos.ultimaEmissao) +
-                 " 23:59:59' AND CAST(cont_crz AS INTEGER) % 1000000 = " + lidos.ultimoCrz);
-  return consulta.avanca() ? consulta.texto(0) : "";
-}
-
-Dia ultimoDia(sqlite3* banco, const AjustesDoRelatorio& lidos) {
-  const std::string hifens = lidos.ultimo.empty() ? kDiaSemNada : comHifens(lidos.ultimo);
-  const std::optional<Dia> movimento = Dia::le(ultimoMovimento(banco, lidos));
-  const Dia ultimo = diaDe(hifens);
-  return movimento && ultimo < *movimento ? *movimento : ultimo;
-}
-
-std::string diaEmPalavras(const Dia& dia) { return dia.iso() == kDiaSemNada ? traduz("no day") : dia.iso(); }
-
-std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
-  return frase(leiaute.cat52 ? marca("layout {1} with CAT52 on") : marca("layout {1} with CAT52 off"),
-               {std::to_string(leiaute.versao)});
-}
-
-// A setting and where it comes from. `certo`: no other would do.
-std::string ajusteEmPalavras(const std::string& valor, bool dado, bool certo = true) {
-  if (dado) return frase("{1} (given)", {valor});
-  return frase(certo ? marca("{1} (derived)") : marca("{1} (taken, it makes no difference)"), {valor});
-}
 
 // The program's own commands in any case; another one as it was given to whatever generated the report.
 CLI::Validator comandoDado() {
@@ -77,54 +37,9 @@ void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
   declaraIdentidade(comando, o.identidade);
 }
 
-std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
-                                     const OpcoesDeAjuste& opcoes) {
-  const PeriodoPedido pedido = periodoPedido(opcoes.periodo);
-  const Dia de = pedido.de.value_or(diaDe(lidos.primeiro.empty() ? kDiaSemNada : comHifens(lidos.primeiro)));
-  const Dia ate = pedido.ate ? *pedido.ate : ultimoDia(banco, lidos);
-  const std::string comando = opcoes.comando.empty() ? lidos.comando : opcoes.comando;
-  std::vector<Ajuste> todos;
-  for (AjusteDoLeiaute leiaute : lidos.leiautes) {
-    leiaute.versao = opcoes.leiaute.value_or(leiaute.versao);
-    leiaute.cat52 = opcoes.cat52.value_or(leiaute.cat52);
-    bool novo = true;
-    for (const Ajuste& outro : todos) novo = novo && !(outro.leiaute == leiaute);
-    if (novo) todos.push_back({leiaute, comando, de, ate});
-  }
-  return todos;
-}
-
-// Widths, texts and registers that settings part in show in the lines, and so do the placeholders there are;
-// only those that are missing say nothing to the reader of a line.
-std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, const Ajuste& certo,
-                                         const AjustesDoRelatorio& lidos) {
-  std::vector<AjusteDoLeiaute> outros;
-  for (const Ajuste& outro : possiveis)
-    if (!(outro.leiaute == certo.leiaute) && (outro.leiaute.cat52 || !lidos.faltaVazio))
-      outros.push_back(outro.leiaute);
-  return outros;
-}
-
-std::string textoDoAjuste(const Ajuste& ajuste, const OpcoesDeAjuste& opcoes,
-                          const std::vector<AjusteDoLeiaute>& outros) {
-  const PeriodoPedido dado = periodoPedido(opcoes.periodo);
-  bool umLeiaute = true, umModo = true;
-  std::string iguais;
-  for (const AjusteDoLeiaute& outro : outros) {
-    umLeiaute = umLeiaute && outro.versao == ajuste.leiaute.versao;
-    umModo = umModo && outro.cat52 == ajuste.leiaute.cat52;
-    const std::string este = leiauteEmPalavras(outro);
-    iguais = iguais.empty() ? este : frase("{1} and of {2}", {iguais, este});
-  }
-  const std::string texto = frase(
-      "layout {1}, CAT52 {2}, command {3}, from {4} to {5}",
-      {ajusteEmPalavras(std::to_string(ajuste.leiaute.versao), opcoes.leiaute.has_value(), umLeiaute),
-       ajusteEmPalavras(traduz(ajuste.leiaute.cat52 ? marca("on") : marca("off")), opcoes.cat52.has_value(),
-                        umModo),
-       ajusteEmPalavras(ajuste.comando.empty() ? traduz("none") : ajuste.comando, !opcoes.comando.empty()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.de), dado.de.has_value()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.ate), dado.ate.has_value())});
-  return iguais.empty() ? texto : frase("{1}; the same bytes come of {2}", {texto, iguais});
+AjusteDado OpcoesDeAjuste::dado() const {
+  const PeriodoPedido pedido = periodoPedido(periodo);
+  return {pedido.de, pedido.ate, comando, leiaute, cat52};
 }
 
 }  // namespace cotepe::programa

@@ -3,9 +3,9 @@
 
 #include "Comandos.h"
 #include "Comparacao/Comparacao.h"
+#include "Entrada/RelatorioLido.h"
 #include "Idioma/Idioma.h"
 #include "OpcoesDeAchados.h"
-#include "RelatorioLido.h"
 #include "Sistema/Falha.h"
 
 namespace cotepe::programa {

@@ -8,10 +8,10 @@
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
+#include "Entrada/RelatorioLido.h"
 #include "Idioma/Idioma.h"
 #include "LugarNoRelatorio.h"
 #include "OpcoesComuns.h"
-#include "RelatorioLido.h"
 #include "SaidaDaExplicacao.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
@@ -147,7 +147,7 @@ class Busca {
     RelatorioLido relatorio(lugar_.arquivo);
     const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
     relatorio.confereLeitura();
-    return ajustesPossiveis(aberto_.banco(), lidos, opcoes_.ajuste);
+    return ajustesPossiveis(aberto_.banco(), lidos, opcoes_.ajuste.dado());
   }
 
   std::vector<Procedencia> tracadas(const Rastro& rastro, const IdentidadeLida& identidade, int so) const {

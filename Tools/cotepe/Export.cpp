@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "Comandos.h"
+#include "Entrada/RelatorioLido.h"
 #include "Exportacao/BancoExportado.h"
 #include "Exportacao/Exportacao.h"
 #include "Exportacao/PastaDeCsv.h"
 #include "Idioma/Idioma.h"
-#include "RelatorioLido.h"
 #include "Sistema/ConflitoDeArquivos.h"
 #include "Sistema/PalavrasDoArquivo.h"
 #include "Sistema/Progresso.h"

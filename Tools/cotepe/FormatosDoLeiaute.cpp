@@ -93,7 +93,8 @@ std::string tabelaEmTexto(const TabelaDoLeiaute& tabela) {
   for (const LinhaDaTabela& linha : tabela.linhas) todas.push_back(celulasDe(linha));
   std::array<std::size_t, kColunas> larguras{};
   for (const Celulas& celulas : todas)
-    for (std::size_t i = 0; i < kColunas; ++i) larguras[i] = std::max(larguras[i], caracteresUtf8(celulas[i]));
+    for (std::size_t i = 0; i < kColunas; ++i)
+      larguras[i] = std::max(larguras[i], caracteresUtf8(celulas[i]));
   return lista(todas, "", [&](const Celulas& celulas) { return alinhado(celulas, larguras); });
 }
 

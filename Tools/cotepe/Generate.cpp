@@ -1,11 +1,20 @@
 // cotepe generate: the report of a period.
+#include <cerrno>
+#include <cstdio>
 #include <memory>
 
 #include "AjustesDaGeracao.h"
+#include "ArquivoDeLog.h"
+#include "BancoSomenteLeitura.h"
 #include "Comandos.h"
+#include "Corrida/Corrida.h"
 #include "Idioma/Idioma.h"
+#include "NomeDoRelatorio.h"
 #include "OpcoesComuns.h"
-#include "Relatorio.h"
+#include "OpcoesDoGenerate.h"
+#include "Saida.h"
+#include "Sistema/Falha.h"
+#include "Sistema/Progresso.h"
 #include "Valores.h"
 
 namespace cotepe::programa {
@@ -45,6 +54,103 @@ void declaraQuemEmite(CLI::App& comando, OpcoesDoGenerate& o) {
       ->type_name("TEXT");
 }
 
+void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
+  if (arquivo.empty() || log.abre(arquivo.c_str())) return;
+  throw Falha(kNaoAbre,
+              frase("cannot open the log {1}: {2}; choose another --log", {arquivo, motivoDoSistema(errno)}));
+}
+
+std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento) {
+  if (opcoes.paraStdout()) return saidaPadrao();
+  if (!opcoes.semNome()) return saidaEmArquivo(opcoes.saida, "", opcoes.substitui, opcoes.guardaParcial);
+  const NomeDoRelatorio nome(opcoes.comando, numeroDeFabricacao(banco, opcoes.identidade.serial), momento);
+  exigeArquivosDistintos(opcoes, nome.completo);
+  return saidaEmArquivo(nome.completo, nome.origem, opcoes.substitui, opcoes.guardaParcial);
+}
+
+void exigeGerado(const FimDaCorrida& fim, const OpcoesDoGenerate& opcoes, const std::string& saida,
+                 const std::string& motivo) {
+  if (fim.resultado == kGerado) return;
+  if (fim.resultado == kIdentidadeFalhou) {
+    throw Falha(kSemIdentidade, semIdentidade(opcoes.banco, motivo));
+  }
+  const std::string encontrado =
+      fim.erro != 0 ? motivoDoSistema(fim.erro) : traduz("the system does not say why");
+  if (fim.resultado == kRelatorioNaoAberto)
+    throw Falha(kNaoAbre, frase("cannot open the temporary file of {1}: {2}", {saida, encontrado}));
+  throw Falha(kNaoEscreve,
+              frase("cannot write {1}: {2}; free some space and try again", {saida, encontrado}));
+}
+
+void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) {
+  const std::string faltam = incompletos(etapas);
+  if (faltam.empty()) return;
+  if (!guarda)
+    throw Falha(kIncompleto,
+                frase("the report is incomplete: {1}; --keep-partial keeps what there is", {faltam}));
+  throw Falha(kIncompleto, frase("the report is incomplete: {1}; what there is was kept as {2}",
+                                 {faltam, saida.guardaParcial()}));
+}
+
+void gera(const OpcoesDoGenerate& opcoes, const PeriodoDaGeracao& periodo, sqlite3* banco,
+          HospedeiroDoPrograma& hospedeiro, Saida& saida) {
+  const Ajuste ajuste{{opcoes.leiaute, opcoes.cat52}, opcoes.comando, periodo.de, periodo.ate};
+  const FimDaCorrida fim = corre(banco, ajuste, saida.temporario(), hospedeiro);
+  exigeGerado(fim, opcoes, saida.nome(), hospedeiro.motivo());
+  exigeCompleto(hospedeiro.etapas(), opcoes.guardaParcial, saida);
+}
+
+// The text of a failure goes on with what became of the output.
+template <class Passos>
+void ouAbandona(Saida& saida, const Passos& passos) {
+  try {
+    passos();
+  } catch (const SemLeitor&) {
+    throw;
+  } catch (const Falha& falha) {
+    const std::string destino = saida.abandona();
+    throw Falha(falha.situacao(), falha.what() + (destino.empty() ? destino : "; " + destino));
+  }
+}
+
+// A line for each register with its count of lines, and one for the whole report.
+std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatorio, std::int64_t bytes,
+                   double segundos) {
+  char linha[120];
+  std::string texto;
+  long total = 0;
+  for (const Etapa& etapa : etapas) {
+    static_cast<void>(std::snprintf(linha, sizeof linha, "%s %11ld\n", etapa.registro, etapa.linhas));
+    texto += linha;
+    total += etapa.linhas;
+  }
+  static_cast<void>(std::snprintf(linha, sizeof linha, "%.1f", segundos));
+  return texto +
+         frase("{1}: {2} lines, {3} bytes, {4} s",
+               {relatorio, std::to_string(total), std::to_string(bytes), linha}) +
+         '\n';
+}
+
+void executa(const OpcoesDoGenerate& opcoes) {
+  const PeriodoDaGeracao periodo = confere(opcoes);
+  if (!opcoes.semNome()) exigeArquivosDistintos(opcoes, opcoes.saida);
+  ArquivoDeLog log;
+  abreLog(log, opcoes.log);
+  Progresso progresso(opcoes.calado);
+  const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
+  const std::string momento = momentoAtual();
+  const auto saida = abreSaida(opcoes, banco.banco(), momento);
+  HospedeiroDoPrograma hospedeiro(opcoes.identidade, momento, banco.banco(), log, progresso);
+  ouAbandona(*saida, [&] {
+    gera(opcoes, periodo, banco.banco(), hospedeiro, *saida);
+    saida->entrega();
+  });
+  progresso.limpa();
+  if (opcoes.calado) return;
+  static_cast<void>(std::fputs(
+      resumo(hospedeiro.etapas(), saida->nome(), saida->tamanho(), progresso.segundos()).c_str(), stderr));
+}
+
 }  // namespace
 
 Execucao declaraGenerate(CLI::App& comando) {
@@ -52,7 +158,7 @@ Execucao declaraGenerate(CLI::App& comando) {
   declaraEntrada(comando, *opcoes);
   declaraSaida(comando, *opcoes);
   declaraQuemEmite(comando, *opcoes);
-  return [opcoes] { geraRelatorio(*opcoes); };
+  return [opcoes] { executa(*opcoes); };
 }
 
 }  // namespace cotepe::programa

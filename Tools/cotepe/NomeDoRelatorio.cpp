@@ -4,7 +4,6 @@
 #include <cctype>
 
 #include "Consulta.h"
-#include "RtcClasses.h"
 
 namespace cotepe::programa {
 namespace {
@@ -16,14 +15,6 @@ bool permitido(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0
 std::string semFinalEmBranco(std::string texto) { return texto.erase(texto.find_last_not_of(' ') + 1); }
 
 }  // namespace
-
-std::string momentoAtual() {
-  char data[] = "yyyymmdd", hora[] = "hhmmss", texto[sizeof data + sizeof hora];
-  RtcAbsoluteTime agora;
-  agora.GetCurrentDateTime();
-  agora.ToStrDateTime(data, hora, texto);
-  return texto;
-}
 
 std::string numeroDeFabricacao(sqlite3* banco, const std::string& dada) {
   std::string numero = dada;

@@ -7,9 +7,6 @@ struct sqlite3;
 
 namespace cotepe::programa {
 
-/// The present local time as AAAAMMDD, a blank, HHMMSS.
-std::string momentoAtual();
-
 /// The manufacture number of the printer as the report will carry it, at most 20 bytes: the database's, or
 /// else `dada`, which is what the command line gives. Empty when there is neither.
 std::string numeroDeFabricacao(sqlite3* banco, const std::string& dada);

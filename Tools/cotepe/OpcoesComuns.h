@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "Dia.h"
+#include "Corrida/Dia.h"
 
 namespace cotepe::programa {
 

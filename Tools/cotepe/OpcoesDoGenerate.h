@@ -4,8 +4,8 @@
 #include <chrono>
 #include <string>
 
-#include "Dia.h"
-#include "HospedeiroDoPrograma.h"
+#include "Corrida/Dia.h"
+#include "Corrida/HospedeiroDoPrograma.h"
 #include "OpcoesComuns.h"
 
 namespace cotepe::programa {

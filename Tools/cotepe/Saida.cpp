@@ -4,9 +4,9 @@
 #include <cerrno>
 #include <vector>
 
+#include "Corrida/Corrida.h"
 #include "Idioma/Idioma.h"
 #include "Sistema/ArquivoSeguro.h"
-#include "Sistema/ArquivoSemNome.h"
 #include "Sistema/Descritor.h"
 #include "Sistema/Falha.h"
 #include "Sistema/PalavrasDoArquivo.h"
@@ -47,8 +47,6 @@ class SaidaEmArquivo final : public Saida {
 
 class SaidaPadrao final : public Saida {
  public:
-  SaidaPadrao() : arquivo_(abre()) {}
-
   std::string temporario() const override { return arquivo_.caminho(); }
   std::int64_t tamanho() const override { return tamanhoDe(arquivo_.numero()); }
   std::string nome() const override { return "stdout"; }
@@ -71,22 +69,13 @@ class SaidaPadrao final : public Saida {
   }
 
  private:
-  static ArquivoSemNome abre() try {
-    return ArquivoSemNome(pastaTemporaria());
-  } catch (const FalhaDeArquivo& falha) {
-    throw Falha(
-        kNaoAbre,
-        frase("cannot create a temporary file in {1}: {2}; set TMPDIR to a folder where files can be created",
-              {falha.caminho(), motivoDoSistema(falha.erro())}));
-  }
-
   [[noreturn]] static void naoLe(int erro) {
     throw Falha(kNaoEscreve,
                 frase("cannot read the temporary file of {1} again: {2}; check the disk and try again",
                       {"stdout", motivoDoSistema(erro)}));
   }
 
-  ArquivoSemNome arquivo_;
+  ArquivoSemNome arquivo_ = arquivoTemporario();
   bool comecou_ = false;
 };
 

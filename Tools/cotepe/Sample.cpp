@@ -4,7 +4,7 @@
 
 #include "Amostra/Amostra.h"
 #include "Comandos.h"
-#include "Dia.h"
+#include "Corrida/Dia.h"
 #include "Idioma/Idioma.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"

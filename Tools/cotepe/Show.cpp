@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "Comandos.h"
+#include "Entrada/RelatorioLido.h"
 #include "Exibicao/Exibicao.h"
 #include "Exibicao/Selecao.h"
 #include "Idioma/Idioma.h"
 #include "Leitor/Periodo.h"
 #include "LugarNoRelatorio.h"
 #include "OpcoesComuns.h"
-#include "RelatorioLido.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
 #include "Valores.h"

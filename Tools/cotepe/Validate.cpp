@@ -2,9 +2,9 @@
 #include <memory>
 
 #include "Comandos.h"
+#include "Entrada/RelatorioLido.h"
 #include "Idioma/Idioma.h"
 #include "OpcoesDeAchados.h"
-#include "RelatorioLido.h"
 #include "Sistema/Falha.h"
 #include "Validacao/Validacao.h"
 

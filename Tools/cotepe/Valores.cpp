@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "Dia.h"
+#include "Corrida/Dia.h"
 #include "Idioma/Idioma.h"
 #include "Registros/Catalogo.h"
 #include "Sugestao.h"

@@ -3,7 +3,7 @@
 #include <ctime>
 
 #include "Confronto.h"
-#include "Dia.h"
+#include "Corrida/Dia.h"
 #include "Leiaute/Texto.h"
 #include "referencia/BancoAleatorio.h"
 #include "referencia/BancoDeTeste.h"

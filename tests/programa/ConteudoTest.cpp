@@ -1,5 +1,5 @@
 // What is given as a report: the report, under gzip or not, and what is recognised as something else.
-#include "ConteudoDoRelatorio.h"
+#include "Entrada/ConteudoDoRelatorio.h"
 
 #include <sys/stat.h>
 #include <zlib.h>

@@ -1,4 +1,4 @@
-#include "HospedeiroDoPrograma.h"
+#include "Corrida/HospedeiroDoPrograma.h"
 
 #include <sqlite3.h>
 

@@ -1,4 +1,4 @@
-#include "RelatorioLido.h"
+#include "Entrada/RelatorioLido.h"
 
 #include <filesystem>
 #include <system_error>

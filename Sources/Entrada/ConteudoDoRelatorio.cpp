@@ -1,4 +1,4 @@
-#include "ConteudoDoRelatorio.h"
+#include "Entrada/ConteudoDoRelatorio.h"
 
 #include <zlib.h>
 

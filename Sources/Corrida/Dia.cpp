@@ -1,4 +1,4 @@
-#include "Dia.h"
+#include "Corrida/Dia.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "ConteudoDoRelatorio.h"
+#include "Entrada/ConteudoDoRelatorio.h"
 #include "Leitor/LeitorDeLinhas.h"
 #include "Sistema/Arquivo.h"
 

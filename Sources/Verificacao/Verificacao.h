@@ -1,0 +1,53 @@
+// A report held to the database that it came from.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Achados/Achado.h"
+#include "Sistema/Progresso.h"
+#include "Verificacao/AjustesPossiveis.h"
+
+struct sqlite3;
+
+namespace cotepe::programa {
+
+/// What is verified.
+struct OpcoesDaVerificacao {
+  std::string relatorio, banco;  ///< as they were given: the report's file, the database's name
+  Identidade identidade;         ///< of the printer, where the database has none
+  AjusteDado dado;               ///< what the report was generated with
+  bool calado = false;           ///< no progress on stderr
+};
+
+/// Generates the report again, under each of the settings that are possible until one gives the same bytes,
+/// and compares. What it generates stands in a temporary file without a name.
+class Verificacao {
+ public:
+  /// Chooses the settings: those that leave the fewest differences, the first of them; a report that is right
+  /// needs but one try. Borrows the open database; `lidos` is what the report itself tells. Throws Falha
+  /// where the database gives no whole report, or a file cannot be read or written, and Interrupcao.
+  Verificacao(OpcoesDaVerificacao opcoes, const AjustesDoRelatorio& lidos, sqlite3* banco);
+
+  /// The settings chosen, in words.
+  const std::string& ajusteEmPalavras() const { return emPalavras_; }
+
+  /// Gives each difference from the report generated with them to `recebe`. Throws as the constructor.
+  void compara(RecebeAchados& recebe) { confronta(ajuste_, recebe); }
+
+ private:
+  // Takes the settings that leave the fewest differences; whether they leave none.
+  bool escolhe();
+  void confronta(const Ajuste& ajuste, RecebeAchados& recebe);
+  ArquivoSemNome gera(const Ajuste& ajuste);
+  void exigeInteiro(int resultado, const HospedeiroDoPrograma& hospedeiro) const;
+
+  OpcoesDaVerificacao opcoes_;
+  sqlite3* banco_;
+  Progresso progresso_;
+  std::vector<Ajuste> possiveis_;
+  Ajuste ajuste_;
+  std::string emPalavras_;
+};
+
+}  // namespace cotepe::programa

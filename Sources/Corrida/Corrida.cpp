@@ -18,18 +18,18 @@ constexpr int kPassosEntrePulsos = 10000;  // virtual-machine instructions of SQ
 
 }  // namespace
 
-FimDaCorrida corre(sqlite3* banco, const Ajuste& ajuste, const std::string& arquivo,
+FimDaCorrida corre(sqlite3* banco, const PedidoDeGeracao& pedido, const std::string& arquivo,
                    HospedeiroDoPrograma& hospedeiro) {
   const auto continua = [](void* quem) {
     return static_cast<HospedeiroDoPrograma*>(quem)->continua() ? 0 : 1;
   };
   sqlite3_progress_handler(banco, kPassosEntrePulsos, continua, &hospedeiro);
   Geracao geracao(banco, hospedeiro);
-  geracao.setVersaoAtoCotepe(ajuste.leiaute.versao);
-  geracao.setCAT52(ajuste.leiaute.cat52);
+  geracao.setVersaoAtoCotepe(pedido.leiaute.versao);
+  geracao.setCAT52(pedido.leiaute.cat52);
   errno = 0;
-  const int resultado = geracao.gera(arquivo.c_str(), ajuste.de.ddmmaaaa().c_str(),
-                                     ajuste.ate.ddmmaaaa().c_str(), ajuste.comando.c_str());
+  const int resultado = geracao.gera(arquivo.c_str(), pedido.de.ddmmaaaa().c_str(),
+                                     pedido.ate.ddmmaaaa().c_str(), pedido.comando.c_str());
   const int erro = errno;
   sqlite3_progress_handler(banco, 0, nullptr, nullptr);
   paraSeInterrompido();

@@ -13,7 +13,7 @@
 namespace cotepe::programa {
 
 /// What a report is generated with.
-struct Ajuste {
+struct PedidoDeGeracao {
   AjusteDoLeiaute leiaute;
   std::string comando;
   Dia de, ate;
@@ -26,7 +26,7 @@ struct FimDaCorrida {
 };
 
 /// Writes the report into the file. Throws Interrupcao when a signal came, after the report is closed.
-FimDaCorrida corre(sqlite3* banco, const Ajuste& ajuste, const std::string& arquivo,
+FimDaCorrida corre(sqlite3* banco, const PedidoDeGeracao& pedido, const std::string& arquivo,
                    HospedeiroDoPrograma& hospedeiro);
 
 /// The present local time as AAAAMMDD, a blank, HHMMSS.

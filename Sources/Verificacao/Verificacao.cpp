@@ -23,28 +23,28 @@ Verificacao::Verificacao(OpcoesDaVerificacao opcoes, const AjustesDoRelatorio& l
     : opcoes_(std::move(opcoes)),
       banco_(banco),
       progresso_(opcoes_.calado),
-      possiveis_(ajustesPossiveis(banco, lidos, opcoes_.dado)),
-      ajuste_(possiveis_.front()) {
+      possiveis_(pedidosPossiveis(banco, lidos, opcoes_.dado)),
+      pedido_(possiveis_.front()) {
   const bool igual = possiveis_.size() > 1 && escolhe();
-  const auto outros = igual ? mesmosBytes(possiveis_, ajuste_, lidos) : std::vector<AjusteDoLeiaute>();
-  emPalavras_ = textoDoAjuste(ajuste_, opcoes_.dado, outros);
+  const auto outros = igual ? mesmosBytes(possiveis_, pedido_, lidos) : std::vector<AjusteDoLeiaute>();
+  emPalavras_ = textoDoPedido(pedido_, opcoes_.dado, outros);
 }
 
 bool Verificacao::escolhe() {
   long menos = -1;
-  for (const Ajuste& ajuste : possiveis_) {
+  for (const PedidoDeGeracao& pedido : possiveis_) {
     ContagemDeAchados contagem;
-    confronta(ajuste, contagem);
+    confronta(pedido, contagem);
     if (menos >= 0 && contagem.total >= menos) continue;
     menos = contagem.total;
-    ajuste_ = ajuste;
+    pedido_ = pedido;
     if (menos == 0) return true;
   }
   return false;
 }
 
-void Verificacao::confronta(const Ajuste& ajuste, RecebeAchados& recebe) {
-  const ArquivoSemNome gerado = gera(ajuste);
+void Verificacao::confronta(const PedidoDeGeracao& pedido, RecebeAchados& recebe) {
+  const ArquivoSemNome gerado = gera(pedido);
   RelatorioLido esperado(gerado.caminho(), true), encontrado(opcoes_.relatorio);
   progresso_.limpa();
   Comparacao(recebe, {frase("the report of {1}", {opcoes_.banco}), encontrado.nome(), false, true})
@@ -53,12 +53,12 @@ void Verificacao::confronta(const Ajuste& ajuste, RecebeAchados& recebe) {
   encontrado.confereLeitura();
 }
 
-ArquivoSemNome Verificacao::gera(const Ajuste& ajuste) {
+ArquivoSemNome Verificacao::gera(const PedidoDeGeracao& pedido) {
   ArquivoSemNome arquivo = arquivoTemporario();
   ArquivoDeLog log;
   const std::string momento = momentoAtual();
   HospedeiroDoPrograma hospedeiro(opcoes_.identidade, momento, banco_, log, progresso_);
-  exigeInteiro(corre(banco_, ajuste, arquivo.caminho(), hospedeiro).resultado, hospedeiro);
+  exigeInteiro(corre(banco_, pedido, arquivo.caminho(), hospedeiro).resultado, hospedeiro);
   return arquivo;
 }
 

@@ -6,7 +6,7 @@
 
 #include "Achados/Achado.h"
 #include "Sistema/Progresso.h"
-#include "Verificacao/AjustesPossiveis.h"
+#include "Verificacao/PedidosPossiveis.h"
 
 struct sqlite3;
 
@@ -16,7 +16,7 @@ namespace cotepe::programa {
 struct OpcoesDaVerificacao {
   std::string relatorio, banco;  ///< as they were given: the report's file, the database's name
   Identidade identidade;         ///< of the printer, where the database has none
-  AjusteDado dado;               ///< what the report was generated with
+  PedidoParcial dado;            ///< what the report was generated with
   bool calado = false;           ///< no progress on stderr
 };
 
@@ -30,23 +30,23 @@ class Verificacao {
   Verificacao(OpcoesDaVerificacao opcoes, const AjustesDoRelatorio& lidos, sqlite3* banco);
 
   /// The settings chosen, in words.
-  const std::string& ajusteEmPalavras() const { return emPalavras_; }
+  const std::string& pedidoEmPalavras() const { return emPalavras_; }
 
   /// Gives each difference from the report generated with them to `recebe`. Throws as the constructor.
-  void compara(RecebeAchados& recebe) { confronta(ajuste_, recebe); }
+  void compara(RecebeAchados& recebe) { confronta(pedido_, recebe); }
 
  private:
   // Takes the settings that leave the fewest differences; whether they leave none.
   bool escolhe();
-  void confronta(const Ajuste& ajuste, RecebeAchados& recebe);
-  ArquivoSemNome gera(const Ajuste& ajuste);
+  void confronta(const PedidoDeGeracao& pedido, RecebeAchados& recebe);
+  ArquivoSemNome gera(const PedidoDeGeracao& pedido);
   void exigeInteiro(int resultado, const HospedeiroDoPrograma& hospedeiro) const;
 
   OpcoesDaVerificacao opcoes_;
   sqlite3* banco_;
   Progresso progresso_;
-  std::vector<Ajuste> possiveis_;
-  Ajuste ajuste_;
+  std::vector<PedidoDeGeracao> possiveis_;
+  PedidoDeGeracao pedido_;
   std::string emPalavras_;
 };
 

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "Achados/SaidaDeAchados.h"
-#include "AjustesDaGeracao.h"
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
@@ -12,6 +11,7 @@
 #include "Idioma/Idioma.h"
 #include "LugarNoRelatorio.h"
 #include "OpcoesComuns.h"
+#include "OpcoesDoPedido.h"
 #include "SaidaDaExplicacao.h"
 #include "Sistema/Falha.h"
 #include "Sistema/FluxoDeSaida.h"
@@ -24,7 +24,7 @@ namespace {
 
 struct OpcoesDoExplain {
   std::string lugar, formato = "text", banco;
-  OpcoesDeAjuste ajuste;
+  OpcoesDoPedido pedido;
   int espera = 5000;  // milliseconds
 };
 
@@ -107,7 +107,7 @@ class Busca {
         aberto_(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado),
         progresso_(true),
         momento_(momentoDaLinha(pedida)),
-        hospedeiro_(opcoes.ajuste.identidade, momento_, aberto_.banco(), log_, progresso_) {
+        hospedeiro_(opcoes.pedido.identidade, momento_, aberto_.banco(), log_, progresso_) {
     aberto_.paraComSinal();
   }
 
@@ -116,14 +116,14 @@ class Busca {
     const IdentidadeLida identidade = leIdentidade(aberto_.banco(), hospedeiro_);
     if (!identidade.completa) falhou(sqlite3_errmsg(aberto_.banco()));
     const long vez = vezNoRelatorio(lugar_, pedida_.texto);
-    for (const Ajuste& ajuste : possiveis()) {
+    for (const PedidoDeGeracao& pedido : possiveis()) {
       const Registro& registro = *pedida_.lido.registro;
-      if (!registro.despachado(ajuste.comando.c_str(), ajuste.leiaute.versao)) continue;
-      const std::string de = ajuste.de.iso() + " 00:00:00", ate = ajuste.ate.iso() + " 23:59:59";
-      const std::string comando = ajuste.comando.substr(0, 3);
-      const int versao = ajuste.leiaute.versao;
+      if (!registro.despachado(pedido.comando.c_str(), pedido.leiaute.versao)) continue;
+      const std::string de = pedido.de.iso() + " 00:00:00", ate = pedido.ate.iso() + " 23:59:59";
+      const std::string comando = pedido.comando.substr(0, 3);
+      const int versao = pedido.leiaute.versao;
       Rastro rastro(aberto_.banco(), registro,
-                    {versao, ajuste.leiaute.cat52, larguraDoContador(versao), moduloDoContador(versao),
+                    {versao, pedido.leiaute.cat52, larguraDoContador(versao), moduloDoContador(versao),
                      identidade.nrFabricacao, identidade.modelo, identidade.usuario, comando.c_str(),
                      de.c_str(), ate.c_str()},
                     hospedeiro_, pedida_.texto, vez);
@@ -143,11 +143,11 @@ class Busca {
     return pedida.texto.substr(kData, 8) + ' ' + pedida.texto.substr(kHora);
   }
 
-  std::vector<Ajuste> possiveis() const {
+  std::vector<PedidoDeGeracao> possiveis() const {
     RelatorioLido relatorio(lugar_.arquivo);
     const AjustesDoRelatorio lidos = ajustesDe(relatorio.linhas());
     relatorio.confereLeitura();
-    return ajustesPossiveis(aberto_.banco(), lidos, opcoes_.ajuste.dado());
+    return pedidosPossiveis(aberto_.banco(), lidos, opcoes_.pedido.dado());
   }
 
   std::vector<Procedencia> tracadas(const Rastro& rastro, const IdentidadeLida& identidade, int so) const {
@@ -211,7 +211,7 @@ Execucao declaraExplain(CLI::App& comando) {
       ->required();
   comando.add_option("--db", o->banco, traduz("Name table, row and column too; the database is only read"))
       ->type_name("FILE");
-  declaraAjustes(comando, o->ajuste);
+  declaraPedido(comando, o->pedido);
   declaraEspera(comando, o->espera);
   comando.add_option("--format", o->formato, traduz("text or json (text)"))
       ->type_name("FORMAT")

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <memory>
 
-#include "AjustesDaGeracao.h"
 #include "ArquivoDeLog.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
@@ -12,6 +11,7 @@
 #include "NomeDoRelatorio.h"
 #include "OpcoesComuns.h"
 #include "OpcoesDoGenerate.h"
+#include "OpcoesDoPedido.h"
 #include "Saida.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"
@@ -94,8 +94,8 @@ void exigeCompleto(const std::vector<Etapa>& etapas, bool guarda, Saida& saida) 
 
 void gera(const OpcoesDoGenerate& opcoes, const PeriodoDaGeracao& periodo, sqlite3* banco,
           HospedeiroDoPrograma& hospedeiro, Saida& saida) {
-  const Ajuste ajuste{{opcoes.leiaute, opcoes.cat52}, opcoes.comando, periodo.de, periodo.ate};
-  const FimDaCorrida fim = corre(banco, ajuste, saida.temporario(), hospedeiro);
+  const PedidoDeGeracao pedido{{opcoes.leiaute, opcoes.cat52}, opcoes.comando, periodo.de, periodo.ate};
+  const FimDaCorrida fim = corre(banco, pedido, saida.temporario(), hospedeiro);
   exigeGerado(fim, opcoes, saida.nome(), hospedeiro.motivo());
   exigeCompleto(hospedeiro.etapas(), opcoes.guardaParcial, saida);
 }

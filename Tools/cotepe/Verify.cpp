@@ -1,13 +1,13 @@
 // cotepe verify: a report held to the database that it came from.
 #include <memory>
 
-#include "AjustesDaGeracao.h"
 #include "BancoSomenteLeitura.h"
 #include "Comandos.h"
 #include "Entrada/RelatorioLido.h"
 #include "Idioma/Idioma.h"
 #include "OpcoesComuns.h"
 #include "OpcoesDeAchados.h"
+#include "OpcoesDoPedido.h"
 #include "Sistema/Falha.h"
 #include "Verificacao/Verificacao.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 struct OpcoesDoVerify {
   std::string banco, relatorio;
-  OpcoesDeAjuste ajuste;
+  OpcoesDoPedido pedido;
   int espera = 5000;  // milliseconds
   bool calado = false;
   OpcoesDeAchados achados;
@@ -29,9 +29,9 @@ void executa(const OpcoesDoVerify& opcoes) {
   relatorio.confereLeitura();
   const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   Verificacao verificacao(
-      {opcoes.relatorio, opcoes.banco, opcoes.ajuste.identidade, opcoes.ajuste.dado(), opcoes.calado}, lidos,
+      {opcoes.relatorio, opcoes.banco, opcoes.pedido.identidade, opcoes.pedido.dado(), opcoes.calado}, lidos,
       banco.banco());
-  if (!opcoes.calado) avisa(relatorio.nome() + ": " + verificacao.ajusteEmPalavras());
+  if (!opcoes.calado) avisa(relatorio.nome() + ": " + verificacao.pedidoEmPalavras());
   const long total =
       imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verificacao.compara(saida); });
   if (total > 0)
@@ -49,7 +49,7 @@ Execucao declaraVerify(CLI::App& comando) {
       ->type_name("FILE")
       ->required();
   comando.add_option("REPORT", o->relatorio, traduz("The report, a file"))->required();
-  declaraAjustes(comando, o->ajuste);
+  declaraPedido(comando, o->pedido);
   declaraEspera(comando, o->espera);
   comando.add_flag("--quiet", o->calado, traduz("Do not say what was derived"));
   declaraAchados(comando, o->achados);

@@ -1,4 +1,4 @@
-#include "AjustesDaGeracao.h"
+#include "OpcoesDoPedido.h"
 
 #include "Idioma/Idioma.h"
 #include "Valores.h"
@@ -22,7 +22,7 @@ void declaraIdentidade(CLI::App& comando, Identidade& identidade) {
   comando.add_option("--type", identidade.tipo, traduz("Type, if the database has none"))->type_name("TEXT");
 }
 
-void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
+void declaraPedido(CLI::App& comando, OpcoesDoPedido& o) {
   declaraPeriodo(comando, o.periodo, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD"));
   comando.add_option("--command", o.comando, traduz("The command as generate was given it"))
       ->type_name("COMMAND")
@@ -37,7 +37,7 @@ void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& o) {
   declaraIdentidade(comando, o.identidade);
 }
 
-AjusteDado OpcoesDeAjuste::dado() const {
+PedidoParcial OpcoesDoPedido::dado() const {
   const PeriodoPedido pedido = periodoPedido(periodo);
   return {pedido.de, pedido.ate, comando, leiaute, cat52};
 }

@@ -7,7 +7,7 @@
 
 #include "Corrida/HospedeiroDoPrograma.h"
 #include "OpcoesComuns.h"
-#include "Verificacao/AjustesPossiveis.h"
+#include "Verificacao/PedidosPossiveis.h"
 
 namespace cotepe::programa {
 
@@ -15,7 +15,7 @@ namespace cotepe::programa {
 void declaraIdentidade(CLI::App& comando, Identidade& identidade);
 
 /// As the command line gives them.
-struct OpcoesDeAjuste {
+struct OpcoesDoPedido {
   OpcoesDePeriodo periodo;
   std::string comando;
   std::optional<int> leiaute;
@@ -23,10 +23,10 @@ struct OpcoesDeAjuste {
   Identidade identidade;
 
   /// What they say together. Throws Falha (kUsoErrado) where they contradict each other.
-  AjusteDado dado() const;
+  PedidoParcial dado() const;
 };
 
 /// Declares the period, --command, --layout, --cat52, --no-cat52 and the identity.
-void declaraAjustes(CLI::App& comando, OpcoesDeAjuste& opcoes);
+void declaraPedido(CLI::App& comando, OpcoesDoPedido& opcoes);
 
 }  // namespace cotepe::programa

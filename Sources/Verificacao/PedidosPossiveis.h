@@ -12,7 +12,7 @@ struct sqlite3;
 namespace cotepe::programa {
 
 /// What the user says of them; nothing, or an empty command, where it is to be derived.
-struct AjusteDado {
+struct PedidoParcial {
   std::optional<Dia> de, ate;
   std::string comando;
   std::optional<int> leiaute;
@@ -21,15 +21,16 @@ struct AjusteDado {
 
 /// Those that the report leaves possible and the user's options agree with, the likeliest first; at least
 /// one. The database tells the last day where the report does not.
-std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos, const AjusteDado& dado);
+std::vector<PedidoDeGeracao> pedidosPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
+                                              const PedidoParcial& dado);
 
 /// Of settings that give the report to the byte, the others that do too: its lines do not tell them apart.
-std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, const Ajuste& certo,
-                                         const AjustesDoRelatorio& lidos);
+std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<PedidoDeGeracao>& possiveis,
+                                         const PedidoDeGeracao& certo, const AjustesDoRelatorio& lidos);
 
 /// The settings as one line, each with "(given)", "(derived)", or that it makes no difference since `outros`
 /// give the same bytes.
-std::string textoDoAjuste(const Ajuste& ajuste, const AjusteDado& dado,
+std::string textoDoPedido(const PedidoDeGeracao& pedido, const PedidoParcial& dado,
                           const std::vector<AjusteDoLeiaute>& outros);
 
 }  // namespace cotepe::programa

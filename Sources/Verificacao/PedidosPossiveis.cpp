@@ -1,4 +1,4 @@
-#include "Verificacao/AjustesPossiveis.h"
+#include "Verificacao/PedidosPossiveis.h"
 
 #include "Consulta.h"
 #include "Idioma/Idioma.h"
@@ -40,24 +40,24 @@ std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
 }
 
 // A setting and where it comes from. `certo`: no other would do.
-std::string ajusteEmPalavras(const std::string& valor, bool dado, bool certo = true) {
+std::string pedidoEmPalavras(const std::string& valor, bool dado, bool certo = true) {
   if (dado) return frase("{1} (given)", {valor});
   return frase(certo ? marca("{1} (derived)") : marca("{1} (taken, it makes no difference)"), {valor});
 }
 
 }  // namespace
 
-std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
-                                     const AjusteDado& dado) {
+std::vector<PedidoDeGeracao> pedidosPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
+                                              const PedidoParcial& dado) {
   const Dia de = dado.de.value_or(diaDe(lidos.primeiro.empty() ? kDiaSemNada : comHifens(lidos.primeiro)));
   const Dia ate = dado.ate ? *dado.ate : ultimoDia(banco, lidos);
   const std::string comando = dado.comando.empty() ? lidos.comando : dado.comando;
-  std::vector<Ajuste> todos;
+  std::vector<PedidoDeGeracao> todos;
   for (AjusteDoLeiaute leiaute : lidos.leiautes) {
     leiaute.versao = dado.leiaute.value_or(leiaute.versao);
     leiaute.cat52 = dado.cat52.value_or(leiaute.cat52);
     bool novo = true;
-    for (const Ajuste& outro : todos) novo = novo && !(outro.leiaute == leiaute);
+    for (const PedidoDeGeracao& outro : todos) novo = novo && !(outro.leiaute == leiaute);
     if (novo) todos.push_back({leiaute, comando, de, ate});
   }
   return todos;
@@ -65,33 +65,33 @@ std::vector<Ajuste> ajustesPossiveis(sqlite3* banco, const AjustesDoRelatorio& l
 
 // Widths, texts and registers that settings part in show in the lines, and so do the placeholders there are;
 // only those that are missing say nothing to the reader of a line.
-std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<Ajuste>& possiveis, const Ajuste& certo,
-                                         const AjustesDoRelatorio& lidos) {
+std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<PedidoDeGeracao>& possiveis,
+                                         const PedidoDeGeracao& certo, const AjustesDoRelatorio& lidos) {
   std::vector<AjusteDoLeiaute> outros;
-  for (const Ajuste& outro : possiveis)
+  for (const PedidoDeGeracao& outro : possiveis)
     if (!(outro.leiaute == certo.leiaute) && (outro.leiaute.cat52 || !lidos.faltaVazio))
       outros.push_back(outro.leiaute);
   return outros;
 }
 
-std::string textoDoAjuste(const Ajuste& ajuste, const AjusteDado& dado,
+std::string textoDoPedido(const PedidoDeGeracao& pedido, const PedidoParcial& dado,
                           const std::vector<AjusteDoLeiaute>& outros) {
   bool umLeiaute = true, umModo = true;
   std::string iguais;
   for (const AjusteDoLeiaute& outro : outros) {
-    umLeiaute = umLeiaute && outro.versao == ajuste.leiaute.versao;
-    umModo = umModo && outro.cat52 == ajuste.leiaute.cat52;
+    umLeiaute = umLeiaute && outro.versao == pedido.leiaute.versao;
+    umModo = umModo && outro.cat52 == pedido.leiaute.cat52;
     const std::string este = leiauteEmPalavras(outro);
     iguais = iguais.empty() ? este : frase("{1} and of {2}", {iguais, este});
   }
   const std::string texto = frase(
       "layout {1}, CAT52 {2}, command {3}, from {4} to {5}",
-      {ajusteEmPalavras(std::to_string(ajuste.leiaute.versao), dado.leiaute.has_value(), umLeiaute),
-       ajusteEmPalavras(traduz(ajuste.leiaute.cat52 ? marca("on") : marca("off")), dado.cat52.has_value(),
+      {pedidoEmPalavras(std::to_string(pedido.leiaute.versao), dado.leiaute.has_value(), umLeiaute),
+       pedidoEmPalavras(traduz(pedido.leiaute.cat52 ? marca("on") : marca("off")), dado.cat52.has_value(),
                         umModo),
-       ajusteEmPalavras(ajuste.comando.empty() ? traduz("none") : ajuste.comando, !dado.comando.empty()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.de), dado.de.has_value()),
-       ajusteEmPalavras(diaEmPalavras(ajuste.ate), dado.ate.has_value())});
+       pedidoEmPalavras(pedido.comando.empty() ? traduz("none") : pedido.comando, !dado.comando.empty()),
+       pedidoEmPalavras(diaEmPalavras(pedido.de), dado.de.has_value()),
+       pedidoEmPalavras(diaEmPalavras(pedido.ate), dado.ate.has_value())});
   return iguais.empty() ? texto : frase("{1}; the same bytes come of {2}", {texto, iguais});
 }
 

@@ -40,7 +40,7 @@ std::string agora() {
 bool ArquivoDeLog::abre(const char* caminho) {
   FILE* arquivo = std::fopen(caminho, "a");
   if (arquivo == nullptr) return false;
-  arquivo_.reset(arquivo);
+  toma(arquivo);
   return true;
 }
 

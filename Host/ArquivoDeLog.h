@@ -12,6 +12,9 @@ class ArquivoDeLog {
   /// it was, when the file cannot be opened.
   bool abre(const char* caminho);
 
+  /// Takes over an open stream and sends the log there.
+  void toma(FILE* aberto) { arquivo_.reset(aberto); }
+
   /// Writes the local time as YYYY-MM-DD HH:MM:SS, a blank and the message, as one line that reaches the file
   /// at once. Control characters and backslashes are escaped as in C. False when it could not be written.
   bool escreve(const char* mensagem);

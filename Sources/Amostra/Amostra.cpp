@@ -4,7 +4,6 @@
 
 #include <cerrno>
 #include <memory>
-#include <system_error>
 
 #include "Amostra/Calendario.h"
 #include "Amostra/Loja.h"
@@ -63,10 +62,10 @@ void executa(sqlite3* banco, const char* sql, const std::string& onde) {
                        traduz("choose another name, or move the file away")});
   }
   const bool daPasta = falha.passo() == PassoDeArquivo::NomeNaoEscrito;
-  throw ErroDoBanco(
-      {traduz("cannot create the database"), daPasta ? pastaDe(falha.caminho()) : falha.caminho(),
-       std::generic_category().message(falha.erro()), traduz("a folder that can be written and has room"),
-       traduz("choose another place or free some space")});
+  throw ErroDoBanco({traduz("cannot create the database"),
+                     daPasta ? pastaDe(falha.caminho()) : falha.caminho(), motivoDoSistema(falha.erro()),
+                     traduz("a folder that can be written and has room"),
+                     traduz("choose another place or free some space")});
 }
 
 // A journal left behind by an earlier database of that name would be played back into the new one.
@@ -84,7 +83,8 @@ void exigeLivre(const std::string& caminho) {
 // writes, and is brought to the disk once, whole.
 Banco abre(const std::string& arquivo, const std::string& caminho) {
   sqlite3* aberto = nullptr;
-  const int resultado = sqlite3_open_v2(arquivo.c_str(), &aberto, SQLITE_OPEN_READWRITE, nullptr);
+  const int resultado =
+      sqlite3_open_v2(caminhoDoBanco(arquivo).c_str(), &aberto, SQLITE_OPEN_READWRITE, vfsDoBanco());
   Banco banco(aberto);
   if (resultado != SQLITE_OK) {
     throw ErroDoBanco({traduz("cannot create the database"), caminho, sqlite3_errstr(resultado),

@@ -37,7 +37,7 @@ ConexaoDeLeitura::~ConexaoDeLeitura() {
 int ConexaoDeLeitura::abre(const std::string& caminho) {
   // Without a mutex, for there is one thread: 7 % fewer instructions.
   constexpr int kModo = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
-  const int resultado = sqlite3_open_v2(comPasta(caminho).c_str(), &banco_, kModo, nullptr);
+  const int resultado = sqlite3_open_v2(caminhoDoBanco(caminho).c_str(), &banco_, kModo, vfsDoBanco());
   if (resultado != SQLITE_OK) return resultado;
   sqlite3_extended_result_codes(banco_, 1);
   sqlite3_busy_handler(banco_, aoOcupar, this);

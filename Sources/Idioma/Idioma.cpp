@@ -1,15 +1,20 @@
 #include "Idioma/Idioma.h"
 
-#include <libintl.h>
-
-#include <clocale>
-#include <filesystem>
 #include <system_error>
+
+#include "Idioma/Catalogo.h"
 
 namespace cotepe {
 namespace {
 
-constexpr const char* kDominio = "cotepe";
+// What systems say, for a catalogue that stands in where the system itself speaks English alone.
+[[maybe_unused]] constexpr const char* kMotivos[] = {
+    marca("No such file or directory"), marca("Not a directory"),  marca("Is a directory"),
+    marca("Permission denied"),         marca("File exists"),      marca("File too large"),
+    marca("No space left on device"),   marca("Broken pipe"),      marca("Input/output error"),
+    marca("Bad file descriptor"),       marca("Invalid argument"), marca("Device or resource busy"),
+    marca("Filename too long"),         marca("Not enough space"), marca("Too many open files"),
+};
 
 // What fills a place such as "{1}" or "{n}"; null where these three bytes are none, or nothing is given for
 // it.
@@ -32,19 +37,15 @@ std::string preenche(std::string_view modelo, const std::string_view& contagem, 
 
 }  // namespace
 
-void escolheIdioma() {
-  static_cast<void>(std::setlocale(LC_MESSAGES, ""));  // an unknown locale stays C: English
-  std::error_code erro;
-  const auto executavel = std::filesystem::read_symlink("/proc/self/exe", erro);
-  if (erro) return;
-  bindtextdomain(kDominio, (executavel.parent_path() / COTEPE_LOCALIDADES).c_str());
-  bind_textdomain_codeset(kDominio, "UTF-8");
-  bind_textdomain_codeset("libc", "UTF-8");  // the system's reasons, without LC_CTYPE
-}
+void escolheIdioma() { abreCatalogo(); }
 
 const char* traduz(const char* mensagem) {
-  return mensagem[0] != '\0' ? dgettext(kDominio, mensagem)
-                             : mensagem;  // the empty message is the catalogue's head
+  return mensagem[0] != '\0' ? doCatalogo(mensagem) : mensagem;  // the empty message is the catalogue's head
+}
+
+std::string motivoDoSistema(int codigo) {
+  const std::string motivo = std::generic_category().message(codigo);
+  return motivo.empty() ? motivo : traduz(motivo.c_str());
 }
 
 std::string preenche(const char* modelo, Partes partes) { return preenche(modelo, {}, partes); }
@@ -53,7 +54,7 @@ std::string frase(const char* modelo, Partes partes) { return preenche(traduz(mo
 
 std::string fraseDe(const char* um, const char* varios, long long quantos, Partes partes) {
   const auto forma = static_cast<unsigned long>(quantos);
-  return preenche(dngettext(kDominio, um, varios, forma), std::to_string(quantos), partes);
+  return preenche(doCatalogo(um, varios, forma), std::to_string(quantos), partes);
 }
 
 }  // namespace cotepe

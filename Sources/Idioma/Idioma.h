@@ -30,6 +30,9 @@ std::string frase(const char* modelo, Partes partes);
 /// The same for a counted message, in the form the language has for that count; "{n}" is the count.
 std::string fraseDe(const char* um, const char* varios, long long quantos, Partes partes = {});
 
+/// The system's words for a value of errno, in the user's language.
+std::string motivoDoSistema(int codigo);
+
 /// Marks a message of a table for the catalogue; traduz gives it in the user's language where it is shown.
 constexpr const char* marca(const char* mensagem) { return mensagem; }
 

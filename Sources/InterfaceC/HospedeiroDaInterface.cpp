@@ -9,6 +9,7 @@
 
 #include "Leiaute/Registro.h"
 #include "Leiaute/Releitura.h"
+#include "Sistema/Numeros.h"
 
 namespace cotepe {
 namespace {
@@ -31,7 +32,7 @@ char* escreveNumero(char* saida, int valor, int largura) {
 cotepe_time doSistema() {
   const std::time_t agora = std::time(nullptr);
   std::tm local{};
-  if (localtime_r(&agora, &local) == nullptr) return {};
+  if (!horaLocal(agora, local)) return {};
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
           local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
 }

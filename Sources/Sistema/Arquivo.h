@@ -129,6 +129,12 @@ std::string pastaTemporaria();
 /// The same path in a form that no library takes for something else than a file's: never begins with "file:".
 std::string comPasta(const std::string& caminho);
 
+///@{
+/// A database's path as SQLite is to be given it, and the name of the VFS that takes any length of it.
+std::string caminhoDoBanco(const std::string& caminho);
+const char* vfsDoBanco();
+///@}
+
 /// A path up to and with its last separator; "./" where it has none.
 std::string pastaDe(const std::string& caminho);
 

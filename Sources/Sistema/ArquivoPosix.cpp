@@ -190,6 +190,10 @@ std::string comPasta(const std::string& caminho) {
   return !caminho.empty() && caminho.front() == '/' ? caminho : "./" + caminho;
 }
 
+std::string caminhoDoBanco(const std::string& caminho) { return comPasta(caminho); }
+
+const char* vfsDoBanco() { return nullptr; }
+
 std::string pastaDe(const std::string& caminho) {
   const auto barra = caminho.rfind('/');
   return barra == std::string::npos ? "./" : caminho.substr(0, barra + 1);

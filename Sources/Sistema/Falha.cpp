@@ -1,16 +1,13 @@
 #include "Sistema/Falha.h"
 
-#include <csignal>
 #include <cstdio>
-#include <system_error>
 
 #include "Idioma/Idioma.h"
+#include "Sistema/Terminal.h"
 
 namespace cotepe::programa {
 
-SemLeitor::SemLeitor() : Falha(128 + SIGPIPE, "") {}
-
-std::string motivoDoSistema(int codigo) { return std::generic_category().message(codigo); }
+SemLeitor::SemLeitor() : Falha(128 + kSinalSemLeitor, "") {}
 
 void avisa(const std::string& texto) noexcept {
   static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", texto.c_str()));  // there is nobody else to tell

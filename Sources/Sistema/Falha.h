@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "Idioma/Idioma.h"
+
 namespace cotepe::programa {
 
 /// The exit statuses of the program; an interrupted run ends with 128 and the signal's number instead.
@@ -35,9 +37,6 @@ class SemLeitor : public Falha {
  public:
   SemLeitor();
 };
-
-/// The system's words for a value of errno, in the user's language.
-std::string motivoDoSistema(int codigo);
 
 /// One line on stderr, "cotepe: " and the text. Nothing can be done when that fails.
 void avisa(const std::string& texto) noexcept;

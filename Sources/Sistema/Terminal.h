@@ -21,8 +21,18 @@ void instalaSinais();
 /// The first of those signals that came, or 0.
 int sinalRecebido() noexcept;
 
+/// The number of the signal by which a writer ends whose reader went away.
+constexpr int kSinalSemLeitor = 13;
+
 /// The name that a signal has, or nothing.
 const char* nomeDoSinal(int sinal);
+
+/// The arguments of main() in UTF-8; `argc` becomes their count. They last as long as the program.
+char** argumentosEmUtf8(int& argc, char** argv);
+
+/// The language that the system's user chose where no environment variable says one, as "pt-BR"; empty where
+/// the environment alone tells.
+std::string idiomaDoSistema();
 
 /// The folder of the running program; empty where it cannot be told.
 std::string pastaDoPrograma();

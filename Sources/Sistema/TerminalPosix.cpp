@@ -58,6 +58,10 @@ const char* nomeDoSinal(int sinal) {
   }
 }
 
+char** argumentosEmUtf8(int& /*argc*/, char** argv) { return argv; }
+
+std::string idiomaDoSistema() { return {}; }
+
 std::string pastaDoPrograma() {
   std::error_code erro;
   const auto executavel = std::filesystem::read_symlink("/proc/self/exe", erro);

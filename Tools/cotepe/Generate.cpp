@@ -13,6 +13,7 @@
 #include "OpcoesDoGenerate.h"
 #include "OpcoesDoPedido.h"
 #include "Saida.h"
+#include "Sistema/Arquivo.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"
 #include "Valores.h"
@@ -55,7 +56,9 @@ void declaraQuemEmite(CLI::App& comando, OpcoesDoGenerate& o) {
 }
 
 void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
-  if (arquivo.empty() || log.abre(arquivo.c_str())) return;
+  if (arquivo.empty()) return;
+  std::FILE* aberto = abreFluxo(arquivo, "ab");
+  if (aberto != nullptr) return log.toma(aberto);
   throw Falha(kNaoAbre,
               frase("cannot open the log {1}: {2}; choose another --log", {arquivo, motivoDoSistema(errno)}));
 }

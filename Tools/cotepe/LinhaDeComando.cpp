@@ -48,6 +48,7 @@ constexpr struct {
 
 void declara(CLI::App& app, Execucao& escolhida) {
   falaOIdioma(app);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   app.name("cotepe");
   app.description(
       traduz("The type-E register file of a fiscal printer (Ato COTEPE/ICMS 17/04), from its database."));

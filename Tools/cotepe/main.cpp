@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
   cotepe::preparaFluxosPadrao();
   cotepe::instalaSinais();
   cotepe::escolheIdioma();
+  argv = cotepe::argumentosEmUtf8(argc, argv);
   try {
     leLinhaDeComando(argc, argv)();
     return kFeito;

@@ -1,11 +1,12 @@
 #include "Leiaute/Texto.h"
 
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <initializer_list>
 #include <limits>
+
+#include "Sistema/Numeros.h"
 
 namespace cotepe {
 namespace {
@@ -68,8 +69,7 @@ std::int64_t leInteiro(const char* texto) noexcept {
 double leDecimal(const char* texto) noexcept {
   double valor = 0;
   if (leDecimalCurto(texto, valor)) return valor;
-  static const locale_t localeC = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(texto, nullptr, localeC);
+  return leDecimalEmC(texto);
 }
 
 int arredonda(double x) noexcept {

@@ -1,0 +1,15 @@
+// The catalogue behind the messages: gettext's, or one built in where there is no gettext.
+#pragma once
+
+namespace cotepe {
+
+/// Opens the catalogue of the language that the environment asks for.
+void abreCatalogo();
+
+/// The message in that language, or itself.
+const char* doCatalogo(const char* mensagem);
+
+/// The same for a counted message.
+const char* doCatalogo(const char* um, const char* varios, unsigned long quantos);
+
+}  // namespace cotepe

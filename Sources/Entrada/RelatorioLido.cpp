@@ -1,8 +1,5 @@
 #include "Entrada/RelatorioLido.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include <cerrno>
 
 #include "Idioma/Idioma.h"
@@ -45,12 +42,7 @@ void RelatorioLido::confereLeitura() const {
 }
 
 void exigeRelatorioRelivel(const std::string& caminho) {
-  std::error_code erro;
-  const auto tipo = std::filesystem::status(caminho, erro).type();
-  const bool outra = tipo != std::filesystem::file_type::regular &&
-                     tipo != std::filesystem::file_type::directory &&
-                     tipo != std::filesystem::file_type::not_found;
-  if (caminho != "-" && (erro || !outra)) return;
+  if (caminho != "-" && tipoDoArquivo(caminho) != TipoDeArquivo::Outra) return;
   throw Falha(kUsoErrado, frase("{1}: the report is read more than once, so it must be a file",
                                 {caminho == "-" ? "stdin" : caminho}));
 }

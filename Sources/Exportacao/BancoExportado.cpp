@@ -5,6 +5,7 @@
 #include "Exportacao/Visoes.h"
 #include "Idioma/Idioma.h"
 #include "Idioma/Utf8.h"
+#include "Sistema/Arquivo.h"
 #include "Sistema/Falha.h"
 
 namespace cotepe::exportacao {
@@ -79,8 +80,9 @@ void BancoExportado::Fecha::operator()(sqlite3_stmt* comando) const { sqlite3_fi
 BancoExportado::BancoExportado(const std::string& caminho, std::string nome)
     : nome_(std::move(nome)), semNome_(caminho.empty()) {
   sqlite3* aberto = nullptr;
-  const int resultado =
-      sqlite3_open_v2(caminho.c_str(), &aberto, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  const std::string onde = caminho.empty() ? caminho : caminhoDoBanco(caminho);
+  const int resultado = sqlite3_open_v2(onde.c_str(), &aberto, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                                        caminho.empty() ? nullptr : vfsDoBanco());
   banco_.reset(aberto);
   exige(resultado);
   // Nobody sees the file before it is whole, and whoever publishes it brings it to the disk.

@@ -9,11 +9,11 @@ namespace {
 
 // What systems say, for a catalogue that stands in where the system itself speaks English alone.
 [[maybe_unused]] constexpr const char* kMotivos[] = {
-    marca("No such file or directory"), marca("Not a directory"),  marca("Is a directory"),
-    marca("Permission denied"),         marca("File exists"),      marca("File too large"),
-    marca("No space left on device"),   marca("Broken pipe"),      marca("Input/output error"),
-    marca("Bad file descriptor"),       marca("Invalid argument"), marca("Device or resource busy"),
-    marca("Filename too long"),         marca("Not enough space"), marca("Too many open files"),
+    marca("No such file or directory"), marca("Not a directory"),     marca("Is a directory"),
+    marca("Permission denied"),         marca("File exists"),         marca("File too large"),
+    marca("No space left on device"),   marca("Broken pipe"),         marca("Input/output error"),
+    marca("Bad file descriptor"),       marca("Invalid argument"),    marca("Filename too long"),
+    marca("Not enough space"),          marca("Too many open files"),
 };
 
 // What fills a place such as "{1}" or "{n}"; null where these three bytes are none, or nothing is given for

@@ -52,13 +52,11 @@ void anotaErro() {
     case ERROR_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
     case ERROR_PRIVILEGE_NOT_HELD:
-      errno = EACCES;
-      break;
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_BUSY:
     case ERROR_USER_MAPPED_FILE:
-      errno = EBUSY;
+      errno = EACCES;
       break;
     case ERROR_FILE_EXISTS:
     case ERROR_ALREADY_EXISTS:

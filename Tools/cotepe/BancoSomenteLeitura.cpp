@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <cerrno>
-#include <fstream>
 
 #include "Idioma/Idioma.h"
 #include "Sistema/Arquivo.h"
@@ -16,8 +15,8 @@ namespace {
 // Whether a file that is no database begins as a report does.
 bool pareceRelatorio(const std::string& caminho) {
   std::string inicio(3, '\0');
-  std::ifstream arquivo(caminho, std::ios::binary);
-  return arquivo.read(inicio.data(), 3) && inicio == "E01";
+  const Descritor arquivo = abreParaLer(caminho);
+  return arquivo.aberto() && leEm(arquivo.numero(), 0, inicio.data(), 3) && inicio == "E01";
 }
 
 std::string explica(sqlite3* banco, const std::string& caminho, std::chrono::milliseconds espera) {

@@ -14,11 +14,14 @@
 
 #include "ArquivosDoBanco.h"
 #include "Leiaute/Releitura.h"
+#include "Leiaute/Texto.h"
 #include "Sistema/ArquivoSeguro.h"
 #include "Sistema/FalhaDeArquivo.h"
 
 namespace cotepe {
 namespace {
+
+thread_local char g_motivoDaAbertura[256] = "";
 
 // DDMMYYYY as AAAAMMDD, whose order is that of the calendar; empty when it is no day of it.
 std::string diaDoCalendario(const char* ddmmaaaa) {
@@ -179,16 +182,25 @@ int geraInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui)
 }
 
 int abre(const char* caminho, int espera, cotepe_generator*& gerador) {
-  if (!ehArquivoParaLer(caminho)) return COTEPE_CANNOT_READ;
+  copiaLimitada(g_motivoDaAbertura, "");
+  if (!ehArquivoParaLer(caminho)) {
+    const int erro = errno;
+    copiaLimitada(g_motivoDaAbertura, std::generic_category().message(erro).c_str());
+    errno = erro;
+    return COTEPE_CANNOT_READ;
+  }
   auto conexao = std::make_unique<ConexaoDeLeitura>(std::chrono::milliseconds(espera));
   int doSqlite = conexao->abre(caminho);
-  if (doSqlite == SQLITE_OK) {
-    doSqlite = conexao->comeca();
-    conexao->termina();
+  if (doSqlite == SQLITE_OK) doSqlite = conexao->comeca();
+  if (doSqlite != SQLITE_OK) {
+    copiaLimitada(g_motivoDaAbertura, sqlite3_errmsg(conexao->banco()));
+    return resultadoDaLeitura(doSqlite);
   }
-  if (doSqlite != SQLITE_OK) return resultadoDaLeitura(doSqlite);
+  conexao->termina();
   gerador = new cotepe_generator(std::move(conexao));
   return COTEPE_DONE;
 }
+
+const char* motivoDaAbertura() noexcept { return g_motivoDaAbertura; }
 
 }  // namespace cotepe

@@ -42,4 +42,7 @@ int geraInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui)
 /// A generator over the database of that name, which was read once; a cotepe_result. Throws std::bad_alloc.
 int abre(const char* caminho, int espera, cotepe_generator*& gerador);
 
+/// Why the last `abre` of this thread failed, in the words of SQLite or of the system; empty.
+const char* motivoDaAbertura() noexcept;
+
 }  // namespace cotepe

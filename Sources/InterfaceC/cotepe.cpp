@@ -114,7 +114,7 @@ int cotepe_generate_whole(cotepe_generator* generator, const char* report, const
 }
 
 const char* cotepe_reason(const cotepe_generator* generator) noexcept {
-  return generator != nullptr ? generator->hospedeiro.motivo().c_str() : "";
+  return generator != nullptr ? generator->hospedeiro.motivo().c_str() : cotepe::motivoDaAbertura();
 }
 
 const char* cotepe_result_text(int result) noexcept {

@@ -144,8 +144,8 @@ COTEPE_API int cotepe_generate_whole(cotepe_generator* generator, const char* re
                                      const char* last_day, const char* command, int replace) COTEPE_NOEXCEPT;
 
 /** Why the last query failed, or the report could not be opened or written, in the words of SQLite or of the
-   system; empty where nothing failed since the run began. Never null; valid until the next call on the
-   generator, or during the callback. */
+   system; empty where nothing failed since the run began. Of a null generator: why the last cotepe_open on
+   this thread failed. Never null; valid until the next call on the generator, or during the callback. */
 COTEPE_API const char* cotepe_reason(const cotepe_generator* generator) COTEPE_NOEXCEPT;
 
 /** English words for a result, never null. */

@@ -55,7 +55,8 @@ namespace Cotepe {
     /// <summary>Opens the database to read it; waits at most so many milliseconds for a lock.</summary>
     public Generator(string database, int busyTimeout = 5000) {
       int result = Native.cotepe_open(Native.Utf8(database), busyTimeout, out handle);
-      if (result != (int)Result.Done) throw new CotepeException((Result)result, "");
+      if (result != (int)Result.Done)
+        throw new CotepeException((Result)result, Native.ToText(Native.cotepe_reason(IntPtr.Zero)));
       log = OnLog;
       register = OnRegister;
       clock = OnClock;
@@ -217,7 +218,8 @@ namespace Cotepe {
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern int cotepe_set_log(GeneratorHandle generator, LogCallback callback, IntPtr user);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int cotepe_set_register_callback(GeneratorHandle generator, RegisterCallback callback, IntPtr user);
+    internal static extern int cotepe_set_register_callback(GeneratorHandle generator, RegisterCallback callback,
+                                                            IntPtr user);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern int cotepe_set_clock(GeneratorHandle generator, ClockCallback callback, IntPtr user);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
@@ -225,6 +227,8 @@ namespace Cotepe {
                                                      byte[] command, int replace);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern IntPtr cotepe_reason(GeneratorHandle generator);
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    internal static extern IntPtr cotepe_reason(IntPtr none);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern IntPtr cotepe_result_text(int result);
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]

@@ -60,6 +60,11 @@ static class Test {
     string text = Path.Combine(folder, "texto.db");
     File.WriteAllText(text, new string('x', 4096));
     Expect(Result.CannotRead, () => new Generator(Path.Combine(folder, "nao-ha.db")), "a missing database");
+    try {
+      new Generator(Path.Combine(folder, "nao-ha.db"));
+    } catch (CotepeException error) {
+      Check(error.Reason == "No such file or directory", "the reason of a missing database: " + error.Message);
+    }
     Expect(Result.NotADatabase, () => new Generator(text), "a text");
     Expect(Result.BadArgument, () => new Generator(""), "no name");
     using (Generator generator = Open()) {

@@ -224,10 +224,14 @@ begin
 end;
 
 constructor TCotepeGenerator.Create(const Database: string; BusyTimeout: Integer);
+var
+  Code: Integer;
 begin
   inherited Create;
   FGuard := TCriticalSection.Create;
-  Check(cotepe_open(PAnsiChar(ToText(Database)), BusyTimeout, FHandle));
+  Code := cotepe_open(PAnsiChar(ToText(Database)), BusyTimeout, FHandle);
+  if Code <> COTEPE_DONE then
+    raise ECotepe.Create(Code, FromText(cotepe_reason(nil)));
   Check(cotepe_set_log(FHandle, LogCallback, Self));
   Check(cotepe_set_register_callback(FHandle, RegisterCallback, Self));
 end;

@@ -90,14 +90,18 @@ begin
   end;
 end;
 
-function CodeOfOpening(const Name: string): Integer;
+function CodeOfOpening(const Name: string; out Reason: string): Integer;
 begin
   Result := COTEPE_DONE;
+  Reason := '';
   try
     TCotepeGenerator.Create(Name).Free;
   except
     on Error: ECotepe do
+    begin
       Result := Error.Code;
+      Reason := Error.Reason;
+    end;
   end;
 end;
 
@@ -171,11 +175,13 @@ end;
 procedure ErrorPaths(Host: THost);
 var
   Before: AnsiString;
+  Reason: string;
 begin
   Fill(Folder + '/texto.db', AnsiString(StringOfChar('x', 4096)));
-  Expect(COTEPE_CANNOT_READ, CodeOfOpening(Folder + '/nao-ha.db'), 'a missing database');
-  Expect(COTEPE_NOT_A_DATABASE, CodeOfOpening(Folder + '/texto.db'), 'a text');
-  Expect(COTEPE_BAD_ARGUMENT, CodeOfOpening(''), 'no name');
+  Expect(COTEPE_CANNOT_READ, CodeOfOpening(Folder + '/nao-ha.db', Reason), 'a missing database');
+  Check(Reason = 'No such file or directory', 'the reason of a missing database: ' + Reason);
+  Expect(COTEPE_NOT_A_DATABASE, CodeOfOpening(Folder + '/texto.db', Reason), 'a text');
+  Expect(COTEPE_BAD_ARGUMENT, CodeOfOpening('', Reason), 'no name');
   Expect(COTEPE_BAD_ARGUMENT, CodeOf(Host.Generator, Report, Last, First, 'TDM', False), 'reversed days');
   Expect(COTEPE_BAD_ARGUMENT, CodeOf(Host.Generator, Report, First, Last, 'tdm', False), 'no command');
   Check(not FileExists(Report), 'a report was made');

@@ -7,7 +7,7 @@ exemplos=$(dirname "$0")/..
 # shellcheck disable=SC2046,SC2086
 {
   opcoes="${CFLAGS:-} ${LDFLAGS:-}"
-  ${CC:-cc} $opcoes -o "$1/compartilhada" "$exemplos/c/main.c" $(pkg-config --cflags --libs cotepe sqlite3)
+  ${CC:-cc} $opcoes -o "$1/compartilhada" "$exemplos/c/main.c" $(pkg-config --cflags --libs cotepe)
   ${CC:-cc} $opcoes -o "$1/estatica" "$exemplos/c/main.c" $(pkg-config --cflags --libs cotepe-static)
 
   opcoes="${CXXFLAGS:-} ${LDFLAGS:-} -std=c++17"

@@ -71,12 +71,14 @@ TEST_F(PeloNome, ReportIsThatOfTheHostsOwnConnectionInPlaceAndWhole) {
 TEST_F(PeloNome, WhatIsNoDatabase) {
   EXPECT_EQ(cotepe_open((pasta + "/nao-ha.db").c_str(), 0, &gerador), COTEPE_CANNOT_READ);
   EXPECT_EQ(errno, ENOENT);
+  EXPECT_STREQ(cotepe_reason(nullptr), "No such file or directory");
   EXPECT_EQ(cotepe_open(pasta.c_str(), 0, &gerador), COTEPE_CANNOT_READ);
   EXPECT_EQ(errno, EISDIR);
   EXPECT_EQ(cotepe_open("/dev/null", 0, &gerador), COTEPE_CANNOT_READ);
   EXPECT_EQ(errno, EINVAL);
   std::ofstream(relatorio) << std::string(4096, 'x');
   EXPECT_EQ(cotepe_open(relatorio.c_str(), 0, &gerador), COTEPE_NOT_A_DATABASE);
+  EXPECT_STREQ(cotepe_reason(nullptr), "file is not a database");
   EXPECT_EQ(cotepe_open("", 0, &gerador), COTEPE_BAD_ARGUMENT);
   EXPECT_EQ(cotepe_open(":memory:", 0, &gerador), COTEPE_CANNOT_READ);
   EXPECT_EQ(cotepe_open(nullptr, 0, &gerador), COTEPE_BAD_ARGUMENT);
@@ -172,7 +174,7 @@ TEST_F(PeloNome, ReportThatIsTheDatabaseOrNoFileIsRefused) {
   EXPECT_EQ(errno, ENOENT);
   EXPECT_EQ(cotepe_generate_whole(gerador, nullptr, "01012024", "31012024", "RZ", 1), COTEPE_BAD_ARGUMENT);
   EXPECT_EQ(cotepe_generate_whole(nullptr, "x", "01012024", "31012024", "RZ", 1), COTEPE_BAD_ARGUMENT);
-  EXPECT_STREQ(cotepe_reason(nullptr), "");
+  EXPECT_STREQ(cotepe_reason(nullptr), "") << "the last opening did not fail";
 }
 
 TEST_F(PeloNome, ReasonIsThereDuringTheLog) {

@@ -17,7 +17,7 @@ apt() { la apt-get -qq -y -o APT::Install-Recommends=false "$@" >>"$construcao/a
 compila() {
   pasta=$(echo "$raiz"/usr/lib/*/pkgconfig)
   # shellcheck disable=SC2046
-  gcc --sysroot="$raiz" "$@" $(PKG_CONFIG_SYSROOT_DIR=$raiz PKG_CONFIG_LIBDIR=$pasta pkg-config --cflags --libs cotepe sqlite3)
+  gcc --sysroot="$raiz" "$@" $(PKG_CONFIG_SYSROOT_DIR=$raiz PKG_CONFIG_LIBDIR=$pasta pkg-config --cflags --libs cotepe)
 }
 
 # mes PROGRAM...: a shop's days, their report, and both looked at, in the folder dia of where the program runs.
@@ -44,7 +44,7 @@ desempacota() {
   }
   compila() {
     libs=$(echo "$raiz"/usr/lib/*-linux-gnu)
-    gcc -I"$raiz/usr/include/cotepe" -L"$libs" "$@" -lcotepe -lsqlite3
+    gcc -I"$raiz/usr/include/cotepe" -L"$libs" "$@" -lcotepe
   }
 }
 

@@ -65,7 +65,7 @@ _Register = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_char_p, cty
 
 def _load() -> ctypes.CDLL:
     name = "cotepe.dll" if sys.platform == "win32" else "libcotepe.so.0"
-    library = ctypes.CDLL(os.environ.get("COTEPE_LIBRARY") or name, use_errno=True)
+    library = ctypes.CDLL(os.environ.get("COTEPE_LIBRARY") or name)
     text, generator, number = ctypes.c_char_p, ctypes.c_void_p, ctypes.c_int
     for function, arguments in {
         "cotepe_open": (text, number, ctypes.POINTER(generator)),
@@ -80,9 +80,9 @@ def _load() -> ctypes.CDLL:
     }.items():
         getattr(library, function).argtypes = arguments
         getattr(library, function).restype = number
-    for function, argument in {"cotepe_reason": [generator], "cotepe_result_text": [number], "cotepe_version": []}.items():
-        getattr(library, function).argtypes = argument
-        getattr(library, function).restype = text
+    library.cotepe_reason.argtypes, library.cotepe_reason.restype = [generator], text
+    library.cotepe_result_text.argtypes, library.cotepe_result_text.restype = [number], text
+    library.cotepe_version.argtypes, library.cotepe_version.restype = [], text
     return library
 
 
@@ -123,11 +123,10 @@ class Generator:
         self._running = threading.Lock()
         self._cancelled = False
         self._failure: Optional[BaseException] = None
-        ctypes.set_errno(0)
-        result = self._library.cotepe_open(os.fsencode(database), round(busy_timeout * 1000), ctypes.byref(self._handle))
+        milliseconds = round(busy_timeout * 1000)
+        result = self._library.cotepe_open(os.fsencode(database), milliseconds, ctypes.byref(self._handle))
         if result != Result.DONE:
-            error = ctypes.get_errno() if result == Result.CANNOT_READ else 0
-            raise _error(result, os.strerror(error) if error else "")
+            raise _error(result, self._library.cotepe_reason(None).decode(errors="replace"))
         self._check(self._library.cotepe_set_layout(self._handle, layout))
         self._check(self._library.cotepe_set_cat52(self._handle, int(cat52)))
 
@@ -180,7 +179,7 @@ class Generator:
             handle, library = self._open(), self._library
             log = _Log(lambda _, message: self._guard(self._tell_log, on_log, message))
             register = _Register(lambda _, *told: self._guard(self._tell_register, on_register, *told))
-            tick = _Clock(lambda _, now: self._guard(self._tell_time, clock, now)) if clock else _Clock()
+            tick = _Clock(lambda _, now: self._guard(self._tell_time, clock, now)) if clock else _Clock(0)
             self._check(library.cotepe_set_log(handle, log, None))
             self._check(library.cotepe_set_register_callback(handle, register, None))
             self._check(library.cotepe_set_clock(handle, tick, None))
@@ -189,9 +188,9 @@ class Generator:
                     handle, os.fsencode(report), _day(first_day), _day(last_day), command.encode(), int(replace))
                 reason = library.cotepe_reason(handle).decode(errors="replace")
             finally:  # the callbacks end with this function
-                library.cotepe_set_log(handle, _Log(), None)
-                library.cotepe_set_register_callback(handle, _Register(), None)
-                library.cotepe_set_clock(handle, _Clock(), None)
+                library.cotepe_set_log(handle, _Log(0), None)
+                library.cotepe_set_register_callback(handle, _Register(0), None)
+                library.cotepe_set_clock(handle, _Clock(0), None)
             if self._failure is not None:
                 raise self._failure
             if result != Result.DONE:

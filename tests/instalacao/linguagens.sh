@@ -21,6 +21,23 @@ dados() {
   esac
 }
 
+# The commands of docs/embedding.md, each run as it stands there but for the folder of the installation.
+comandos_do_documento() {
+  for ferramenta in fpc mcs mono; do precisa $ferramenta; done
+  pasta_nova comandos_do_documento
+  dados
+  cp -r "$FONTES/examples" "$ligacoes" .
+  {
+    echo 'set -eu'
+    echo "fpc() { command fpc -v0ew '-Fl$PREFIXO/$BIBLIOTECAS' \"\$@\"; }"
+    sed -n '/^```sh$/,/^```$/{/^```/d;p}' "$FONTES/docs/embedding.md" | sed "s|/usr/|$PREFIXO/|g" |
+      sed '/relatorio\.txt 01012024/a com_hora_dos_exemplos relatorio.txt | cmp esperado.txt -\nrm relatorio.txt'
+  } >comandos.sh
+  [ "$(grep -c 'cmp esperado.txt' comandos.sh)" -ge 7 ] || falha "the commands were not found"
+  export PKG_CONFIG_PATH="$PREFIXO/$BIBLIOTECAS/pkgconfig" PYTHONDONTWRITEBYTECODE=1
+  . ./comandos.sh
+}
+
 precisa() { command -v "$1" >/dev/null || pula "no $1"; }
 
 python() {

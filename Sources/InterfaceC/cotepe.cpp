@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "Gerador.h"
+#include "GeradorDaInterface.h"
 
 // A run's results are passed on as they are.
 static_assert(int{COTEPE_DONE} == cotepe::kGerado);

@@ -1,4 +1,4 @@
-#include "Gerador.h"
+#include "GeradorDaInterface.h"
 
 #include <sqlite3.h>
 

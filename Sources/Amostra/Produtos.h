@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <string_view>
 
-namespace cotepe::loja {
+#include "Leiaute/Releitura.h"
 
-using Centavos = std::int64_t;
+namespace cotepe::loja {
 
 // The fiscal totalizers of the printer: those of the tax codes first, then discounts, surcharges,
 // cancellations.

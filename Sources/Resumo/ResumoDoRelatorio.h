@@ -7,13 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "Leiaute/Releitura.h"
 #include "Leitor/LeitorDeRegistros.h"
 #include "Resumo/Sequencia.h"
 
 namespace cotepe {
-
-/// An amount of money in cents; sums saturate.
-using Centavos = std::int64_t;
 
 /// Adds, staying within 64 bits.
 void acumula(Centavos& soma, Centavos parcela) noexcept;

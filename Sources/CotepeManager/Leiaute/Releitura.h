@@ -8,6 +8,9 @@
 
 namespace cotepe {
 
+/// An amount of money in cents.
+using Centavos = std::int64_t;
+
 /// What keeps bytes from being a field of their kind.
 enum class Defeito : std::uint8_t {
   Nenhum,

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-#include "Idioma/Catalogo.h"
+#include "Idioma/CatalogoDeMensagens.h"
 #include "Sistema/Terminal.h"
 
 namespace cotepe {

@@ -2,7 +2,7 @@
 
 #include <clocale>
 
-#include "Idioma/Catalogo.h"
+#include "Idioma/CatalogoDeMensagens.h"
 #include "Sistema/Terminal.h"
 
 namespace cotepe {

@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "Idioma/Catalogo.h"
+#include "Idioma/CatalogoDeMensagens.h"
 
 namespace cotepe {
 namespace {

@@ -74,7 +74,7 @@ void registraCampos() {
                  {"Preenchido", preenchido("", 14, coluna(0))},
                  {"Numero", numeroModulo("", 6, 1000000, coluna(0))},
                  {"Contador", contador("", coluna(0))},
-                 {"Identificador", identificador("", coluna(0))},
+                 {"Identificador", cnpj("", coluna(0))},
                  {"Dinheiro", dinheiro("", 14, coluna(0))},
                  {"DinheiroDuplo", dinheiroDuplo("", 13, coluna(0))},
                  {"Decimal", decimal("", 8, coluna(0))},

@@ -23,7 +23,7 @@ constexpr Regra kCampo = regraDaDiferenca("field"), kFalta = regraDaDiferenca("m
 constexpr int kFolga = 16;  // lines that a side may be ahead by register: a lone line out of place is no gap
 
 bool doCarimbo(const RegistroLido& lido, std::size_t campo) {
-  return lido.registro == &kE11 && lido.campos[campo].campo->posicao != 0;
+  return lido.campos[campo].campo->origem.tipo == Origem::Tipo::Relogio;
 }
 
 bool mesmoFim(const LinhaLida& a, const LinhaLida& b) { return a.comCr == b.comCr && a.semFim == b.semFim; }
@@ -135,7 +135,7 @@ void Comparacao::Lado::avanca() {
 }
 
 void Comparacao::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
-  Lado a(esperado), b(encontrado);
+  Lado a(esperado, opcoes_.catalogo), b(encontrado, opcoes_.catalogo);
   a.avanca();
   b.avanca();
   while (a.ha || b.ha) {
@@ -263,8 +263,8 @@ void Comparacao::confereOrdem(const RegistroLido& esperado, const RegistroLido& 
 
 // A register is over when both sides are in a later one, or at their end.
 void Comparacao::fecha(Lado& esperado, Lado& encontrado) {
-  const std::size_t ate =
-      std::min(esperado.ha ? esperado.bloco : kBlocos, encontrado.ha ? encontrado.bloco : kBlocos);
+  const std::size_t ate = std::min(esperado.ha ? esperado.bloco : esperado.ordens.size(),
+                                   encontrado.ha ? encontrado.bloco : encontrado.ordens.size());
   for (std::size_t tipo = 0; tipo < ate; ++tipo) {
     faltaOuSobra(esperado.pendentes[tipo], true);
     faltaOuSobra(encontrado.pendentes[tipo], false);

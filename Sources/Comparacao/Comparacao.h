@@ -1,7 +1,6 @@
 // Two reports compared record by record: what one has that the other has not, field by field.
 #pragma once
 
-#include <array>
 #include <deque>
 #include <string>
 #include <unordered_map>
@@ -26,6 +25,7 @@ class Comparacao {
     std::string esperado, encontrado;  // what people call the first and the second report
     bool comCarimbo = false;           // whether date and hour of E11 count
     bool comOrdem = false;             // whether the order of the lines does
+    Catalogo catalogo = kCatalogo;     // the registers that the lines are read by
   };
 
   Comparacao(RecebeAchados& saida, Opcoes opcoes) : saida_(saida), opcoes_(std::move(opcoes)) {}
@@ -48,10 +48,9 @@ class Comparacao {
   };
 
   using Pendentes = std::unordered_map<std::string, std::deque<Guardado>>;
-  static constexpr std::size_t kBlocos = kCatalogo.size() + 1;  // one for lines of no register at the start
-
   struct Lado {
-    explicit Lado(LeitorDeLinhas& linhas) : registros(linhas) {}
+    Lado(LeitorDeLinhas& linhas, const Catalogo& catalogo)
+        : registros(linhas, catalogo), ordens(catalogo.size() + 1), pendentes(catalogo.size() + 1) {}
     void avanca();
 
     LeitorDeRegistros registros;
@@ -60,8 +59,9 @@ class Comparacao {
     std::size_t bloco = 0;  // from 1: the register of the line, or of the line before where it has none
     long ordem = 0;         // of the record in its register
     int adiante = 0;        // how many lines were taken while the other side was in an earlier register
-    std::array<long, kBlocos> ordens{};
-    std::array<Pendentes, kBlocos> pendentes;
+    // Of each register, behind those of the lines of no register at the start.
+    std::vector<long> ordens;
+    std::vector<Pendentes> pendentes;
   };
 
   void chega(Lado& lado, Lado& outro, bool esperado);

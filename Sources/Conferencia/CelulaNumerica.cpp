@@ -111,8 +111,7 @@ bool existe(std::string_view dataHora) {
 // The user's and the printer's number are kept in texts as short as their fields, and so lose their end.
 bool cortadoAntes(const Destino& destino) {
   const bool naCabeca = destino.campo->origem.tipo == Origem::Tipo::Ajuste;
-  const bool numeroDoEcf = std::string_view(destino.registro->codigo) == "E01" && destino.campo->modulo == 0;
-  return destino.campo->especie == Especie::Numero && (naCabeca || numeroDoEcf);
+  return destino.campo->especie == Especie::Numero && (naCabeca || destino.campo->cortado);
 }
 
 }  // namespace
@@ -185,7 +184,7 @@ void Conferencia::grandeTotalDoE02(const Destino& destino) {
 
 void Conferencia::dinheiro(const Destino* destino) {
   const NumeroGuardado numero = leNumero(celula_.texto, true);
-  if (coluna_.maximo && destino != nullptr && destino->registro == &kE02 &&
+  if (coluna_.maximo && destino != nullptr && destino->campo->maximos >= 0 &&
       celula_.texto.size() >= kMaximoDoGt)
     return grandeTotalDoE02(*destino);
   const std::size_t expoente = celula_.texto.find("e+");

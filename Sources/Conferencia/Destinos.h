@@ -9,15 +9,6 @@
 
 namespace cotepe {
 
-/// A column as one SELECT reads it.
-struct ColunaDaConsulta {
-  std::string tabela, coluna;  // coluna: its place from 0, where the query says "*"
-  int usados = 0;              // characters that SUBSTR leaves of it; 0: all
-};
-
-/// The columns of each SELECT of a compound query, in their order; a constant has no table.
-std::vector<std::vector<ColunaDaConsulta>> colunasDaConsulta(std::string_view sql);
-
 /// Which reports are meant: the command ("" for all), the layout (0 for both), the mode.
 struct Alcance {
   std::string comando;
@@ -34,7 +25,7 @@ struct Destino {
   const Registro* registro = nullptr;
   const Campo* campo = nullptr;
   int numero = 0;     // of the field in the register, from 1
-  int usados = 0;     // as in ColunaDaConsulta
+  int usados = 0;     // characters that SUBSTR leaves of the column; 0: all
   std::string casas;  // the column that says how many decimal places it has; empty: 2
 };
 

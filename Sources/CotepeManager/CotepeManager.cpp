@@ -6,6 +6,7 @@
 
 #include "ArquivosDoBanco.h"
 #include "ExecucaoSqlite.h"
+#include "Leiaute/Identidade.h"
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
 #include "Sistema/Arquivo.h"
@@ -15,9 +16,6 @@ namespace {
 constexpr std::size_t kTamanhoDoBuffer = std::size_t{1} << 20;  // bytes between two writes of the report
 constexpr std::size_t kTamanhoDoDia = 8;                        // DDMMYYYY
 
-constexpr char kConsultaDaIdentidade[] =
-    "select ecf.num_serie, ecf.modelo, usuario.seq_usuario from dados_ecf AS ecf LEFT JOIN dados_usuario AS "
-    "usuario";
 constexpr char kFalhaDaIdentidade[] = "Erro no select - GeraRegistrosTipoE";
 
 bool diaCompleto(const char* dia) { return dia != nullptr && strnlen(dia, kTamanhoDoDia) == kTamanhoDoDia; }
@@ -106,11 +104,11 @@ bool CotepeManager::leIdentidade(cotepe::Hospedeiro& hospedeiro) {
   cotepe::copiaLimitada(modelo, hospedeiro.modelo());
   cotepe::copiaLimitada(nrFabricacao, hospedeiro.serial());
   cotepe::copiaLimitada(usuario, "");
-  cotepe::Consulta identidade(db, kConsultaDaIdentidade);
+  cotepe::Consulta identidade(db, cotepe::kConsultaDaIdentidade);
   while (identidade.avanca()) {
-    copiaSeHouver(nrFabricacao, identidade.texto(0));
-    copiaSeHouver(modelo, identidade.texto(1));
-    cotepe::copiaLimitada(usuario, identidade.texto(2));
+    copiaSeHouver(nrFabricacao, identidade.texto(cotepe::kColunaSerie));
+    copiaSeHouver(modelo, identidade.texto(cotepe::kColunaModelo));
+    cotepe::copiaLimitada(usuario, identidade.texto(cotepe::kColunaUsuario));
   }
   if (identidade.completa()) return true;
   hospedeiro.registraLog(kFalhaDaIdentidade);

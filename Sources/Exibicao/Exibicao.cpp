@@ -100,9 +100,7 @@ class EmTabela final : public Base {
  private:
   static constexpr std::size_t kLarguraDaLinha = 8;
 
-  static bool cabecalho(const RegistroLido& lido, std::size_t i) {
-    return i < 5 && lido.campos[i].campo->origem.fixa();
-  }
+  static bool cabecalho(const RegistroLido& lido, std::size_t i) { return i < lido.cabecalho(); }
 
   static std::size_t largura(const RegistroLido& lido, std::size_t i) {
     const CampoLido& campo = lido.campos[i];

@@ -1,10 +1,8 @@
 #include "Explicacao/Explicacao.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
-#include "Explicacao/ConsultaAnalisada.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Leitor/Valor.h"
@@ -24,7 +22,7 @@ std::string numeroDe(const std::string& nome, int largura, std::int64_t modulo) 
 std::string decimalDe(const Campo& campo, const Registro& registro, int largura) {
   std::string nome = traduz("decimal number with 2 decimal places and no point");
   for (const Campo& outro : registro.campos)
-    if (campo.colunaDasCasas >= 0 && outro.origem.coluna == campo.colunaDasCasas)
+    if (campo.colunaDasCasas >= 0 && outro.origem.deColuna() && outro.origem.coluna == campo.colunaDasCasas)
       nome = frase("decimal number with 2 or 3 decimal places as \"{1}\" says and no point", {outro.rotulo});
   return numeroDe(nome, largura, 0);
 }
@@ -97,57 +95,20 @@ void juntaColunas(const char* sql, int coluna, std::vector<std::string>& palavra
   }
 }
 
-// The column behind a field, or the columns where SELECTs differ. Both queries of E13 make records of one
-// kind.
+// The column behind a field, or the columns where SELECTs differ.
 std::string colunasEmPalavras(const Origem& origem, const Registro& registro) {
   std::vector<std::string> palavras;
   for (int i = 0; i < static_cast<int>(Registro::kConsultas); ++i)
-    if (i == origem.consulta || &registro == &kE13)
+    if (i == origem.consulta || origem.consulta == Origem::kDeCadaConsulta)
       juntaColunas(registro.consultas[i].sql, origem.coluna, palavras);
   std::string texto;
   for (const std::string& lida : palavras) texto = texto.empty() ? lida : frase("{1} or {2}", {texto, lida});
   return texto;
 }
 
-// Fields whose list does not say all about where they come from; of any register where none is named.
-struct FonteConhecida {
-  const char *registro, *rotulo, *texto;  // the text to be translated
-};
-constexpr std::array<FonteConhecida, 19> kFontes = {{
-    {nullptr, "Nº de fabricação",
-     marca("dados_ecf.num_serie, where that is empty the application's serial number")},
-    {nullptr, "Nº de fabricação do ECF",
-     marca("dados_ecf.num_serie, where that is empty the application's serial number")},
-    {nullptr, "Modelo do ECF", marca("dados_ecf.modelo, where that is empty the application's model")},
-    {nullptr, "Nº de ordem do usuário", marca("dados_usuario.seq_usuario, of several users the last")},
-    {"E04", "Nº do usuário", marca("dados_usuario.seq_usuario, of several users the last")},
-    {nullptr, "Comando de geração", marca("the command that the report was made with")},
-    {"E01", "Tipo de ECF", marca("dados_ecf.tipo, where that is empty the application's type")},
-    {"E01", "Versão do leiaute",
-     marca("the layout that the report was made in: 01.00.00 for 1, 02.00.00 for others")},
-    {"E02", "Totalizador geral (GT)",
-     marca("the greatest posicao_totalizadores_contadores.valor_gt (of command MF: the greatest "
-           "reducao_z.valor_gt); without one dados_usuario.valor_gt")},
-    {"E09", "Tipo de intervenção",
-     marca("intervencao.id_tipo_intervencao, with F in the place of a leading T")},
-    {"E10", "CNPJ do usuário", marca("dados_usuario.cnpj, of several users the last")},
-    {"E11", "Data de geração", marca("the application's clock while the report was made")},
-    {"E11", "Hora de geração", marca("the application's clock while the report was made")},
-    {"E14", "Ordem de desconto e acréscimo",
-     marca("A where cupom_fiscal.valor_acrescimo is not zero, else D where cupom_fiscal.valor_desconto is "
-           "not zero, else a blank")},
-    {"E16", "GNF", marca("outros_documentos.cont_gnf of CN, RG, CC and NC; of others zero")},
-    {"E16", "GRG", marca("outros_documentos.cont_grg of RG; of others zero")},
-    {"E16", "CDC", marca("outros_documentos.cont_cdc of CC; of others zero")},
-    {"E16", "CRZ", marca("outros_documentos.cont_crz of RZ; of others zero")},
-    {"E19", "Ordem de desconto e acréscimo",
-     marca("A where cupom_nf.valor_acrescimo is not zero, else D where cupom_nf.valor_desconto is not zero, "
-           "else a blank")},
-}};
-
 ExplicacaoDoCampo explicaCampo(const RegistroLido& lido, std::size_t i, int versao) {
   const CampoLido& lugar = lido.campos[i];
-  const char* nota = notaSobre(*lido.registro, lugar.campo->rotulo);
+  const char* nota = lugar.campo->observacao;
   ExplicacaoDoCampo e;
   e.numero = lugar.numero;
   e.rotulo = rotuloUnico(lido, i);
@@ -157,7 +118,7 @@ ExplicacaoDoCampo explicaCampo(const RegistroLido& lido, std::size_t i, int vers
   e.fonte = fonteDe(*lugar.campo, *lido.registro);
   e.bytes = lido.bytes(i);
   e.significado = significadoDe(lido, i);
-  if (nota != nullptr) e.nota = nota;
+  if (nota != nullptr) e.nota = traduz(nota);
   return e;
 }
 
@@ -177,12 +138,9 @@ std::string regraDe(const Campo& campo, const Registro& registro, int versao, bo
 }
 
 std::string fonteDe(const Campo& campo, const Registro& registro) {
-  for (const FonteConhecida& fonte : kFontes)
-    if (std::strcmp(fonte.rotulo, campo.rotulo) == 0 &&
-        (fonte.registro == nullptr || std::strcmp(fonte.registro, registro.codigo) == 0))
-      return traduz(fonte.texto);
+  if (campo.fonteDita != nullptr) return traduz(campo.fonteDita);
   if (campo.origem.tipo == Origem::Tipo::Constante) return frase("always \"{1}\"", {campo.origem.constante});
-  if (campo.origem.coluna >= 0) return colunasEmPalavras(campo.origem, registro);
+  if (campo.origem.deColuna()) return colunasEmPalavras(campo.origem, registro);
   return numerica(campo.especie) ? traduz("nothing: always zeros") : traduz("nothing: always blanks");
 }
 
@@ -195,7 +153,7 @@ ExplicacaoDaLinha explica(const RegistroLido& lido, const AjusteDoLeiaute& leiau
   if (!lido.medidaCerta)
     explicacao.notas.push_back(frase("the line has {1} bytes instead of {2}: its fields may stand elsewhere",
                                      {std::to_string(lido.linha.tamanho), std::to_string(lido.comprimento)}));
-  if (const char* nota = notaSobre(*lido.registro, nullptr)) explicacao.notas.emplace_back(nota);
+  if (const char* nota = lido.registro->observacao) explicacao.notas.emplace_back(traduz(nota));
   for (std::size_t i = 0; i < lido.quantos; ++i)
     explicacao.campos.push_back(explicaCampo(lido, i, leiaute.versao));
   return explicacao;

@@ -36,7 +36,5 @@ std::string regraDe(const Campo& campo, const Registro& registro, int versao, bo
 std::string fonteDe(const Campo& campo, const Registro& registro);
 /// What a field of the line means, the money in reais; flags and types in words where they are known.
 std::string significadoDe(const RegistroLido& lido, std::size_t campo);
-/// What is odd about a field, or (label null) about the register; null for nothing.
-const char* notaSobre(const Registro& registro, const char* rotulo);
 
 }  // namespace cotepe

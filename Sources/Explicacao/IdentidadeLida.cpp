@@ -5,10 +5,6 @@
 
 namespace cotepe {
 
-const char* const kConsultaDaIdentidade =
-    "select ecf.num_serie, ecf.modelo, usuario.seq_usuario from dados_ecf AS ecf LEFT JOIN dados_usuario AS "
-    "usuario";
-
 IdentidadeLida leIdentidade(sqlite3* banco, Hospedeiro& hospedeiro) {
   IdentidadeLida lida;
   copiaLimitada(lida.nrFabricacao, hospedeiro.serial());
@@ -16,16 +12,16 @@ IdentidadeLida leIdentidade(sqlite3* banco, Hospedeiro& hospedeiro) {
   Consulta consulta(banco, kConsultaDaIdentidade);
   while (consulta.avanca()) {
     const Fila fila = {consulta.texto(0), consulta.texto(1), consulta.texto(2)};
-    if (!fila[IdentidadeLida::kSerie].empty()) {
-      copiaLimitada(lida.nrFabricacao, fila[IdentidadeLida::kSerie].c_str());
-      lida.filas[IdentidadeLida::kSerie] = fila;
+    if (!fila[kColunaSerie].empty()) {
+      copiaLimitada(lida.nrFabricacao, fila[kColunaSerie].c_str());
+      lida.filas[kColunaSerie] = fila;
     }
-    if (!fila[IdentidadeLida::kModelo].empty()) {
-      copiaLimitada(lida.modelo, fila[IdentidadeLida::kModelo].c_str());
-      lida.filas[IdentidadeLida::kModelo] = fila;
+    if (!fila[kColunaModelo].empty()) {
+      copiaLimitada(lida.modelo, fila[kColunaModelo].c_str());
+      lida.filas[kColunaModelo] = fila;
     }
-    copiaLimitada(lida.usuario, fila[IdentidadeLida::kUsuario].c_str());
-    lida.filas[IdentidadeLida::kUsuario] = fila;
+    copiaLimitada(lida.usuario, fila[kColunaUsuario].c_str());
+    lida.filas[kColunaUsuario] = fila;
   }
   lida.completa = consulta.completa();
   return lida;

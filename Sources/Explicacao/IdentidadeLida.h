@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Leiaute/Execucao.h"
+#include "Leiaute/Identidade.h"
 
 struct sqlite3;
 
@@ -13,15 +14,11 @@ namespace cotepe {
 
 using Fila = std::vector<std::string>;  // the texts of a row; NULL is an empty one
 
-extern const char* const kConsultaDaIdentidade;
-
 /// Of each setting its text, as the records have it, and the row it comes from; without a row it is the
 /// application's.
 struct IdentidadeLida {
-  enum Coluna : std::uint8_t { kSerie, kModelo, kUsuario };
-
   char nrFabricacao[21] = "", modelo[21] = "", usuario[3] = "";
-  std::array<Fila, 3> filas;
+  std::array<Fila, 3> filas;  // by ColunaDaIdentidade
   bool completa = false;
 };
 

@@ -1,10 +1,10 @@
 #include "Explicacao/Procedencia.h"
 
-#include <cstdint>
-#include <cstring>
+#include <algorithm>
+#include <limits>
 
 #include "Idioma/Idioma.h"
-#include "Registros/Catalogo.h"
+#include "Leiaute/Releitura.h"
 
 namespace cotepe {
 namespace {
@@ -24,32 +24,31 @@ class Procurador {
 
   Procedencia procedencia(std::size_t i) const {
     const Campo& campo = *lido_.campos[i].campo;
-    if (lido_.vazio && !noCabecalho(i)) return {{}, traduz("no row: this is a placeholder record")};
+    if (lido_.vazio && i >= lido_.cabecalho()) return {{}, traduz("no row: this is a placeholder record")};
     switch (campo.origem.tipo) {
       case Origem::Tipo::Constante:
         return {{}, traduz("the generator: it is the same in every record")};
+      case Origem::Tipo::DoLeiaute:
+        return {{}, traduz("the layout that the report was made in")};
       case Origem::Tipo::Ajuste:
         return doAjuste(campo);
+      case Origem::Tipo::Relogio:
+        return {{}, traduz("the clock of the application that made the report")};
       default:
         break;
     }
-    if (&registro_ == &kE11 && campo.posicao != 0)
-      return {{}, traduz("the clock of the application that made the report")};
     const Alvo alvo = daConsulta(i);
-    if (alvo.sql == nullptr) return {{}, semColuna(campo)};
+    if (alvo.sql == nullptr) return {{}, traduz("nothing: it is never filled")};
     if (alvo.fila == nullptr) return {{}, traduz("no row: the query has none")};
-    if (&registro_ == &kE01 && std::strcmp(campo.rotulo, "Tipo de ECF") == 0 && (*alvo.fila)[0].empty())
-      return {{}, traduz("the application: dados_ecf.tipo is empty")};
-    return procuraNo(alvo);
+    Procedencia procedencia = procuraNo(alvo);
+    if (campo.ouDaAplicacao && (*alvo.fila)[alvo.coluna].empty())
+      procedencia = {{},
+                     frase("the application: {1} is empty",
+                           {procedencia.coluna.tabela + '.' + procedencia.coluna.coluna})};
+    return procedencia;
   }
 
  private:
-  // The fields before the first one of a row, which a placeholder record has too.
-  bool noCabecalho(std::size_t i) const {
-    while (i > 0 && lido_.campos[i].campo->origem.fixa()) --i;
-    return i == 0 && lido_.campos[0].campo->origem.fixa();
-  }
-
   Procedencia procuraNo(const Alvo& alvo) const {
     Procedencia procedencia;
     if (!procura(banco_, rastro_.comPeriodo(alvo.sql), *alvo.fila, alvo.coluna, alvo.vez, procedencia.coluna))
@@ -60,19 +59,11 @@ class Procurador {
   }
 
   Procedencia doAjuste(const Campo& campo) const {
-    if (campo.origem.ajuste == &Ajustes::comando)
-      return {{}, traduz("the command that the report was made with")};
-    const auto coluna = campo.origem.ajuste == &Ajustes::nrFabricacao ? IdentidadeLida::kSerie
-                        : campo.origem.ajuste == &Ajustes::modelo     ? IdentidadeLida::kModelo
-                                                                      : IdentidadeLida::kUsuario;
+    if (campo.origem.coluna < 0) return {{}, traduz("the command that the report was made with")};
+    const auto coluna = static_cast<std::size_t>(campo.origem.coluna);
     const Fila& fila = identidade_.filas[coluna];
     if (fila.empty()) return {{}, traduz("the application: the database does not know it")};
     return procuraNo({kConsultaDaIdentidade, &fila, coluna, 1});
-  }
-
-  static std::string semColuna(const Campo& campo) {
-    return campo.origem.tipo == Origem::Tipo::Funcao ? traduz("the layout that the report was made in")
-                                                     : traduz("nothing: it is never filled");
   }
 
   // The row behind a field: the last one of its query, or of a line that grows the one in its turn.
@@ -88,38 +79,43 @@ class Procurador {
 
   Alvo daConsulta(std::size_t i) const {
     const Campo& campo = *lido_.campos[i].campo;
-    if (ordemDoCupom(campo)) return daOrdem();
-    if (campo.origem.coluna < 0) return {};
-    const std::size_t coluna = static_cast<std::uint8_t>(campo.origem.coluna);
-    std::size_t turno = 0;
-    for (std::size_t k = 0; k < i; ++k)
-      if (lido_.campos[k].campo == &campo) ++turno;
-    if (&registro_ == &kE13) return daLinha(rastro_.ultimaConsulta(), coluna, 0);
-    if (&registro_ == &kE10 && std::strcmp(campo.rotulo, "CNPJ do usuário") == 0) return daLinha(0, 0, 0);
-    if (&registro_ == &kE02 && std::strcmp(campo.rotulo, "Totalizador geral (GT)") == 0)
-      return doTotalGeral(coluna);
-    if (&registro_ == &kE01 && std::strcmp(campo.rotulo, "Nº sequencial do ECF") == 0)
-      return daLinha(0, coluna, rastro_.filas(0).size());
-    return daLinha(campo.origem.consulta, coluna, turno);
+    if (!campo.origem.deColuna()) return doCodigo(i);
+    const auto coluna = static_cast<std::size_t>(campo.origem.coluna);
+    if (const int maximo = maximoDe(campo); maximo >= 0) return daLinha(maximo, 0, 0);
+    const bool deCada = campo.origem.consulta == Origem::kDeCadaConsulta;
+    return daLinha(deCada ? rastro_.ultimaConsulta() : campo.origem.consulta, coluna, turno(i));
   }
 
-  static bool ordemDoCupom(const Campo& campo) {
-    return std::strcmp(campo.rotulo, "Ordem de desconto e acréscimo") == 0;
-  }
-
-  // The amount that decided: the surcharge, but for a coupon with a discount alone.
-  Alvo daOrdem() const {
-    const std::string_view ordem = lido_.bytesDe("Ordem de desconto e acréscimo");
-    return daLinha(0, ordem == "D" ? 4 : 5, 0);
-  }
-
-  Alvo doTotalGeral(std::size_t coluna) const {
-    for (const int consulta : {1, 2}) {
-      const std::vector<Fila>& maximo = rastro_.filas(consulta);
-      if (!maximo.empty() && !maximo[0][0].empty() && maximo[0][0].size() <= 18)
-        return daLinha(consulta, 0, 0);
+  // Which repetition of its group the field is of, from 0; of one that is not repeated the last row counts.
+  std::size_t turno(std::size_t i) const {
+    const int numero = lido_.campos[i].numero;
+    for (const Grupo& grupo : registro_.grupos) {
+      if (numero <= grupo.primeiro || numero > grupo.primeiro + grupo.quantos) continue;
+      const auto comeca = [&](const CampoLido& outro) { return outro.numero == grupo.primeiro + 1; };
+      return static_cast<std::size_t>(std::count_if(lido_.campos, lido_.campos + i + 1, comeca)) - 1;
     }
-    return daLinha(0, coluna, 0);
+    return std::numeric_limits<std::size_t>::max();
+  }
+
+  // The column that decided for the code that stands there.
+  Alvo doCodigo(std::size_t i) const {
+    const Campo& campo = *lido_.campos[i].campo;
+    for (int c = 0; c < campo.quantosCodigos; ++c)
+      if (campo.codigos[c].coluna >= 0 && campo.codigos[c].valor == semBrancosNoFim(lido_.bytes(i)))
+        return daLinha(0, static_cast<std::size_t>(campo.codigos[c].coluna), 0);
+    return {};
+  }
+
+  // The query whose maximum goes before the field's own column; below 0 for none.
+  int maximoDe(const Campo& campo) const {
+    for (int consulta = campo.maximos; consulta > 0 && consulta < static_cast<int>(Registro::kConsultas);
+         ++consulta) {
+      const std::vector<Fila>& maximo = rastro_.filas(consulta);
+      if (!maximo.empty() && !maximo[0][0].empty() &&
+          maximo[0][0].size() <= static_cast<std::size_t>(campo.largura))
+        return consulta;
+    }
+    return -1;
   }
 
   sqlite3* banco_;

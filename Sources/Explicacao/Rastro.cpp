@@ -2,23 +2,20 @@
 
 #include <algorithm>
 
-#include "Explicacao/ConsultaAnalisada.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 #include "Leiaute/Linha.h"
-#include "Registros/Catalogo.h"
 
 namespace cotepe {
 namespace {
 
-constexpr int kColunasDeTentativas = 4;  // of "SELECT *": those that a record of E22 may read
-
-int quantasColunas(const char* sql) {
+// How many columns of a row count: those of the query, or of "*" those that the register reads.
+int quantasColunas(const Registro& registro, const char* sql) {
   const std::vector<SelectAnalisado> selects = analisa(sql);
-  return selects.front().lista.empty() ? kColunasDeTentativas
-                                       : static_cast<int>(selects.front().lista.size());
-}
-
-bool cresce(const Registro& registro) {
-  return &registro == &kE01 || &registro == &kE05 || &registro == &kE06 || &registro == &kE08;
+  if (!selects.front().lista.empty()) return static_cast<int>(selects.front().lista.size());
+  int colunas = 0;
+  for (const Campo& campo : registro.campos)
+    if (campo.origem.deColuna()) colunas = std::max(colunas, campo.origem.coluna + 1);
+  return colunas;
 }
 
 }  // namespace
@@ -51,13 +48,14 @@ Rastro::Rastro(sqlite3* banco, const Registro& registro, const Ajustes& ajustes,
       banco_(banco, nullptr, ajustes, hospedeiro),
       procurada_(std::move(procurada)),
       vez_(vez),
-      guardaTodas_(cresce(registro)) {}
+      guardaTodas_(registro.temGrupos()) {}
 
 std::unique_ptr<Leitura> Rastro::consulta(const char* sql) {
   int indice = 0;
   while (registro_.consultas[indice].sql != sql) ++indice;
   if (!achada_) ultima_ = indice;
-  return std::make_unique<LeituraLembrada>(*this, banco_.consulta(sql), indice, quantasColunas(sql));
+  return std::make_unique<LeituraLembrada>(*this, banco_.consulta(sql), indice,
+                                           quantasColunas(registro_, sql));
 }
 
 std::string Rastro::comPeriodo(std::string sql) const {

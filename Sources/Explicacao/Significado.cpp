@@ -1,5 +1,4 @@
 // What the bytes of a field mean to people.
-#include <array>
 #include <string_view>
 
 #include "Explicacao/Explicacao.h"
@@ -10,39 +9,6 @@
 namespace cotepe {
 namespace {
 
-struct Palavra {
-  std::string_view rotulo, valor;
-  const char* texto;  // the law's words, or to be translated
-};
-
-constexpr std::array<Palavra, 25> kPalavras = {{
-    {"Cancelado (S/N)", "S", marca("cancelled")},
-    {"Cancelado (S/N)", "N", marca("not cancelled")},
-    {"Estornado (S/N)", "S", marca("reversed")},
-    {"Estornado (S/N)", "N", marca("not reversed")},
-    {"Perda de dados da MT", "S", marca("the working memory lost data")},
-    {"Perda de dados da MT", "N", marca("the working memory lost no data")},
-    {"Tipo do desconto", "V", marca("a value")},
-    {"Tipo do desconto", "P", marca("a percentage")},
-    {"Tipo do acréscimo", "V", marca("a value")},
-    {"Tipo do acréscimo", "P", marca("a percentage")},
-    {"Ordem de desconto e acréscimo", "D", marca("a discount")},
-    {"Ordem de desconto e acréscimo", "A", marca("a surcharge")},
-    {"Ordem de desconto e acréscimo", "", marca("neither discount nor surcharge")},
-    {"Arredondamento ou truncamento", "A", marca("rounded")},
-    {"Arredondamento ou truncamento", "T", marca("truncated")},
-    {"Símbolo do documento", "CN", "comprovante não fiscal"},
-    {"Símbolo do documento", "RG", "relatório gerencial"},
-    {"Símbolo do documento", "CC", "comprovante de crédito ou débito"},
-    {"Símbolo do documento", "NC", "comprovante não fiscal cancelamento"},
-    {"Símbolo do documento", "RZ", "redução Z"},
-    {"Totalizador parcial", "OPNF", "operações não fiscais"},
-    {"Comando de geração", "MF", marca("fiscal memory")},
-    {"Comando de geração", "MFD", marca("detail-tape memory")},
-    {"Comando de geração", "TDM", marca("both memories")},
-    {"Comando de geração", "RZ", marca("coupons and documents of reductions")},
-}};
-
 // Codes such as 01T1800: number, tax, rate in hundredths of a percent.
 std::string_view impostoDe(std::string_view codigo) {
   const bool comTaxa = codigo.size() == 7 && soDigitos(codigo.substr(0, 2)) && soDigitos(codigo.substr(3));
@@ -50,10 +16,10 @@ std::string_view impostoDe(std::string_view codigo) {
   return codigo[2] == 'T' ? "ICMS" : codigo[2] == 'S' ? "ISSQN" : "";
 }
 
-std::string emPalavras(std::string_view rotulo, std::string_view valor) {
-  for (const Palavra& palavra : kPalavras)
-    if (palavra.rotulo == rotulo && palavra.valor == valor) return traduz(palavra.texto);
-  if (rotulo != "Totalizador parcial" || impostoDe(valor).empty()) return {};
+std::string emPalavras(const Campo& campo, std::string_view valor) {
+  for (int i = 0; i < campo.quantosCodigos; ++i)
+    if (campo.codigos[i].valor == valor) return traduz(campo.codigos[i].palavras);
+  if (!campo.deTotalizador || impostoDe(valor).empty()) return {};
   const std::string inteiros(valor.substr(valor[3] == '0' ? 4 : 3, valor[3] == '0' ? 1 : 2));
   return std::string(impostoDe(valor)) + ' ' + inteiros + ',' + std::string(valor.substr(5)) + " %";
 }
@@ -80,7 +46,7 @@ std::string significadoDe(const RegistroLido& lido, std::size_t campo) {
   const std::string texto = paraPessoas(valor, bytes);
   if (deDinheiro(lugar.campo->especie)) return "R$ " + texto;
   if (valor.tipo == TipoDeValor::Inteiro) return valor.texto;
-  const std::string palavras = emPalavras(lugar.campo->rotulo, semBrancosNoFim(bytes));
+  const std::string palavras = emPalavras(*lugar.campo, semBrancosNoFim(bytes));
   if (texto.empty()) return palavras.empty() ? traduz("blank: none") : palavras;
   return palavras.empty() ? texto : texto + ": " + palavras;
 }

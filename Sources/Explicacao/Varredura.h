@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Explicacao/ConsultaAnalisada.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 #include "Explicacao/IdentidadeLida.h"
 
 struct sqlite3;

@@ -1,18 +1,17 @@
 #include "Leitor/AjustesDoRelatorio.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
 #include "Leiaute/Releitura.h"
+#include "Leitor/Coluna.h"
 
 namespace cotepe {
 namespace {
 
-using Presentes = std::array<bool, kCatalogo.size()>;
+using Presentes = std::vector<bool>;
 
-std::string valor(const RegistroLido& lido, const char* rotulo) {
-  return std::string(semBrancosNoFim(lido.bytesDe(rotulo)));
+std::string valor(const RegistroLido& lido, const Coluna& coluna) {
+  return std::string(semBrancosNoFim(coluna.bytes(lido)));
 }
 
 void estende(AjustesDoRelatorio& ajustes, const std::string& data) {
@@ -22,34 +21,37 @@ void estende(AjustesDoRelatorio& ajustes, const std::string& data) {
 }
 
 void leE01(AjustesDoRelatorio& ajustes, const RegistroLido& lido) {
-  ajustes.comando = valor(lido, "Comando de geração");
+  static const Coluna comando(kE01, "Comando de geração"), inicial(kE01, "Data inicial"),
+      final(kE01, "Data final"), crzFinal(kE01, "CRZ final");
+  ajustes.comando = valor(lido, comando);
   ajustes.comandoDoE01 = true;
-  estende(ajustes, valor(lido, "Data inicial"));
-  const std::string ultima = valor(lido, "Data final"), crz = valor(lido, "CRZ final");
+  estende(ajustes, valor(lido, inicial));
+  const std::string ultima = valor(lido, final), crz = valor(lido, crzFinal);
   if (dataPossivel(ultima)) ajustes.ultimaEmissao = ultima;
   if (!crz.empty() && soDigitos(crz)) ajustes.ultimoCrz = crz;
 }
 
 // The first command that writes all the registers found, from the one of fewest registers on.
-std::string comandoDe(const Presentes& presentes) {
+std::string comandoDe(const Catalogo& catalogo, const Presentes& presentes) {
   for (const char* comando : {"", "RZ", "MF", "MFD"}) {
     bool todos = true;
     for (std::size_t i = 0; i < presentes.size(); ++i)
-      todos = todos && (!presentes[i] || kCatalogo[i]->despachado(comando, 2));
+      todos = todos && (!presentes[i] || catalogo[i]->despachado(comando, 2));
     if (todos) return comando;
   }
   return "TDM";
 }
 
-bool faltaVazio(const Presentes& presentes, const std::string& comando, int versao) {
+bool faltaVazio(const Catalogo& catalogo, const Presentes& presentes, const std::string& comando,
+                int versao) {
   for (std::size_t i = 0; i < presentes.size(); ++i)
-    if (!presentes[i] && kCatalogo[i]->vazio == Vazio::ForaDoCat52 &&
-        kCatalogo[i]->despachado(comando.c_str(), versao))
+    if (!presentes[i] && catalogo[i]->vazio == Vazio::ForaDoCat52 &&
+        catalogo[i]->despachado(comando.c_str(), versao))
       return true;
   return false;
 }
 
-// What a record of E22 leaves: it is written in layout 2 alone. Nothing where that contradicts the other
+// What a record that is written in layout 2 alone leaves. Nothing where that contradicts the other
 // lines.
 void soVersao2(std::vector<AjusteDoLeiaute>& leiautes) {
   const auto outra = [](const AjusteDoLeiaute& a) { return a.versao != 2; };
@@ -59,22 +61,24 @@ void soVersao2(std::vector<AjusteDoLeiaute>& leiautes) {
 
 }  // namespace
 
-AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas) {
+AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas, Catalogo catalogo) {
   AjustesDoRelatorio ajustes;
-  Presentes presentes{};
-  LeitorDeRegistros registros(linhas);
+  static const Coluna fita(kE10, "Data de emissão"), movimento(kE12, "Data do movimento");
+  LeitorDeRegistros registros(linhas, catalogo);
+  Presentes presentes(catalogo.size());
   for (RegistroLido lido; registros.proximo(lido);) {
     if (lido.registro == nullptr) continue;
     presentes[static_cast<std::size_t>(lido.indice)] = true;
     if (lido.registro == &kE01) leE01(ajustes, lido);
-    if (lido.registro == &kE10) estende(ajustes, valor(lido, "Data de emissão"));
-    if (lido.registro == &kE12) estende(ajustes, valor(lido, "Data do movimento"));
+    if (lido.registro == &kE10) estende(ajustes, valor(lido, fita));
+    if (lido.registro == &kE12) estende(ajustes, valor(lido, movimento));
   }
-  if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(presentes);
-  for (std::size_t i = 0; i < std::size(kAjustesPossiveis); ++i)
+  if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(catalogo, presentes);
+  for (std::size_t i = 0; i < kAjustesPossiveis.size(); ++i)
     if ((registros.ajustes() >> i & 1) != 0) ajustes.leiautes.push_back(kAjustesPossiveis[i]);
-  if (presentes[kCatalogo.size() - 1]) soVersao2(ajustes.leiautes);
-  ajustes.faltaVazio = faltaVazio(presentes, ajustes.comando, ajustes.leiautes.front().versao);
+  for (std::size_t i = 0; i < catalogo.size(); ++i)
+    if (presentes[i] && catalogo[i]->soNaVersao2) soVersao2(ajustes.leiautes);
+  ajustes.faltaVazio = faltaVazio(catalogo, presentes, ajustes.comando, ajustes.leiautes.front().versao);
   if (ajustes.faltaVazio)
     std::stable_partition(ajustes.leiautes.begin(), ajustes.leiautes.end(),
                           [](const AjusteDoLeiaute& a) { return a.cat52; });

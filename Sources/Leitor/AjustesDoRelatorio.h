@@ -23,6 +23,6 @@ struct AjustesDoRelatorio {
 };
 
 /// Reads a report to its end.
-AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas);
+AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas, Catalogo catalogo = kCatalogo);
 
 }  // namespace cotepe

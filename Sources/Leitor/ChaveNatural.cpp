@@ -11,14 +11,17 @@ namespace {
 
 constexpr char kEntre = '\x1f';
 
-const std::array<const char*, 2>& camposDaChave(const RegistroLido& lido) {
-  return kChavesNaturais[static_cast<std::size_t>(lido.indice)].campos;
-}
+bool temChave(const RegistroLido& lido) { return lido.registro != nullptr && lido.registro->chave[0] >= 0; }
 
-// The value of the field with the label, which every line of the register has.
-std::string_view valor(const RegistroLido& lido, const char* rotulo) {
-  const std::size_t i = lido.acha(rotulo);
-  return semEnchimento(lido.campos[i].campo->especie, lido.bytes(i));
+// Gives each field of the key and its value on the line; every line of the register has them.
+template <class Recebe>
+void percorre(const RegistroLido& lido, const Recebe& recebe) {
+  for (const std::int8_t lugar : lido.registro->chave) {
+    if (lugar < 0) continue;
+    const Campo& campo = lido.registro->campos[static_cast<std::size_t>(lugar)];
+    const std::size_t i = lido.acha(campo.rotulo);
+    recebe(campo, semEnchimento(campo.especie, lido.bytes(i)));
+  }
 }
 
 }  // namespace
@@ -30,24 +33,18 @@ std::string_view semEnchimento(Especie especie, std::string_view bytes) noexcept
 }
 
 std::string chaveDe(const RegistroLido& lido, long ordem) {
-  if (lido.registro == nullptr || camposDaChave(lido)[0] == nullptr) return std::to_string(ordem);
+  if (!temChave(lido)) return std::to_string(ordem);
   std::string chave;
-  for (const char* rotulo : camposDaChave(lido)) {
-    if (rotulo == nullptr) break;
-    chave += valor(lido, rotulo);
-    chave += kEntre;
-  }
+  percorre(lido, [&](const Campo& /*campo*/, std::string_view valor) { (chave += valor) += kEntre; });
   return chave;
 }
 
 std::string chaveParaPessoas(const RegistroLido& lido, long ordem) {
-  if (lido.registro == nullptr || camposDaChave(lido)[0] == nullptr)
-    return ordem == 1 ? std::string() : frase("number {1}", {std::to_string(ordem)});
+  if (!temChave(lido)) return ordem == 1 ? std::string() : frase("number {1}", {std::to_string(ordem)});
   std::string texto;
-  for (const char* rotulo : camposDaChave(lido)) {
-    if (rotulo == nullptr) break;
-    texto += (texto.empty() ? "" : ", ") + std::string(rotulo) + ' ' + mostravel(valor(lido, rotulo));
-  }
+  percorre(lido, [&](const Campo& campo, std::string_view valor) {
+    texto += (texto.empty() ? "" : ", ") + std::string(campo.rotulo) + ' ' + mostravel(valor);
+  });
   return texto;
 }
 

@@ -1,22 +1,16 @@
 #include "Leitor/LeitorDeRegistros.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <iterator>
 
 #include "Leiaute/Releitura.h"
 
 namespace cotepe {
 namespace {
 
-constexpr int kAjustes = static_cast<int>(std::size(kAjustesPossiveis));
+constexpr int kAjustes = static_cast<int>(kAjustesPossiveis.size());
 constexpr int kMaisDigitos =
     17;  // of a number of 64 bits and its sign, beyond the three of the narrowest field
 constexpr int kMaximoDeGravacoes = 100000000;  // whose line has a length that an int holds
-constexpr std::size_t kCabecalho = 4;          // fields of the head of most registers
-
-constexpr int kIndiceE01 = 0, kIndiceE05 = 4, kIndiceE06 = 5, kIndiceE07 = 6, kIndiceE08 = 7, kIndiceE11 = 10,
-              kIndiceE13 = 12;
 
 bool possivel(unsigned ajustes, int ajuste) { return (ajustes >> ajuste & 1) != 0; }
 
@@ -26,58 +20,36 @@ int primeiro(unsigned ajustes) {
   return ajuste;
 }
 
-bool e07Nua(std::string_view texto) { return texto.size() == 18 && soBrancos(texto); }
-
-// A placeholder is known by what it holds. E13 has one more, of the non-fiscal sums.
-bool temConteudoDeVazio(const Forma& forma, std::string_view texto) {
-  if (forma.registro->vazio == Vazio::Nunca || forma.indice == kIndiceE11) return false;
-  if (texto.size() != static_cast<std::size_t>(forma.comprimento)) return false;
-  const std::string_view conteudo = texto.substr(static_cast<std::size_t>(forma.inicioVazio));
-  return conteudo == forma.vazio || (forma.indice == kIndiceE13 && conteudo == "000000OPNF   0000000000000");
+// The placeholder that the line is; null where it is none.
+const ConteudoVazio* vazioNa(const FormaDoRegistro& forma, std::string_view texto) {
+  if (texto.size() != static_cast<std::size_t>(forma.comprimento)) return nullptr;
+  for (const ConteudoVazio& vazio : forma.vazios)
+    if (texto.substr(vazio.inicio) == vazio.bytes) return &vazio;
+  return nullptr;
 }
 
-void usa(RegistroLido& lido, const Forma& forma, bool medidaCerta) {
-  lido.campos = forma.campos.data();
-  lido.quantos = forma.campos.size();
-  lido.comprimento = forma.comprimento;
-  lido.medidaCerta = medidaCerta;
-}
+bool semCabecalho(const Registro& registro) { return registro.camposVazios.size() != registro.campos.size(); }
 
-bool cabe(RegistroLido& lido, const Forma& forma) {
-  if (lido.linha.tamanho != static_cast<std::uint64_t>(forma.comprimento)) return false;
-  usa(lido, forma, true);
-  lido.vazio = temConteudoDeVazio(forma, lido.linha.texto);
-  return true;
-}
-
-// How often the groups of E01 stand on it.
-struct GruposDoE01 {
-  int ecfs = 1, versoes = 1, usuarios = 1;
-
-  int comprimento() const { return 81 + 47 * ecfs + (versoes == 0 ? 14 : 24 * versoes) + 14 * usuarios; }
-  int estranheza() const { return std::abs(ecfs - 1) + std::abs(versoes - 1) + std::abs(usuarios - 1); }
-};
-
-// The least strange line of the length given; false when there is none.
-bool gruposDoE01(int comprimento, GruposDoE01& melhor) {
-  bool achou = false;
-  for (int ecfs = 0; ecfs <= 9; ++ecfs)
-    for (int versoes = 0; versoes <= 2; ++versoes)
-      for (int usuarios = 1; usuarios <= 99; ++usuarios) {
-        const GruposDoE01 grupos{ecfs, versoes, usuarios};
-        if (grupos.comprimento() != comprimento || (achou && grupos.estranheza() >= melhor.estranheza()))
-          continue;
-        melhor = grupos;
-        achou = true;
-      }
-  return achou;
+// Whether the fields that a line repeats from record to record hold what they have in a placeholder.
+bool repetidosVazios(const RegistroLido& lido) {
+  const Grupo* grupo = std::find_if(std::begin(lido.registro->grupos), std::end(lido.registro->grupos),
+                                    [](const Grupo& g) { return g.vezes == Grupo::Vezes::Registros; });
+  if (grupo == std::end(lido.registro->grupos)) return false;
+  return std::all_of(lido.campos, lido.campos + lido.quantos, [&](const CampoLido& campo) {
+    const char enchimento = numerica(campo.campo->especie) ? '0' : ' ';
+    return campo.numero <= grupo->primeiro ||
+           campo.em(lido.linha.texto).find_first_not_of(enchimento) == std::string_view::npos;
+  });
 }
 
 }  // namespace
 
-LeitorDeRegistros::LeitorDeRegistros(LeitorDeLinhas& linhas) : linhas_(linhas) {}
+LeitorDeRegistros::LeitorDeRegistros(LeitorDeLinhas& linhas, Catalogo catalogo)
+    : linhas_(linhas), formas_(Formas::de(catalogo)), vistos_(catalogo.size()) {}
 
-const AjusteDoLeiaute& LeitorDeRegistros::ajuste() const { return kAjustesPossiveis[primeiro(ajustes_)]; }
+const AjusteDoLeiaute& LeitorDeRegistros::ajuste() const {
+  return kAjustesPossiveis[static_cast<std::size_t>(primeiro(ajustes_))];
+}
 
 std::size_t RegistroLido::acha(std::string_view rotulo) const {
   std::size_t i = 0;
@@ -90,6 +62,12 @@ std::string_view RegistroLido::bytesDe(std::string_view rotulo) const {
   return i < quantos ? bytes(i) : std::string_view();
 }
 
+std::size_t RegistroLido::cabecalho() const {
+  std::size_t i = 0;
+  while (i < quantos && campos[i].campo->origem.fixa()) ++i;
+  return i;
+}
+
 bool LeitorDeRegistros::proximo(RegistroLido& lido) {
   LinhaLida linha;
   if (!linhas_.proxima(linha)) return false;
@@ -97,21 +75,28 @@ bool LeitorDeRegistros::proximo(RegistroLido& lido) {
   return true;
 }
 
+// The register whose placeholder, which has no head, the line is; below 0 for none.
+int LeitorDeRegistros::semCodigo(std::string_view texto) const {
+  for (int r = 0; r < static_cast<int>(catalogo().size()); ++r)
+    if (semCabecalho(*catalogo()[static_cast<std::size_t>(r)]) &&
+        vazioNa(formas_->em(r, primeiro(ajustes_), true), texto) != nullptr)
+      return r;
+  return -1;
+}
+
 void LeitorDeRegistros::le(const LinhaLida& linha, RegistroLido& lido) {
   lido = RegistroLido{};
   lido.linha = linha;
-  lido.indice = indiceDoRegistro(linha.texto.substr(0, 3));
-  const bool nua = lido.indice < 0 && e07Nua(linha.texto);
-  if (nua) lido.indice = kIndiceE07;
+  lido.indice = catalogo().indiceDe(linha.texto.substr(0, 3));
+  const bool nua = lido.indice < 0;
+  if (nua) lido.indice = semCodigo(linha.texto);
   if (lido.indice < 0) return;
-  lido.registro = kCatalogo[static_cast<std::size_t>(lido.indice)];
+  lido.registro = catalogo()[static_cast<std::size_t>(lido.indice)];
   if (nua) {
-    usa(lido, forma(kIndiceE07, primeiro(ajustes_), true), true);
+    usa(lido, formas_->em(lido.indice, primeiro(ajustes_), true), true);
     lido.vazio = true;
-  } else if (lido.indice == kIndiceE01) {
-    leE01(lido);
-  } else if (lido.indice == kIndiceE05 || lido.indice == kIndiceE06 || lido.indice == kIndiceE08) {
-    leCrescente(lido);
+  } else if (lido.registro->temGrupos()) {
+    leComGrupos(lido);
   } else {
     leRegular(lido);
   }
@@ -121,21 +106,43 @@ void LeitorDeRegistros::le(const LinhaLida& linha, RegistroLido& lido) {
 void LeitorDeRegistros::restringe(unsigned ajustes) {
   if ((ajustes_ & ajustes) == ajustes_ || (ajustes_ & ajustes) == 0) return;
   ajustes_ &= ajustes;
-  ultimas_.fill(nullptr);
+  for (Visto& visto : vistos_) visto.ultima = nullptr;
+}
+
+void LeitorDeRegistros::usa(RegistroLido& lido, const Disposicao& disposicao, bool medidaCerta) {
+  lido.campos = disposicao.campos.data();
+  lido.quantos = disposicao.campos.size();
+  lido.comprimento = disposicao.comprimento;
+  lido.medidaCerta = medidaCerta;
+  if (disposicao.doLeiaute < 0) return;
+  const auto i = static_cast<std::size_t>(disposicao.doLeiaute);
+  const Origem& origem = lido.campos[i].campo->origem;
+  const std::string_view leiaute = lido.bytes(i);
+  if (leiaute == origem.constante || leiaute == origem.nosOutros)
+    restringe(ajustesEmQue([&](const AjusteDoLeiaute& ajuste) {
+      return (ajuste.versao == 1) == (leiaute == origem.constante);
+    }));
+}
+
+bool LeitorDeRegistros::cabe(RegistroLido& lido, const FormaDoRegistro& forma) {
+  if (lido.linha.tamanho != static_cast<std::uint64_t>(forma.comprimento)) return false;
+  usa(lido, forma, true);
+  lido.vazio = vazioNa(forma, lido.linha.texto) != nullptr;
+  return true;
 }
 
 void LeitorDeRegistros::leRegular(RegistroLido& lido) {
-  const Forma*& ultima = ultimas_[static_cast<std::size_t>(lido.indice)];
+  const FormaDoRegistro*& ultima = vistos_[static_cast<std::size_t>(lido.indice)].ultima;
   if (ultima != nullptr && cabe(lido, *ultima) && !lido.vazio) return;
 
   unsigned cabem = 0;
-  const Forma* achada = nullptr;
-  const Forma* deslocada = nullptr;
+  const FormaDoRegistro* achada = nullptr;
+  const FormaDoRegistro* deslocada = nullptr;
   for (int ajuste = kAjustes - 1; ajuste >= 0; --ajuste) {
     if (!possivel(ajustes_, ajuste)) continue;
     for (const bool vazio : {true, false}) {
-      if (vazio && lido.indice == kIndiceE07) continue;  // it has no code
-      const Forma& tentada = forma(lido.indice, ajuste, vazio);
+      if (vazio && semCabecalho(*lido.registro)) continue;  // it has no code
+      const FormaDoRegistro& tentada = formas_->em(lido.indice, ajuste, vazio);
       const auto sobra = static_cast<std::int64_t>(lido.linha.tamanho) - tentada.comprimento;
       if (sobra > 0 && sobra <= kMaisDigitos && tentada.deslocavel >= 0 && !vazio) deslocada = &tentada;
       if (sobra != 0) continue;
@@ -145,85 +152,52 @@ void LeitorDeRegistros::leRegular(RegistroLido& lido) {
   }
   if (achada == nullptr) {
     if (deslocada != nullptr) return desloca(lido, *deslocada);
-    return usa(lido, forma(lido.indice, primeiro(ajustes_), false), false);
+    return usa(lido, formas_->em(lido.indice, primeiro(ajustes_), false), false);
   }
   cabe(lido, *achada);
   restringe(cabem);
-  if (lido.vazio && lido.registro->vazio == Vazio::ForaDoCat52 &&
-      lido.linha.texto.find("OPNF") == std::string_view::npos)
-    restringe(kForaDoCat52);
-  ultimas_[static_cast<std::size_t>(lido.indice)] = achada;
+  const ConteudoVazio* vazio = vazioNa(*achada, lido.linha.texto);
+  if (vazio != nullptr && vazio->quando == Vazio::ForaDoCat52) restringe(foraDoCat52());
+  ultima = achada;
 }
 
-void LeitorDeRegistros::desloca(RegistroLido& lido, const Forma& forma) {
+void LeitorDeRegistros::desloca(RegistroLido& lido, const FormaDoRegistro& forma) {
   const auto sobra = static_cast<int>(lido.linha.tamanho) - forma.comprimento;
-  rascunho_ = forma.campos;
+  rascunho_ = forma;
   const auto largo = static_cast<std::size_t>(forma.deslocavel);
-  rascunho_[largo].largura += sobra;
-  for (std::size_t i = largo + 1; i < rascunho_.size(); ++i) rascunho_[i].posicao += sobra;
-  lido.campos = rascunho_.data();
-  lido.quantos = rascunho_.size();
-  lido.comprimento = forma.comprimento + sobra;
-  lido.medidaCerta = true;
+  rascunho_.campos[largo].largura += sobra;
+  for (std::size_t i = largo + 1; i < rascunho_.campos.size(); ++i) rascunho_.campos[i].posicao += sobra;
+  rascunho_.comprimento += sobra;
+  usa(lido, rascunho_, true);
 }
 
-void LeitorDeRegistros::acrescenta(const Registro& registro, std::size_t primeiro, std::size_t quantos) {
-  for (std::size_t i = primeiro; i < primeiro + quantos; ++i) {
-    const int largura = registro.campos[i].largura;
-    rascunho_.push_back({&registro.campos[i], static_cast<int>(i) + 1, cursor_, largura});
-    cursor_ += largura;
-  }
-}
-
-void LeitorDeRegistros::leE01(RegistroLido& lido) {
-  GruposDoE01 grupos;
-  lido.medidaCerta = lido.linha.tamanho <= LeitorDeLinhas::kBloco &&
-                     gruposDoE01(static_cast<int>(lido.linha.tamanho), grupos);
-  usuarios_ = static_cast<std::size_t>(grupos.usuarios);
-  rascunho_.clear();
-  cursor_ = 0;
-  acrescenta(kE01, 0, 3);
-  for (int i = 0; i < grupos.ecfs; ++i) acrescenta(kE01, 3, 3);
-  for (int i = 0; i < grupos.versoes; ++i) acrescenta(kE01, 6, 3);
-  if (grupos.versoes == 0) acrescenta(kE01, 7, 2);
-  acrescenta(kE01, 9, 1);
-  for (int i = 0; i < grupos.usuarios; ++i) acrescenta(kE01, 10, 1);
-  acrescenta(kE01, 11, 7);
-  lido.campos = rascunho_.data();
-  lido.quantos = rascunho_.size();
-  lido.comprimento = cursor_;
-  const std::string_view leiaute = lido.bytes(lido.quantos - 1);
-  if (leiaute == "AC1704 01.00.00") restringe(1 | 2);
-  if (leiaute == "AC1704 02.00.00") restringe(4 | 8 | 16 | 32);
-}
-
-// E05, E06 and E08: one CNPJ for each user; in E05 and E06 each line also repeats the recordings before its
-// own, of E05 without their codings.
-void LeitorDeRegistros::leCrescente(RegistroLido& lido) {
+// How often the groups of the line stand on it: by its length in the register that tells the users, by theirs
+// and by the records so far in the others.
+Repeticoes LeitorDeRegistros::vezes(const RegistroLido& lido) {
+  Repeticoes vezes = kUmaVez;
   const Registro& registro = *lido.registro;
-  int& ordem = ordens_[static_cast<std::size_t>(lido.indice)];
-  ordem = std::min(ordem + 1, kMaximoDeGravacoes);
-  rascunho_.clear();
-  cursor_ = 0;
-  acrescenta(registro, 0, kCabecalho);
-  for (std::size_t i = 0; i < usuarios_; ++i) acrescenta(registro, kCabecalho, 1);
-  const auto gravacao = static_cast<std::size_t>(cursor_);
-  if (lido.indice == kIndiceE08) {
-    acrescenta(registro, 5, 1);
-  } else {
-    const std::size_t repetidos = lido.indice == kIndiceE05 ? 2 : 3;
-    int antes = ordem - 1;
-    for (; antes > 0 && cursor_ <= static_cast<int>(lido.linha.texto.size()); --antes)
-      acrescenta(registro, 5, repetidos);
-    cursor_ += antes * comprimento(registro.campos.trecho(5, repetidos), 1, false);
-    acrescenta(registro, 5, 3);
+  int& registros = vistos_[static_cast<std::size_t>(lido.indice)].registros;
+  registros = std::min(registros + 1, kMaximoDeGravacoes);
+  const bool pelaLinha = std::any_of(std::begin(registro.grupos), std::end(registro.grupos),
+                                     [](const Grupo& grupo) { return grupo.maximo != 0; });
+  if (pelaLinha && lido.linha.tamanho <= LeitorDeLinhas::kBloco)
+    repeticoesDe(registro, ajuste(), static_cast<int>(lido.linha.tamanho), vezes);
+  for (std::size_t g = 0; g < vezes.size(); ++g) {
+    if (registro.grupos[g].vezes == Grupo::Vezes::Registros) vezes[g] = registros;
+    if (registro.grupos[g].vezes != Grupo::Vezes::Usuarios) continue;
+    if (pelaLinha)
+      usuarios_ = vezes[g];
+    else
+      vezes[g] = usuarios_;
   }
-  lido.campos = rascunho_.data();
-  lido.quantos = rascunho_.size();
-  lido.comprimento = cursor_;
-  lido.medidaCerta = lido.linha.tamanho == static_cast<std::uint64_t>(cursor_);
-  lido.vazio = lido.indice != kIndiceE08 && lido.medidaCerta && ordem == 1 &&
-               soBrancos(lido.linha.texto.substr(gravacao));
+  return vezes;
+}
+
+void LeitorDeRegistros::leComGrupos(RegistroLido& lido) {
+  dispoe(rascunho_, *lido.registro, ajuste(), vezes(lido), lido.linha.texto.size());
+  usa(lido, rascunho_, lido.linha.tamanho == static_cast<std::uint64_t>(rascunho_.comprimento));
+  lido.vazio = lido.medidaCerta && vistos_[static_cast<std::size_t>(lido.indice)].registros == 1 &&
+               repetidosVazios(lido);
 }
 
 }  // namespace cotepe

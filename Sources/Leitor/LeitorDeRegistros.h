@@ -1,12 +1,11 @@
 // A report as records: each line with its register and its fields, the file's layout worked out on the way.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
 
-#include "Leitor/Forma.h"
+#include "Leitor/Formas.h"
 #include "Leitor/LeitorDeLinhas.h"
 
 namespace cotepe {
@@ -28,10 +27,14 @@ struct RegistroLido {
   std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
 
   ///@{
-  /// The first field with the label: its place among those on the line, or `quantos`; its bytes, or none.
+  /// The first field with the label: its place among those on the line, or `quantos`; its bytes, or none. For
+  /// labels that not every register has: rules name theirs by Coluna.
   std::size_t acha(std::string_view rotulo) const;
   std::string_view bytesDe(std::string_view rotulo) const;
   ///@}
+
+  /// How many fields the line begins with that are the same in every record.
+  std::size_t cabecalho() const;
 };
 
 /// Reads the records of a report, in the order of the file. What is particular to the generator's lines is
@@ -44,7 +47,10 @@ struct RegistroLido {
 class LeitorDeRegistros {
  public:
   /// Borrows the lines, which must be those of one report from its start.
-  explicit LeitorDeRegistros(LeitorDeLinhas& linhas);
+  explicit LeitorDeRegistros(LeitorDeLinhas& linhas, Catalogo catalogo = kCatalogo);
+
+  /// The registers that it knows.
+  const Catalogo& catalogo() const { return formas_->catalogo(); }
 
   /// Goes to the next line; false at the end of the file, or when it cannot be read (LeitorDeLinhas::erro).
   bool proximo(RegistroLido& lido);
@@ -62,27 +68,36 @@ class LeitorDeRegistros {
 
   ///@{
   /// Whether every setting that is still possible has CAT52, or none has it.
-  bool certamenteCat52() const { return (ajustes_ & kForaDoCat52) == 0; }
-  bool certamenteForaDoCat52() const { return (ajustes_ & ~kForaDoCat52) == 0; }
+  bool certamenteCat52() const { return (ajustes_ & foraDoCat52()) == 0; }
+  bool certamenteForaDoCat52() const { return (ajustes_ & ~foraDoCat52()) == 0; }
   ///@}
 
  private:
-  static constexpr unsigned kForaDoCat52 = 1 | 4 | 16;
+  static unsigned foraDoCat52() {
+    return ajustesEmQue([](const AjusteDoLeiaute& ajuste) { return !ajuste.cat52; });
+  }
 
+  /// What the lines of a register have told so far.
+  struct Visto {
+    const FormaDoRegistro* ultima = nullptr;  // the form of the last line
+    int registros = 0;                        // how many lines came
+  };
+
+  int semCodigo(std::string_view texto) const;
   void leRegular(RegistroLido& lido);
-  void desloca(RegistroLido& lido, const Forma& forma);
-  void leE01(RegistroLido& lido);
-  void leCrescente(RegistroLido& lido);
-  void acrescenta(const Registro& registro, std::size_t primeiro, std::size_t quantos);
+  void leComGrupos(RegistroLido& lido);
+  Repeticoes vezes(const RegistroLido& lido);
+  bool cabe(RegistroLido& lido, const FormaDoRegistro& forma);
+  void desloca(RegistroLido& lido, const FormaDoRegistro& forma);
+  void usa(RegistroLido& lido, const Disposicao& disposicao, bool medidaCerta);
   void restringe(unsigned ajustes);
 
   LeitorDeLinhas& linhas_;
+  std::shared_ptr<const Formas> formas_;
   unsigned ajustes_ = kTodosOsAjustes;
-  std::array<const Forma*, kCatalogo.size()> ultimas_{};  // the form that the last line of each register had
-  std::array<int, kCatalogo.size()> ordens_{};            // how many lines of E05 and E06 came
-  std::size_t usuarios_ = 1;                              // how many CNPJs E01 has
-  std::vector<CampoLido> rascunho_;                       // fields of a line that has no form of its own
-  int cursor_ = 0;                                        // where the next field of `rascunho_` stands
+  std::vector<Visto> vistos_;  // of each register
+  int usuarios_ = 1;           // how many the printer has, as its first register tells
+  Disposicao rascunho_;        // of a line that has no form of its own
 };
 
 }  // namespace cotepe

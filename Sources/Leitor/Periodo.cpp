@@ -3,14 +3,27 @@
 #include <algorithm>
 
 #include "Leiaute/Releitura.h"
+#include "Leitor/Coluna.h"
 
 namespace cotepe {
 namespace {
 
-// The number in the field with the label; below 0 where it has none.
-std::int64_t numeroEm(const RegistroLido& lido, const char* rotulo) {
+/// The counters that records go together by.
+struct Colunas {
+  Coluna reducao{kE12, "CRZ"}, documento{kE16, "CRZ"}, parcial{kE13, "CRZ"}, naoFiscal{kE17, "CRZ"},
+      meio{kE18, "CRZ"}, cupom{kE14, "CCF"}, item{kE15, "CCF"}, comprovante{kE19, "GNF"},
+      operacao{kE20, "GNF"}, ccfPago{kE21, "CCF"}, gnfPago{kE21, "GNF"};
+};
+
+const Colunas& colunas() {
+  static const Colunas todas;
+  return todas;
+}
+
+// The number in the column; below 0 where it has none.
+std::int64_t numeroEm(const RegistroLido& lido, const Coluna& coluna) {
   std::int64_t valor = 0;
-  return leNumero(lido.bytesDe(rotulo), valor) ? valor : -1;
+  return leNumero(coluna.bytes(lido), valor) ? valor : -1;
 }
 
 }  // namespace
@@ -42,26 +55,28 @@ bool Periodo::temData(const RegistroLido& lido) const {
 }
 
 void Periodo::anota(const RegistroLido& lido, bool dentro) {
+  const Colunas& c = colunas();
   if (lido.registro == &kE12) {
-    reducoes_.anota(numeroEm(lido, "CRZ"), dentro);
+    reducoes_.anota(numeroEm(lido, c.reducao), dentro);
     comReducoes_ = true;
   } else if (lido.registro == &kE14) {
-    cupons_.anota(numeroEm(lido, "CCF"), dentro);
+    cupons_.anota(numeroEm(lido, c.cupom), dentro);
   } else if (lido.registro == &kE19) {
-    naoFiscais_.anota(numeroEm(lido, "GNF"), dentro);
-  } else if (lido.registro == &kE16 && !comReducoes_ && numeroEm(lido, "CRZ") > 0) {
-    reducoes_.anota(numeroEm(lido, "CRZ"), dentro);
+    naoFiscais_.anota(numeroEm(lido, c.comprovante), dentro);
+  } else if (lido.registro == &kE16 && !comReducoes_ && numeroEm(lido, c.documento) > 0) {
+    reducoes_.anota(numeroEm(lido, c.documento), dentro);
   }
 }
 
 bool Periodo::comSeuDocumento(const RegistroLido& lido) const {
-  if (lido.registro == &kE13 || lido.registro == &kE17 || lido.registro == &kE18)
-    return reducoes_.tem(numeroEm(lido, "CRZ"));
-  if (lido.registro == &kE15) return cupons_.tem(numeroEm(lido, "CCF"));
-  if (lido.registro == &kE20) return naoFiscais_.tem(numeroEm(lido, "GNF"));
+  const Colunas& c = colunas();
+  for (const Coluna* crz : {&c.parcial, &c.naoFiscal, &c.meio})
+    if (lido.registro == &crz->registro()) return reducoes_.tem(numeroEm(lido, *crz));
+  if (lido.registro == &kE15) return cupons_.tem(numeroEm(lido, c.item));
+  if (lido.registro == &kE20) return naoFiscais_.tem(numeroEm(lido, c.operacao));
   if (lido.registro != &kE21) return false;
-  const std::int64_t gnf = numeroEm(lido, "GNF");
-  return gnf > 0 ? naoFiscais_.tem(gnf) : cupons_.tem(numeroEm(lido, "CCF"));
+  const std::int64_t gnf = numeroEm(lido, c.gnfPago);
+  return gnf > 0 ? naoFiscais_.tem(gnf) : cupons_.tem(numeroEm(lido, c.ccfPago));
 }
 
 bool Periodo::aceita(const RegistroLido& lido) {

@@ -3,7 +3,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "Resumo/ColunaLida.h"
+#include "Leitor/Coluna.h"
 #include "Resumo/DocumentosLidos.h"
 
 namespace cotepe {
@@ -33,20 +33,20 @@ class Resumidor::Registros {
   void e21(const RegistroLido& lido);
 
   Movimento& dia(std::string_view bytes);
-  Movimento& diaDaReducao(const RegistroLido& lido, const ColunaLida& crz);
+  Movimento& diaDaReducao(const RegistroLido& lido, const Coluna& crz);
   void vende(const RegistroLido& lido, Centavos total);
   std::int64_t milesimos(const RegistroLido& lido) const;
 
   // Reads a number, or counts the record as one that cannot be read.
-  bool le(const RegistroLido& lido, const ColunaLida& coluna, std::int64_t& valor) {
+  bool le(const RegistroLido& lido, const Coluna& coluna, std::int64_t& valor) {
     const bool lido_ = coluna.le(lido, valor);
     if (!lido_) ++resumo.ilegiveis;
     return lido_;
   }
 
-  static void anota(Sequencia& sequencia, const RegistroLido& lido, const ColunaLida& coluna) {
+  static void anota(Sequencia& sequencia, const RegistroLido& lido, const Coluna& coluna) {
     std::int64_t valor = 0;
-    if (coluna.le(lido, valor) && valor != 0) sequencia.anota(valor, coluna.digitos(lido));
+    if (coluna.le(lido, valor) && valor != 0) sequencia.anota(valor, coluna.largura(lido));
   }
 
   Movimento semDia_;  // takes what belongs to no day
@@ -56,30 +56,30 @@ class Resumidor::Registros {
   std::unordered_map<std::string, std::size_t> artigos_;           // code, a NUL and description
   std::string chave_;
 
-  ColunaLida cnpj2_{kE02, "CNPJ"}, inscricao2_{kE02, "Inscrição estadual"}, razao2_{kE02, "Razão social"},
+  Coluna cnpj2_{kE02, "CNPJ"}, inscricao2_{kE02, "Inscrição estadual"}, razao2_{kE02, "Razão social"},
       endereco2_{kE02, "Endereço"}, cro2_{kE02, "CRO"}, gt2_{kE02, "Totalizador geral (GT)"};
-  ColunaLida cro9_{kE09, "CRO"}, data9_{kE09, "Data da intervenção"}, hora9_{kE09, "Hora da intervenção"},
+  Coluna cro9_{kE09, "CRO"}, data9_{kE09, "Data da intervenção"}, hora9_{kE09, "Hora da intervenção"},
       perda9_{kE09, "Perda de dados da MT"};
-  ColunaLida data11_{kE11, "Data de geração"}, hora11_{kE11, "Hora de geração"};
-  ColunaLida crz12_{kE12, "CRZ"}, cro12_{kE12, "CRO"}, data12_{kE12, "Data do movimento"},
+  Coluna data11_{kE11, "Data de geração"}, hora11_{kE11, "Hora de geração"};
+  Coluna crz12_{kE12, "CRZ"}, cro12_{kE12, "CRO"}, data12_{kE12, "Data do movimento"},
       venda12_{kE12, "Venda bruta diária"};
-  ColunaLida crz13_{kE13, "CRZ"}, totalizador13_{kE13, "Totalizador parcial"},
+  Coluna crz13_{kE13, "CRZ"}, totalizador13_{kE13, "Totalizador parcial"},
       valor13_{kE13, "Valor acumulado"};
-  ColunaLida ccf14_{kE14, "CCF"}, coo14_{kE14, "COO"}, data14_{kE14, "Data de emissão"},
+  Coluna ccf14_{kE14, "CCF"}, coo14_{kE14, "COO"}, data14_{kE14, "Data de emissão"},
       desconto14_{kE14, "Desconto"}, acrescimo14_{kE14, "Acréscimo"}, total14_{kE14, "Valor total líquido"},
       cancelado14_{kE14, "Cancelado (S/N)"};
-  ColunaLida ccf15_{kE15, "CCF"}, codigo15_{kE15, "Código"}, descricao15_{kE15, "Descrição"},
+  Coluna ccf15_{kE15, "CCF"}, codigo15_{kE15, "Código"}, descricao15_{kE15, "Descrição"},
       quantidade15_{kE15, "Quantidade"}, unidade15_{kE15, "Unidade"}, desconto15_{kE15, "Desconto"},
       acrescimo15_{kE15, "Acréscimo"}, total15_{kE15, "Valor total líquido"},
       totalizador15_{kE15, "Totalizador parcial"}, cancelado15_{kE15, "Cancelado (S/N)"},
       casas15_{kE15, "Casas decimais da quantidade"};
-  ColunaLida coo16_{kE16, "COO"}, gnf16_{kE16, "GNF"}, crz16_{kE16, "CRZ"},
+  Coluna coo16_{kE16, "COO"}, gnf16_{kE16, "GNF"}, crz16_{kE16, "CRZ"},
       simbolo16_{kE16, "Símbolo do documento"}, data16_{kE16, "Data final de emissão"};
-  ColunaLida totalizador17_{kE17, "Totalizador não fiscal"}, valor17_{kE17, "Valor acumulado"};
-  ColunaLida meio18_{kE18, "Meio de pagamento"}, valor18_{kE18, "Valor acumulado"};
-  ColunaLida coo19_{kE19, "COO"}, gnf19_{kE19, "GNF"}, data19_{kE19, "Data de emissão"},
+  Coluna totalizador17_{kE17, "Totalizador não fiscal"}, valor17_{kE17, "Valor acumulado"};
+  Coluna meio18_{kE18, "Meio de pagamento"}, valor18_{kE18, "Valor acumulado"};
+  Coluna coo19_{kE19, "COO"}, gnf19_{kE19, "GNF"}, data19_{kE19, "Data de emissão"},
       total19_{kE19, "Valor total líquido"}, cancelado19_{kE19, "Cancelado (S/N)"};
-  ColunaLida meio21_{kE21, "Meio de pagamento"}, pago21_{kE21, "Valor pago"},
+  Coluna meio21_{kE21, "Meio de pagamento"}, pago21_{kE21, "Valor pago"},
       estornado21_{kE21, "Valor estornado"};
 };
 
@@ -119,7 +119,7 @@ Movimento& Resumidor::Registros::dia(std::string_view bytes) {
   return *movimentoDoUltimoDia_;
 }
 
-Movimento& Resumidor::Registros::diaDaReducao(const RegistroLido& lido, const ColunaLida& crz) {
+Movimento& Resumidor::Registros::diaDaReducao(const RegistroLido& lido, const Coluna& crz) {
   std::int64_t numero = 0;
   const auto achado = crz.le(lido, numero) ? diasDasReducoes_.find(numero) : diasDasReducoes_.end();
   return dia(achado != diasDasReducoes_.end() ? std::string_view(achado->second) : std::string_view());

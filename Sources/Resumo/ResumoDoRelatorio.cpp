@@ -10,7 +10,7 @@ namespace cotepe {
 namespace {
 
 void une(Sequencia& destino, const Sequencia& origem) {
-  for (const Faixa& faixa : origem.faixas()) destino.anota(faixa, origem.digitos());
+  for (const Faixa& faixa : origem.faixas()) destino.anota(faixa, origem.largura());
 }
 
 // The day after one that exists.

@@ -1,6 +1,5 @@
 // Rules about single fields: each is of its kind, and holds what its register allows.
-#include <array>
-#include <cstring>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -38,38 +37,11 @@ const Regra validacao::kNumeroFiscal{"tax-number", Severidade::Aviso,
 
 namespace {
 
-/// The letters of a flag, and the same in words.
-struct LetrasDoCampo {
-  const char *rotulo, *letras, *esperado;
-};
-
-constexpr LetrasDoCampo kLetras[] = {
-    {"Cancelado (S/N)", "SN", marca("S or N")},
-    {"Estornado (S/N)", "SN", marca("S or N")},
-    {"Perda de dados da MT", "SN", marca("S or N")},
-    {"Tipo do desconto", "VP", marca("V or P")},
-    {"Tipo do acréscimo", "VP", marca("V or P")},
-    {"Ordem de desconto e acréscimo", " DA", marca("a blank, D or A")},
-    {"Arredondamento ou truncamento", "AT", marca("A or T")},
-    {"Casas decimais da quantidade", "23", marca("2 or 3")},
-    {"Casas decimais do valor unitário", "23", marca("2 or 3")},
-};
-
 /// What a field must be, beyond its kind.
 struct Exigencia {
-  const LetrasDoCampo* letras = nullptr;  // of a flag
-  std::string constante;                  // what it holds in every data record; empty for no such thing
-  bool presente = false;                  // a date or an hour that may not be blank
-  bool contribuinte = false;              // a CNPJ
-  bool consumidor = false;                // a CNPJ or a CPF
+  std::string letras;     // of a flag: what it is one of
+  std::string constante;  // what it holds in every data record; empty for no such thing
 };
-
-// Dates whose column is never NULL, or is what the period is judged by.
-bool dataObrigatoria(const Registro& registro, const Campo& campo) {
-  for (const char* sempre : {"E10", "E11", "E14", "E16", "E22"})
-    if (std::strcmp(registro.codigo, sempre) == 0) return true;
-  return std::strcmp(campo.rotulo, "Data do movimento") == 0;
-}
 
 std::string constanteDe(const Campo& campo) {
   const auto largura = static_cast<std::size_t>(std::max(0, campo.largura));
@@ -81,15 +53,24 @@ std::string constanteDe(const Campo& campo) {
   return texto;
 }
 
-Exigencia exigenciaDe(const Registro& registro, const Campo& campo) {
-  Exigencia exigencia;
-  for (const LetrasDoCampo& conhecida : kLetras)
-    if (std::strcmp(campo.rotulo, conhecida.rotulo) == 0) exigencia.letras = &conhecida;
-  exigencia.constante = constanteDe(campo);
-  exigencia.presente = (deData(campo.especie) || deHora(campo.especie)) && dataObrigatoria(registro, campo);
-  exigencia.consumidor = std::strcmp(campo.rotulo, "CPF/CNPJ do consumidor") == 0;
-  exigencia.contribuinte = campo.especie == Especie::Identificador && !exigencia.consumidor;
+Exigencia exigenciaDe(const Campo& campo) {
+  Exigencia exigencia{{}, constanteDe(campo)};
+  if (campo.largura != 1) return exigencia;
+  for (int i = 0; i < campo.quantosCodigos; ++i)
+    exigencia.letras += *campo.codigos[i].valor == '\0' ? ' ' : *campo.codigos[i].valor;
   return exigencia;
+}
+
+// "a blank, D or A"
+std::string emPalavras(const std::string& letras) {
+  std::string texto;
+  for (const char letra : letras) {
+    const std::string uma = letra == ' ' ? traduz("a blank") : std::string(1, letra);
+    texto = texto.empty()            ? uma
+            : letra == letras.back() ? frase("{1} or {2}", {texto, uma})
+                                     : texto + ", " + uma;
+  }
+  return texto;
 }
 
 // A date that must be there is wrong when it is blank.
@@ -100,10 +81,11 @@ Defeito defeitoDe(const Campo& campo, std::string_view bytes, bool presente) {
 
 class CamposDaLinha final : public Familia {
  public:
-  explicit CamposDaLinha(Relator& relator) : relator_(relator) {
-    for (std::size_t r = 0; r < kCatalogo.size(); ++r)
-      for (const Campo& campo : kCatalogo[r]->campos)
-        exigencias_[r].push_back(exigenciaDe(*kCatalogo[r], campo));
+  CamposDaLinha(Relator& relator, const Catalogo& catalogo) : relator_(relator) {
+    for (const Registro* registro : catalogo) {
+      exigencias_.emplace_back();
+      for (const Campo& campo : registro->campos) exigencias_.back().push_back(exigenciaDe(campo));
+    }
   }
 
   // Where the length is wrong, nothing is known to stand in its place.
@@ -123,16 +105,16 @@ class CamposDaLinha final : public Familia {
         relator_.noCampo(validacao::kConstante, lido, i, entreAspas(bytes), entreAspas(exigencia.constante));
       return;
     }
-    if (exigencia.letras != nullptr) {
-      if (std::strchr(exigencia.letras->letras, bytes[0]) == nullptr || bytes[0] == '\0')
-        relator_.noCampo(validacao::kLetra, lido, i, entreAspas(bytes), traduz(exigencia.letras->esperado));
+    if (!exigencia.letras.empty()) {
+      if (exigencia.letras.find(bytes[0]) == std::string::npos)
+        relator_.noCampo(validacao::kLetra, lido, i, entreAspas(bytes), emPalavras(exigencia.letras));
       return;
     }
-    const Defeito achado = defeitoDe(*campo.campo, bytes, exigencia.presente);
+    const Defeito achado = defeitoDe(*campo.campo, bytes, campo.campo->obrigatoria);
     if (achado != Defeito::Nenhum) return relata(lido, i, achado);
-    if (exigencia.contribuinte || exigencia.consumidor) confereNumeroFiscal(lido, i, exigencia.consumidor);
+    if (campo.campo->especie == Especie::Identificador) confereNumeroFiscal(lido, i, campo.campo->podeSerCpf);
     if (campo.campo->desloca) confereLargura(lido, i);
-    if (lido.indice == 0 && i + 1 == lido.quantos) confereLeiaute(lido, i);
+    if (campo.campo->origem.tipo == Origem::Tipo::DoLeiaute) confereLeiaute(lido, i);
   }
 
   void relata(const RegistroLido& lido, std::size_t i, Defeito achado) {
@@ -171,20 +153,20 @@ class CamposDaLinha final : public Familia {
 
   void confereLeiaute(const RegistroLido& lido, std::size_t i) {
     const std::string_view bytes = lido.bytes(i);
-    constexpr std::string_view kPrimeiro = "AC1704 01.00.00", kSegundo = "AC1704 02.00.00";
-    if (bytes != kPrimeiro && bytes != kSegundo)
+    const Origem& origem = lido.campos[i].campo->origem;
+    if (bytes != origem.constante && bytes != origem.nosOutros)
       relator_.noCampo(validacao::kConstante, lido, i, entreAspas(bytes),
-                       frase("{1} or {2}", {entreAspas(kPrimeiro), entreAspas(kSegundo)}));
+                       frase("{1} or {2}", {entreAspas(origem.constante), entreAspas(origem.nosOutros)}));
   }
 
   Relator& relator_;
-  std::array<std::vector<Exigencia>, kCatalogo.size()> exigencias_;
+  std::vector<std::vector<Exigencia>> exigencias_;
 };
 
 }  // namespace
 
-std::unique_ptr<Familia> regrasDeCampos(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<CamposDaLinha>(relator);
+std::unique_ptr<Familia> regrasDeCampos(Relator& relator, const LeitorDeRegistros& leitor) {
+  return std::make_unique<CamposDaLinha>(relator, leitor.catalogo());
 }
 
 }  // namespace cotepe

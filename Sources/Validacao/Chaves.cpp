@@ -1,6 +1,5 @@
 // The keys of each register ascend, and its dates go along with them.
 #include <algorithm>
-#include <array>
 #include <string>
 #include <vector>
 
@@ -17,33 +16,6 @@ const Regra validacao::kDataRetrocede{"date-backwards", Severidade::Aviso,
                                       marca("Dates do not go back while counters go on."), kVejaOBanco};
 
 namespace {
-
-enum class Segundo : std::uint8_t { Nenhum, Numero, Texto, TextoSemCaixa, Totalizador };
-
-/// What a register is sorted by: a number, then another one or a text.
-struct ChaveDoRegistro {
-  const Registro* registro;
-  const char* numero;
-  const char* segundo;
-  Segundo tipo;
-  bool unica;        // no two records have the same key
-  const char* data;  // goes on with the number; null for none
-};
-
-constexpr ChaveDoRegistro kChaves[] = {
-    {&kE09, "CRO", "CRO", Segundo::Nenhum, false, "Data da intervenção"},
-    {&kE10, "CFD", "CFD", Segundo::Nenhum, true, "Data de emissão"},
-    {&kE12, "CRZ", "CRO", Segundo::Numero, true, "Data do movimento"},
-    {&kE13, "CRZ", "Totalizador parcial", Segundo::Totalizador, false, nullptr},
-    {&kE14, "CCF", "CCF", Segundo::Nenhum, true, "Data de emissão"},
-    {&kE15, "CCF", "Nº do item", Segundo::Numero, true, nullptr},
-    {&kE16, "COO", "COO", Segundo::Nenhum, true, "Data final de emissão"},
-    {&kE17, "CRZ", "Totalizador não fiscal", Segundo::Texto, false, nullptr},
-    {&kE18, "CRZ", "Meio de pagamento", Segundo::TextoSemCaixa, false, nullptr},
-    {&kE19, "GNF", "GNF", Segundo::Nenhum, true, "Data de emissão"},
-    {&kE20, "GNF", "Nº do item", Segundo::Numero, true, nullptr},
-    {&kE21, "COO", "Meio de pagamento", Segundo::Texto, false, nullptr},
-};
 
 /// A key as it was read. `bloco` sets apart E13's non-fiscal sums, which stand behind all the others.
 struct ChaveLida {
@@ -62,16 +34,16 @@ int sinal(std::int64_t a, std::int64_t b) { return a < b ? -1 : a > b ? 1 : 0; }
 /// The keys of one register, record after record.
 class SequenciaDeChaves {
  public:
-  explicit SequenciaDeChaves(const ChaveDoRegistro& chave)
-      : chave_(chave),
-        numero_(*chave.registro, chave.numero),
-        segundo_(*chave.registro, chave.segundo),
-        data_(*chave.registro, chave.data == nullptr ? chave.numero : chave.data) {}
+  explicit SequenciaDeChaves(const Registro& registro)
+      : ordem_(registro.ordem),
+        numero_(coluna(registro, ordem_.numero)),
+        segundo_(coluna(registro, ordem_.segundo)),
+        data_(coluna(registro, ordem_.data)) {}
 
   void confere(Relator& relator, const RegistroLido& lido) {
-    if (lido.vazio || !le(lido)) return;
+    if (ordem_.numero < 0 || lido.vazio || !le(lido)) return;
     if (conhecida_) confereChave(relator, lido);
-    if (chave_.data != nullptr) confereData(relator, lido);
+    if (ordem_.data >= 0) confereData(relator, lido);
     std::swap(anterior_, atual_);
     conhecida_ = true;
   }
@@ -79,16 +51,16 @@ class SequenciaDeChaves {
  private:
   bool le(const RegistroLido& lido) {
     if (!numero_.le(lido, atual_.numero)) return false;
-    if (chave_.tipo == Segundo::Nenhum) return true;
-    if (chave_.tipo == Segundo::Numero) return segundo_.le(lido, atual_.segundo);
+    if (ordem_.tipo == Segundo::Nenhum) return true;
+    if (ordem_.tipo == Segundo::Numero) return segundo_.le(lido, atual_.segundo);
     const std::string_view texto = segundo_.bytes(lido);
     if (texto.size() < 3) return false;
-    if (chave_.tipo == Segundo::Totalizador) {
+    if (ordem_.tipo == Segundo::Totalizador) {
       atual_.bloco = texto == "OPNF   " ? 1 : 0;
       atual_.segundo = grupo(texto);
     } else {
       atual_.texto = texto;
-      if (chave_.tipo == Segundo::TextoSemCaixa)
+      if (ordem_.tipo == Segundo::TextoSemCaixa)
         std::transform(texto.begin(), texto.end(), atual_.texto.begin(), maiuscula);
     }
     return true;
@@ -112,7 +84,7 @@ class SequenciaDeChaves {
     const int resto = atual_.segundo != anterior_.segundo ? sinal(atual_.segundo, anterior_.segundo)
                                                           : atual_.texto.compare(anterior_.texto);
     if (resto < 0) return foraDeOrdem(relator, lido, segundo_);
-    if (resto == 0 && chave_.unica)
+    if (resto == 0 && ordem_.unica)
       relator.noCampo(validacao::kContadorRepetido, lido, segundo_.indice(),
                       frase("{1} a second time", {entreAspas(segundo_.bytes(lido))}),
                       traduz("each key once"));
@@ -122,7 +94,7 @@ class SequenciaDeChaves {
     const bool numero = coluna.indice() == numero_.indice();
     const int largura = lido.campos[coluna.indice()].largura;
     const std::string antes = numero                           ? contadorEscrito(anterior_.numero, largura)
-                              : chave_.tipo == Segundo::Numero ? contadorEscrito(anterior_.segundo, largura)
+                              : ordem_.tipo == Segundo::Numero ? contadorEscrito(anterior_.segundo, largura)
                                                                : anterior_.texto;
     relator.noCampo(validacao::kOrdemDasChaves, lido, coluna.indice(),
                     antes.empty()
@@ -141,7 +113,13 @@ class SequenciaDeChaves {
     dataAnterior_ = data;
   }
 
-  const ChaveDoRegistro& chave_;
+  // A field of the order; where it has none, its number.
+  static Coluna coluna(const Registro& registro, int lugar) {
+    const int qual = lugar >= 0 ? lugar : std::max<int>(registro.ordem.numero, 0);
+    return {registro, registro.campos[static_cast<std::size_t>(qual)].rotulo};
+  }
+
+  const OrdemDosRegistros& ordem_;
   Coluna numero_, segundo_, data_;
   ChaveLida atual_, anterior_;
   std::string dataAnterior_;
@@ -150,31 +128,23 @@ class SequenciaDeChaves {
 
 class RegrasDeChaves final : public Familia {
  public:
-  explicit RegrasDeChaves(Relator& relator) : relator_(relator) {
-    qual_.fill(-1);
-    for (const ChaveDoRegistro& chave : kChaves) {
-      qual_[static_cast<std::size_t>(indiceDoRegistro(chave.registro->codigo))] =
-          static_cast<int>(sequencias_.size());
-      sequencias_.emplace_back(chave);
-    }
+  RegrasDeChaves(Relator& relator, const Catalogo& catalogo) : relator_(relator) {
+    for (const Registro* registro : catalogo) sequencias_.emplace_back(*registro);
   }
 
   void linha(const RegistroLido& lido) override {
-    if (lido.registro == nullptr) return;
-    const int qual = qual_[static_cast<std::size_t>(lido.indice)];
-    if (qual >= 0) sequencias_[static_cast<std::size_t>(qual)].confere(relator_, lido);
+    if (lido.registro != nullptr) sequencias_[static_cast<std::size_t>(lido.indice)].confere(relator_, lido);
   }
 
  private:
   Relator& relator_;
-  std::array<int, kCatalogo.size()> qual_{};
   std::vector<SequenciaDeChaves> sequencias_;
 };
 
 }  // namespace
 
-std::unique_ptr<Familia> regrasDeChaves(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<RegrasDeChaves>(relator);
+std::unique_ptr<Familia> regrasDeChaves(Relator& relator, const LeitorDeRegistros& leitor) {
+  return std::make_unique<RegrasDeChaves>(relator, leitor.catalogo());
 }
 
 }  // namespace cotepe

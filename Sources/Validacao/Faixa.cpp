@@ -36,10 +36,10 @@ class RegrasDeFaixa final : public Familia {
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == &kE01 && lido.medidaCerta && crzInicial_.linha == 0) {
-      crzInicial_.guarda(lido, lido.acha("CRZ inicial"));
-      crzFinal_.guarda(lido, lido.acha("CRZ final"));
-      dataInicial_.guarda(lido, lido.acha("Data inicial"));
-      dataFinal_.guarda(lido, lido.acha("Data final"));
+      crzInicial_.guarda(lido, crzInicialE01_.lugar(lido));
+      crzFinal_.guarda(lido, crzFinalE01_.lugar(lido));
+      dataInicial_.guarda(lido, dataInicialE01_.lugar(lido));
+      dataFinal_.guarda(lido, dataFinalE01_.lugar(lido));
     } else if (lido.registro == &kE02 && gt02_.linha == 0) {
       gt02_.guarda(lido, gtE02_.indice());
     } else if (lido.registro == &kE11 && gt11_.linha == 0 && gtE11_.indice() < lido.quantos) {
@@ -90,7 +90,7 @@ class RegrasDeFaixa final : public Familia {
       relator_.naLinhaLida(validacao::kGrandeTotal, gt02_.linha, kE02, gt02_.lugar, reais(total),
                            frase("no less than {1}, the gross sales of E12", {reais(vendas_)}));
     if (gt11_.linha == 0 || !leNumero(gt11_.bytes, posicao)) return;
-    for (std::size_t i = gt11_.bytes.size(); i < 18; ++i)
+    for (std::size_t i = gt11_.bytes.size(); i < gt02_.bytes.size(); ++i)
       total /= 10;  // of a covered one, the leading digits
     const auto largura = static_cast<int>(gt11_.bytes.size());
     if (posicao < total)
@@ -104,7 +104,9 @@ class RegrasDeFaixa final : public Familia {
   std::string primeiroCrz_, ultimoCrz_, primeiroDia_, ultimoDia_;
   std::int64_t vendas_ = 0;
   bool viuE12_ = false, ilegivel_ = false;
-  Coluna crz_{kE12, "CRZ"}, movimento_{kE12, "Data do movimento"}, emissao_{kE12, "Data de emissão"},
+  Coluna crzInicialE01_{kE01, "CRZ inicial"}, crzFinalE01_{kE01, "CRZ final"},
+      dataInicialE01_{kE01, "Data inicial"}, dataFinalE01_{kE01, "Data final"}, crz_{kE12, "CRZ"},
+      movimento_{kE12, "Data do movimento"}, emissao_{kE12, "Data de emissão"},
       venda_{kE12, "Venda bruta diária"}, gtE02_{kE02, "Totalizador geral (GT)"},
       gtE11_{kE11, "Totalizador geral (GT)"};
 };

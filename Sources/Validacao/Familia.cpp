@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "Idioma/Idioma.h"
-#include "Leiaute/Releitura.h"
 #include "Leitor/Valor.h"
 
 namespace cotepe {
@@ -74,12 +73,6 @@ void Relator::noArquivo(const Regra& regra, const Registro* registro, std::strin
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   if (registro != nullptr) achado.registro = registro->codigo;
   recebe_.recebe(achado);
-}
-
-bool Coluna::le(const RegistroLido& lido, std::int64_t& valor) const {
-  if (indice() >= lido.quantos) return false;
-  const std::string_view lidos = lido.bytes(indice());
-  return lidos.size() == static_cast<std::size_t>(lido.campos[indice()].largura) && leNumero(lidos, valor);
 }
 
 std::string reais(std::int64_t centavos) {

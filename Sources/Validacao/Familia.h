@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "Achados/Citacao.h"
-#include "Leitor/LeitorDeRegistros.h"
+#include "Leitor/Coluna.h"
 #include "Validacao/RegrasDoRelatorio.h"
 
 namespace cotepe {
@@ -62,22 +62,6 @@ using NovaFamilia = std::unique_ptr<Familia>(Relator& relator, const LeitorDeReg
 NovaFamilia regrasDeLinhas, regrasDeOrdem, regrasDeCampos, regrasDeIdentidade, regrasDeChaves,
     regrasDeContadores, regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa,
     regrasDePosicao;
-
-/// A field of a regular register, found by its label once.
-class Coluna {
- public:
-  Coluna(const Registro& registro, const char* rotulo) : indice_(indiceDoCampo(registro, rotulo)) {}
-
-  std::size_t indice() const { return static_cast<std::size_t>(indice_); }
-  std::string_view bytes(const RegistroLido& lido) const {
-    return indice() < lido.quantos ? lido.bytes(indice()) : std::string_view();
-  }
-  /// Reads a number; false where the line ends before it or holds something else there.
-  bool le(const RegistroLido& lido, std::int64_t& valor) const;
-
- private:
-  int indice_;
-};
 
 /// Texts for findings: cents as 1.234,56, a counter as it would stand in `largura` digits.
 std::string reais(std::int64_t centavos);

@@ -37,13 +37,7 @@ class CampoRepetido {
 /// The CNPJ of the user: in later lines one of those that E01 has, of several users one each.
 class Cnpjs {
  public:
-  void confere(Relator& relator, const RegistroLido& lido) {
-    for (std::size_t i = 4; i < lido.quantos; ++i)
-      if (std::string_view(lido.campos[i].campo->rotulo).substr(0, 4) == "CNPJ") confereUm(relator, lido, i);
-  }
-
- private:
-  void confereUm(Relator& relator, const RegistroLido& lido, std::size_t campo) {
+  void confere(Relator& relator, const RegistroLido& lido, std::size_t campo) {
     const std::string bytes(lido.bytes(campo));
     if (lido.registro == &kE01) {
       if (lido.medidaCerta) doE01_.push_back(bytes);
@@ -56,36 +50,51 @@ class Cnpjs {
                       frase("{1} as in {2}", {entreAspas(doE01_.front()), "E01"}));
   }
 
+ private:
   std::vector<std::string> doE01_;
 };
-
-constexpr int kPrimeiroDoUsuario = 11, kUltimoDoUsuario = 20, kE22Indice = 21;  // E12 to E21
 
 // E01 has a model too, but its own: of several printers the heads have the last one's.
 class RegrasDeIdentidade final : public Familia {
  public:
-  explicit RegrasDeIdentidade(Relator& relator) : relator_(relator) {}
+  RegrasDeIdentidade(Relator& relator, const Catalogo& catalogo) : relator_(relator) {
+    for (const Registro* registro : catalogo)
+      temCnpj_.push_back(std::any_of(registro->campos.begin(), registro->campos.end(), deUsuario));
+  }
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr || lido.linha.texto.substr(0, 1) != "E") return;
-    serie_.confere(relator_, lido, 1);
-    if (lido.indice != 0) modelo_.confere(relator_, lido, lido.indice == kE22Indice ? 2 : 3);
-    if (lido.indice >= kPrimeiroDoUsuario && lido.indice <= kUltimoDoUsuario)
-      usuario_.confere(relator_, lido, 4);
-    else
-      cnpjs_.confere(relator_, lido);
+    const bool temCnpj = temCnpj_[static_cast<std::size_t>(lido.indice)];
+    const std::size_t fixos = lido.cabecalho();
+    for (std::size_t i = 1; i < (temCnpj ? lido.quantos : fixos); ++i) {
+      const Campo& campo = *lido.campos[i].campo;
+      if (i < fixos && campo.origem.tipo == Origem::Tipo::Ajuste)
+        marcaDe(campo.origem).confere(relator_, lido, i);
+      if (deUsuario(campo)) cnpjs_.confere(relator_, lido, i);
+    }
   }
 
  private:
+  static bool deUsuario(const Campo& campo) {
+    return campo.especie == Especie::Identificador && !campo.podeSerCpf;
+  }
+
+  CampoRepetido& marcaDe(const Origem& origem) {
+    return origem.ajuste == &Ajustes::nrFabricacao ? serie_
+           : origem.ajuste == &Ajustes::modelo     ? modelo_
+                                                   : usuario_;
+  }
+
   Relator& relator_;
+  std::vector<bool> temCnpj_;
   CampoRepetido serie_, modelo_, usuario_;
   Cnpjs cnpjs_;
 };
 
 }  // namespace
 
-std::unique_ptr<Familia> regrasDeIdentidade(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<RegrasDeIdentidade>(relator);
+std::unique_ptr<Familia> regrasDeIdentidade(Relator& relator, const LeitorDeRegistros& leitor) {
+  return std::make_unique<RegrasDeIdentidade>(relator, leitor.catalogo());
 }
 
 }  // namespace cotepe

@@ -1,6 +1,6 @@
 // Rules about which registers are there, in which order, and where placeholders stand.
-#include <array>
 #include <string>
+#include <vector>
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
@@ -24,9 +24,6 @@ const Regra validacao::kVazio{
 
 namespace {
 
-constexpr int kE01Indice = 0, kE02Indice = 1, kE08Indice = 7, kE11Indice = 10, kE13Indice = 12,
-              kE22Indice = 21;
-
 /// What came of a register. E13 is two: its fiscal totalizers, and its non-fiscal sums.
 struct Bloco {
   long linhas = 0, vazios = 0;
@@ -40,7 +37,8 @@ struct Bloco {
 
 class RegrasDeOrdem final : public Familia {
  public:
-  RegrasDeOrdem(Relator& relator, const LeitorDeRegistros& leitor) : relator_(relator), leitor_(leitor) {}
+  RegrasDeOrdem(Relator& relator, const LeitorDeRegistros& leitor)
+      : relator_(relator), leitor_(leitor), blocos_(leitor.catalogo().size()) {}
 
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr) return;
@@ -51,50 +49,54 @@ class RegrasDeOrdem final : public Familia {
     anterior_ = lido.indice;
     Bloco& bloco = blocos_[static_cast<std::size_t>(lido.indice)];
     bloco.conta(lido);
-    if (lido.indice == kE13Indice) (somaNaoFiscal(lido) ? naoFiscais_ : fiscais_).conta(lido);
-    if (lido.indice == kE01Indice && bloco.linhas == 1) leComando(lido);
-    if (bloco.linhas == 2 && unico(lido.indice))
+    if (lido.registro == &kE13) (somaNaoFiscal(lido) ? naoFiscais_ : fiscais_).conta(lido);
+    if (lido.registro == &kE01 && bloco.linhas == 1) leComando(lido);
+    if (bloco.linhas == 2 && lido.registro->umaLinha)
       relator_.naLinha(validacao::kRegistroSobrando, lido, frase("a second {1}", {codigo(lido.indice)}),
                        traduz("one line"));
   }
 
   void fim() override {
-    if (blocos_[kE01Indice].linhas == 0)
+    if (!viuE01_)
       relator_.noArquivo(validacao::kRegistroAusente, &kE01, frase("no line of {1}", {"E01"}),
                          traduz("E01 as the first register"));
-    for (int i = 0; i < static_cast<int>(kCatalogo.size()); ++i) {
+    int e13 = -1;
+    for (int i = 0; i < static_cast<int>(blocos_.size()); ++i) {
       if (comandoLido_) confereDespacho(i);
-      if (i != kE13Indice) confereVazios(i, blocos_[static_cast<std::size_t>(i)]);
+      if (&registro(i) == &kE13)
+        e13 = i;
+      else
+        confereVazios(i, blocos_[static_cast<std::size_t>(i)]);
     }
-    confereVazios(kE13Indice, fiscais_);
-    confereVazios(kE13Indice, naoFiscais_);
+    confereVazios(e13, fiscais_);
+    confereVazios(e13, naoFiscais_);
   }
 
  private:
-  static const Registro& registro(int indice) { return *kCatalogo[static_cast<std::size_t>(indice)]; }
-  static const char* codigo(int indice) { return registro(indice).codigo; }
-  static bool unico(int indice) {
-    return indice == kE01Indice || indice == kE08Indice || indice == kE11Indice;
+  const Registro& registro(int indice) const { return *leitor_.catalogo()[static_cast<std::size_t>(indice)]; }
+  const char* codigo(int indice) const { return registro(indice).codigo; }
+  bool somaNaoFiscal(const RegistroLido& lido) const {
+    return semBrancosNoFim(totalizador_.bytes(lido)) == "OPNF";
   }
-  bool somaNaoFiscal(const RegistroLido& lido) const { return totalizador_.bytes(lido) == "OPNF   "; }
 
   void leComando(const RegistroLido& lido) {
     comandoLido_ = lido.medidaCerta;
-    comando_ = semBrancosNoFim(lido.bytesDe("Comando de geração"));
+    comando_ = semBrancosNoFim(comandoDeGeracao_.bytes(lido));
+    viuE01_ = true;
   }
 
-  // Without a user there is no E02, and without an attempt no E22.
+  // Without a user there is no E02, and without an attempt no E22; without E01 there is a finding already.
   bool podeFaltar(int indice) const {
-    if (indice == kE02Indice || indice == kE22Indice) return true;
-    return registro(indice).vazio == Vazio::ForaDoCat52 && !leitor_.certamenteForaDoCat52();
+    const Vazio vazio = registro(indice).vazio;
+    return vazio == Vazio::Nunca || (vazio == Vazio::ForaDoCat52 && !leitor_.certamenteForaDoCat52());
   }
 
   void confereDespacho(int i) {
     const Bloco& bloco = blocos_[static_cast<std::size_t>(i)];
     const bool despachado = registro(i).despachado(comando_.c_str(), leitor_.ajuste().versao);
-    if (despachado && i == kE13Indice && naoFiscais_.linhas == 0)
+    if (despachado && &registro(i) == &kE13 && naoFiscais_.linhas == 0)
       ausente(i, traduz("no line of E13 with OPNF"));
-    else if (despachado && i != kE01Indice && bloco.linhas == 0 && !podeFaltar(i))
+    else if (despachado && bloco.linhas == 0 && !podeFaltar(i))
       ausente(i, frase("no line of {1}", {codigo(i)}));
     if (!despachado && bloco.linhas != 0)
       relator_.naLinhaLida(validacao::kRegistroSobrando, bloco.primeira, registro(i), {},
@@ -121,11 +123,11 @@ class RegrasDeOrdem final : public Familia {
 
   Relator& relator_;
   const LeitorDeRegistros& leitor_;
-  std::array<Bloco, kCatalogo.size()> blocos_;
+  std::vector<Bloco> blocos_;
   Bloco fiscais_, naoFiscais_;
-  Coluna totalizador_{kE13, "Totalizador parcial"};
+  Coluna totalizador_{kE13, "Totalizador parcial"}, comandoDeGeracao_{kE01, "Comando de geração"};
   int anterior_ = 0;
-  bool comandoLido_ = false;
+  bool viuE01_ = false, comandoLido_ = false;
   std::string comando_;
 };
 

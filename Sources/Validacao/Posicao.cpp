@@ -1,6 +1,4 @@
 // E11's present counters against the greatest ones of the other registers.
-#include <array>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -36,10 +34,12 @@ struct Maximo {
 
 class RegrasDePosicao final : public Familia {
  public:
-  explicit RegrasDePosicao(Relator& relator) : relator_(relator) {
+  RegrasDePosicao(Relator& relator, const Catalogo& catalogo) : relator_(relator), maximos_(catalogo.size()) {
     for (const FonteDoContador& fonte : kFontes) {
-      const auto registro = static_cast<std::size_t>(indiceDoRegistro(fonte.registro->codigo));
-      maximos_[registro].push_back({&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.posicao}, 0, ""});
+      const int registro = catalogo.indiceDe(fonte.registro->codigo);
+      if (registro >= 0)
+        maximos_[static_cast<std::size_t>(registro)].push_back(
+            {&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.posicao}, 0, ""});
     }
   }
 
@@ -65,11 +65,13 @@ class RegrasDePosicao final : public Familia {
   void guarda(const RegistroLido& lido) {
     if (linha_ != 0) return;
     linha_ = lido.linha.numero;
-    for (std::size_t i = 4; i < lido.quantos; ++i) {
+    for (std::size_t i = 0; i < lido.quantos; ++i) {
+      const Especie especie = lido.campos[i].campo->especie;
       const auto campo = static_cast<std::size_t>(lido.campos[i].numero - 1);
       posicoes_[campo] = lido.bytes(i);
       lugares_[campo] = lugarDoCampo(lido, i);
-      alguma_ = alguma_ || (i < 14 && lido.bytes(i).find_first_not_of('0') != std::string_view::npos);
+      if (especie == Especie::Numero || especie == Especie::Contador)
+        alguma_ = alguma_ || lido.bytes(i).find_first_not_of('0') != std::string_view::npos;
     }
   }
 
@@ -85,17 +87,17 @@ class RegrasDePosicao final : public Familia {
   }
 
   Relator& relator_;
-  std::array<std::vector<Maximo>, kCatalogo.size()> maximos_;
-  std::array<std::string, 20> posicoes_;
-  std::array<LugarDoCampo, 20> lugares_;
+  std::vector<std::vector<Maximo>> maximos_;
+  std::vector<std::string> posicoes_ = std::vector<std::string>(kE11.campos.size());
+  std::vector<LugarDoCampo> lugares_ = std::vector<LugarDoCampo>(kE11.campos.size());
   long linha_ = 0;
   bool alguma_ = false;
 };
 
 }  // namespace
 
-std::unique_ptr<Familia> regrasDePosicao(Relator& relator, const LeitorDeRegistros& /*leitor*/) {
-  return std::make_unique<RegrasDePosicao>(relator);
+std::unique_ptr<Familia> regrasDePosicao(Relator& relator, const LeitorDeRegistros& leitor) {
+  return std::make_unique<RegrasDePosicao>(relator, leitor.catalogo());
 }
 
 }  // namespace cotepe

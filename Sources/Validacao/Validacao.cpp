@@ -3,12 +3,12 @@
 namespace cotepe {
 
 Validacao::Validacao(RecebeAchados& recebe, const OpcoesDeValidacao& opcoes)
-    : relator_(recebe, opcoes.arquivo, opcoes.desligadas) {}
+    : relator_(recebe, opcoes.arquivo, opcoes.desligadas), catalogo_(opcoes.catalogo) {}
 
 Validacao::~Validacao() = default;
 
 bool Validacao::valida(LeitorDeLinhas& linhas) {
-  LeitorDeRegistros leitor(linhas);
+  LeitorDeRegistros leitor(linhas, catalogo_);
   for (NovaFamilia* nova :
        {regrasDeLinhas, regrasDeOrdem, regrasDeIdentidade, regrasDeCampos, regrasDeChaves, regrasDeContadores,
         regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})

@@ -13,8 +13,9 @@ namespace cotepe {
 
 /// What a validation is told.
 struct OpcoesDeValidacao {
-  std::string arquivo;    ///< its name in the findings
-  Supressoes desligadas;  ///< rules that are not looked at
+  std::string arquivo;            ///< its name in the findings
+  Supressoes desligadas;          ///< rules that are not looked at
+  Catalogo catalogo = kCatalogo;  ///< the registers that the lines are read by
 };
 
 /// Reads a report to its end and gives every finding to `recebe`, in one pass: most of them at their line,
@@ -43,6 +44,7 @@ class Validacao {
 
  private:
   Relator relator_;
+  Catalogo catalogo_;
   std::vector<std::unique_ptr<Familia>> familias_;
   long linhas_ = 0;
 };

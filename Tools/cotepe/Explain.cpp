@@ -138,9 +138,14 @@ class Busca {
  private:
   // What the clock said when the line was written, where it has a stamp.
   static std::string momentoDaLinha(const LinhaPedida& pedida) {
-    constexpr std::size_t kData = 122, kHora = 130;
-    if (pedida.lido.registro != &kE11 || pedida.texto.size() < kHora + 6) return "00000000 000000";
-    return pedida.texto.substr(kData, 8) + ' ' + pedida.texto.substr(kHora);
+    std::string momento = "00000000 000000";
+    for (std::size_t i = 0; i < pedida.lido.quantos; ++i) {
+      const Origem& origem = pedida.lido.campos[i].campo->origem;
+      const std::string_view bytes = pedida.lido.bytes(i);
+      if (origem.tipo == Origem::Tipo::Relogio)
+        momento.replace(static_cast<std::size_t>(origem.coluna), bytes.size(), bytes);
+    }
+    return momento;
   }
 
   std::vector<PedidoDeGeracao> possiveis() const {

@@ -35,7 +35,7 @@ std::string diaPedido(const std::optional<Dia>& dia) {
 
 Selecao selecaoDe(const OpcoesDoShow& opcoes) {
   Selecao selecao = opcoes.selecao;
-  for (const std::string& codigo : opcoes.registros) selecao.registros.push_back(indiceDoRegistro(codigo));
+  for (const std::string& codigo : opcoes.registros) selecao.registros.push_back(kCatalogo.indiceDe(codigo));
   return selecao;
 }
 

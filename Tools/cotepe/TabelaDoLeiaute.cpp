@@ -5,8 +5,8 @@
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Chave.h"
+#include "Leiaute/Disposicao.h"
 #include "Leiaute/Releitura.h"
-#include "Registros/Catalogo.h"
 
 namespace cotepe::programa {
 namespace {
@@ -39,12 +39,11 @@ const char* nomeDaEspecie(const Campo& campo) {
   return "";
 }
 
-// The fields before the first one of a row stand in a placeholder record as in any other, and so do a date
-// and an hour that are ready: they are the run's.
+// The fields before the first one of a row stand in a placeholder record as in any other, and so does what
+// the clock says.
 Dito vazioDe(const Registro& registro, const Campo& campo, bool noCabecalho) {
-  if (noCabecalho && &registro == &kE07) return {marca("left out"), ""};
-  if (noCabecalho || campo.especie == Especie::DataPronta || campo.especie == Especie::HoraPronta)
-    return {marca("as in a record"), ""};
+  if (&campo < registro.camposVazios.begin()) return {marca("left out"), ""};
+  if (noCabecalho || campo.origem.tipo == Origem::Tipo::Relogio) return {marca("as in a record"), ""};
   if (campo.textoVazio != nullptr) return {"\"{1}\"", campo.textoVazio};
   return {numerica(campo.especie) ? marca("zeros") : marca("blanks"), ""};
 }
@@ -61,49 +60,33 @@ std::vector<Dito> condicoesDe(const Campo& campo) {
   return ditas;
 }
 
-bool temVazio(const Registro& registro, bool cat52) {
-  return registro.vazio == Vazio::Sempre || (registro.vazio == Vazio::ForaDoCat52 && !cat52);
-}
-
 const char* quandoVazio(const Registro& registro, bool cat52) {
-  if (!temVazio(registro, cat52)) return marca("none");
+  if (!registro.temVazio(cat52)) return marca("none");
   return registro.vazio == Vazio::Sempre ? marca("always") : marca("outside CAT52 mode");
 }
 
-// A field that begins before the one ahead of it ends takes the end of it away.
-void anotaSobreposicoes(std::vector<LinhaDaTabela>& linhas) {
-  for (std::size_t i = 1; i < linhas.size(); ++i) {
-    if (linhas[i].de > linhas[i - 1].ate) continue;
-    linhas[i - 1].condicoes.push_back(
-        {marca("overwritten from position {1} on"), std::to_string(linhas[i].de)});
-  }
-}
-
 const char* notaDe(const Registro& registro, bool cat52) {
-  if (&registro == &kE07) return marca("The placeholder record has no head.");
-  if (&registro == &kE13 && cat52)
-    return marca("Without a non-fiscal totalizer there is a placeholder record for those: OPNF and zeros.");
-  if (&registro == &kE13)
-    return marca("A second placeholder record, OPNF and zeros, stands for the non-fiscal totalizers.");
-  return "";
+  if (registro.camposVazios.size() != registro.campos.size())
+    return marca("The placeholder record has no head.");
+  return registro.temVazio(cat52) ? registro.outroVazio.nota : registro.outroVazio.sozinho;
 }
 
-std::vector<LinhaDaTabela> linhasDe(const Registro& registro, int versao, bool cat52) {
+std::vector<LinhaDaTabela> linhasDe(const Registro& registro, const Disposicao& disposicao,
+                                    const AjusteDoLeiaute& ajuste) {
   std::vector<LinhaDaTabela> linhas;
-  int posicao = 1;
   bool noCabecalho = true;
-  for (const Campo& campo : registro.campos) {
+  for (const CampoLido& lugar : disposicao.campos) {
+    const Campo& campo = *lugar.campo;
     noCabecalho = noCabecalho && campo.origem.fixa();
-    if (!campo.existe(versao, cat52)) continue;
-    if (campo.posicao != 0) posicao = campo.posicao;
-    const int largura = larguraNominal(campo, versao);
-    linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, chaveDe(campo), posicao,
-                      posicao + largura - 1, largura, nomeDaEspecie(campo),
-                      temVazio(registro, cat52) ? vazioDe(registro, campo, noCabecalho) : Dito{"-", ""},
+    const int largura = larguraNominal(campo, ajuste.versao);
+    linhas.push_back({static_cast<int>(linhas.size()) + 1, campo.rotulo, chaveDe(campo), lugar.posicao + 1,
+                      lugar.posicao + largura, largura, nomeDaEspecie(campo),
+                      registro.temVazio(ajuste.cat52) ? vazioDe(registro, campo, noCabecalho) : Dito{"-", ""},
                       condicoesDe(campo)});
-    if (!campo.naoAvanca) posicao += largura;
+    if (lugar.largura < largura)
+      linhas.back().condicoes.push_back(
+          {marca("overwritten from position {1} on"), std::to_string(lugar.posicao + lugar.largura + 1)});
   }
-  anotaSobreposicoes(linhas);
   return linhas;
 }
 
@@ -121,7 +104,7 @@ bool iguais(const std::vector<LinhaDaTabela>& a, const std::vector<LinhaDaTabela
 
 std::vector<std::string> comandosDe(const Registro& registro) {
   std::vector<std::string> comandos;
-  for (const char* comando : {"MF", "MFD", "TDM", "RZ"})
+  for (const char* comando : kNomesDosComandos)
     if (registro.despachado(comando, 2)) comandos.emplace_back(comando);
   return comandos;
 }
@@ -131,7 +114,9 @@ std::vector<TabelaDoLeiaute> tabelasDe(const Registro& registro, const std::vect
   std::vector<TabelaDoLeiaute> tabelas;
   for (const int versao : versoes) {
     if (registro.soNaVersao2 && versao != 2) continue;
-    auto linhas = linhasDe(registro, versao, cat52);
+    Disposicao disposicao;
+    dispoe(disposicao, registro, {versao, cat52});
+    auto linhas = linhasDe(registro, disposicao, {versao, cat52});
     if (!tabelas.empty() && iguais(tabelas.back().linhas, linhas)) {
       tabelas.back().versoes.push_back(versao);
       continue;
@@ -139,7 +124,7 @@ std::vector<TabelaDoLeiaute> tabelasDe(const Registro& registro, const std::vect
     tabelas.push_back({&registro,
                        {versao},
                        cat52,
-                       comprimento(registro.campos, versao, cat52),
+                       disposicao.comprimento,
                        quandoVazio(registro, cat52),
                        notaDe(registro, cat52),
                        std::move(linhas)});

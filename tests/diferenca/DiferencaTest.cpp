@@ -323,28 +323,43 @@ TEST(Comparacao, AFieldThatOnlyOneOfThemHasIsNamed) {
   EXPECT_TRUE(diz(aMais, "\"Texto suplementar\": found \"OBRIGADO"));
 }
 
-TEST(ChaveNatural, StandsOnEveryFormOfItsRegister) {
+TEST(ChaveNatural, StandsOnEveryFormOfItsRegisterBehindTheHead) {
+  const auto formas = Formas::de(kCatalogo);
   for (int r = 0; r < static_cast<int>(kCatalogo.size()); ++r)
-    for (const char* rotulo : kChavesNaturais[static_cast<std::size_t>(r)].campos)
-      for (int ajuste = 0; ajuste < static_cast<int>(std::size(kAjustesPossiveis)); ++ajuste)
+    for (const std::int8_t lugar : kCatalogo[static_cast<std::size_t>(r)]->chave)
+      for (int ajuste = 0; ajuste < static_cast<int>(kAjustesPossiveis.size()); ++ajuste)
         for (const bool vazio : {false, true}) {
-          if (rotulo == nullptr) continue;
-          const Forma& uma = forma(r, ajuste, vazio);
-          const auto tem = [&](const CampoLido& campo) {
-            return campo.campo->rotulo == std::string_view(rotulo);
-          };
+          if (lugar < 0) continue;
+          const FormaDoRegistro& uma = formas->em(r, ajuste, vazio);
+          const auto tem = [&](const CampoLido& campo) { return campo.numero == lugar + 1; };
+          EXPECT_GT(lugar, 2) << uma.registro->codigo;
           EXPECT_TRUE(std::any_of(uma.campos.begin(), uma.campos.end(), tem))
-              << uma.registro->codigo << ' ' << rotulo;
+              << uma.registro->codigo << ' ' << lugar;
         }
 }
 
-TEST(ChaveNatural, FollowsTheCatalogueAndNamesFieldsThatAreThere) {
-  for (std::size_t i = 0; i < kCatalogo.size(); ++i) {
-    ASSERT_EQ(kChavesNaturais[i].registro, kCatalogo[i]) << kCatalogo[i]->codigo;
-    for (const char* rotulo : kChavesNaturais[i].campos) {
-      if (rotulo == nullptr) continue;
-      EXPECT_GT(indiceDoCampo(*kCatalogo[i], rotulo), 2) << kCatalogo[i]->codigo;
-    }
+TEST(ChaveNatural, IsThatOfTheLaw) {
+  const std::map<std::string, std::vector<std::string>> chaves = {{"E07", {"Versão do software básico"}},
+                                                                  {"E09", {"CRO"}},
+                                                                  {"E10", {"CFD"}},
+                                                                  {"E12", {"CRZ"}},
+                                                                  {"E13", {"CRZ", "Totalizador parcial"}},
+                                                                  {"E14", {"CCF"}},
+                                                                  {"E15", {"COO", "Nº do item"}},
+                                                                  {"E16", {"COO"}},
+                                                                  {"E17", {"CRZ", "Totalizador não fiscal"}},
+                                                                  {"E18", {"CRZ", "Meio de pagamento"}},
+                                                                  {"E19", {"GNF"}},
+                                                                  {"E20", {"COO", "Nº do item"}},
+                                                                  {"E21", {"COO", "Meio de pagamento"}},
+                                                                  {"E22", {"Número"}}};
+  for (const Registro* registro : kCatalogo) {
+    std::vector<std::string> campos;
+    for (const std::int8_t lugar : registro->chave)
+      if (lugar >= 0) campos.emplace_back(registro->campos[static_cast<std::size_t>(lugar)].rotulo);
+    const auto esperada = chaves.find(registro->codigo);
+    EXPECT_EQ(campos, esperada == chaves.end() ? std::vector<std::string>() : esperada->second)
+        << registro->codigo;
   }
 }
 

@@ -30,7 +30,7 @@ Selecao daLinha(long linha) {
 
 Selecao doRegistro(const char* codigo) {
   Selecao selecao;
-  selecao.registros = {indiceDoRegistro(codigo)};
+  selecao.registros = {kCatalogo.indiceDe(codigo)};
   return selecao;
 }
 
@@ -60,7 +60,7 @@ TEST(Exibicao, TextIsABlockOfLabelsAndValues) {
 
 TEST(Exibicao, TableHasARowARecordWithoutTheHead) {
   Selecao selecao = doRegistro("E17");
-  selecao.registros.push_back(indiceDoRegistro("E13"));
+  selecao.registros.push_back(kCatalogo.indiceDe("E13"));
   selecao.crz = 11;
   EXPECT_EQ(mostra(Relatorio::bom(), FormatoDeExibicao::Tabela, selecao),
             "E13: Detalhe da Redução Z - Totalizadores Parciais\n"
@@ -158,7 +158,7 @@ TEST(Selecao, FindsByCounter) {
   crz.crz = 11;
   EXPECT_EQ(linhas(crz), "9 11 16 17 19 33 35 38 ");
   tudo.coo = 102;
-  tudo.registros = {indiceDoRegistro("E15")};
+  tudo.registros = {kCatalogo.indiceDe("E15")};
   EXPECT_EQ(linhas(tudo), "23 24 ");
 }
 

@@ -70,15 +70,15 @@ TEST(LeitorDeRegistros, OfAFirstLineThatMayBeOfSeveralShapesTheLikeliestIsTaken)
 }
 
 TEST(Forma, RegistersAreKnownByTheirCodesAlone) {
-  EXPECT_EQ(indiceDoRegistro("E01"), 0);
-  EXPECT_EQ(indiceDoRegistro("E22"), 21);
+  EXPECT_EQ(kCatalogo.indiceDe("E01"), 0);
+  EXPECT_EQ(kCatalogo.indiceDe("E22"), 21);
   for (const char* outro : {"", "E1", "E011", "F01", "E/1", "E:1", "E0/", "E0:", "E00", "E23"})
-    EXPECT_LT(indiceDoRegistro(outro), 0) << outro;
+    EXPECT_LT(kCatalogo.indiceDe(outro), 0) << outro;
 }
 
 TEST(Forma, LabelThatARegisterHasNotIsAMistakeInTheProgram) {
-  EXPECT_EQ(indiceDoCampo(kE12, "Nº de fabricação do ECF"), 1);
-  EXPECT_THROW(indiceDoCampo(kE12, "Assinatura do documento"), std::logic_error);
+  EXPECT_EQ(indiceDe(kE12.campos, "Nº de fabricação do ECF"), 1);
+  EXPECT_THROW(indiceDe(kE12.campos, "Assinatura do documento"), std::logic_error);
 }
 
 TEST(LeitorDeRegistros, LayoutAndModeComeFromTheLines) {

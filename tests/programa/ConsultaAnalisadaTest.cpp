@@ -1,5 +1,5 @@
 // Queries taken apart: what each column is made of, and of which table.
-#include "Explicacao/ConsultaAnalisada.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 
 #include <gtest/gtest.h>
 

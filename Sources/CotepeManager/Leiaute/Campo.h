@@ -4,6 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
 
 namespace cotepe {
 
@@ -32,17 +35,24 @@ enum class Especie : std::uint8_t {
 /// Where the text of a field comes from.
 struct Origem {
   /// Which of the members below holds.
-  enum class Tipo : std::uint8_t { Nenhuma, Constante, Ajuste, Coluna, Funcao };
+  enum class Tipo : std::uint8_t { Nenhuma, Constante, DoLeiaute, Ajuste, Relogio, Coluna, Funcao };
 
-  Tipo tipo = Tipo::Nenhuma;                     ///< Nenhuma: the text is empty
-  std::int8_t coluna = -1;                       ///< counted from 0
-  std::int8_t consulta = 0;                      ///< which query of the register, counted from 0
-  const char* constante = "";                    ///< of Constante: the text
-  const char* const Ajustes::*ajuste = nullptr;  ///< of Ajuste: which text of the run
+  static constexpr std::int8_t kDeCadaConsulta = -1;  ///< each query of the register makes records
+
+  Tipo tipo = Tipo::Nenhuma;   ///< Nenhuma: the text is empty
+  std::int8_t coluna = -1;     ///< from 0; of Ajuste: of the identity query; of Relogio: where the
+                               ///< text begins in the clock's
+  std::int8_t consulta = 0;    ///< which query of the register, from 0, or kDeCadaConsulta
+  const char* constante = "";  ///< of Constante: the text; of DoLeiaute: that of layout 1
+  const char* nosOutros = "";  ///< of DoLeiaute: the text in the other layouts
+  const char* const Ajustes::*ajuste = nullptr;                    ///< of Ajuste: which text of the run
   const char* (*funcao)(const Fonte&, const Execucao&) = nullptr;  ///< of Funcao
 
   /// True where the text is the same in every record of a run, placeholders included.
   constexpr bool fixa() const { return tipo == Tipo::Constante || tipo == Tipo::Ajuste; }
+
+  /// True where it is, or rests on, a column of a query of the register.
+  constexpr bool deColuna() const { return coluna >= 0 && (tipo == Tipo::Coluna || tipo == Tipo::Funcao); }
 };
 
 /// A column of a query's row, both counted from 0.
@@ -71,13 +81,37 @@ constexpr Origem constante(const char* texto) {
   return o;
 }
 
-/// A text of the run's settings.
-constexpr Origem ajuste(const char* const Ajustes::*membro) {
+/// A text of the run's settings; `colunaDaIdentidade` is where the identity query has it, if it has.
+constexpr Origem ajuste(const char* const Ajustes::*membro, int colunaDaIdentidade = -1) {
   Origem o;
   o.tipo = Origem::Tipo::Ajuste;
+  o.coluna = static_cast<std::int8_t>(colunaDaIdentidade);
   o.ajuste = membro;
   return o;
 }
+
+/// A text that tells the layout: one for layout 1, another for the others.
+constexpr Origem doLeiaute(const char* noPrimeiro, const char* nosOutros) {
+  Origem o = constante(noPrimeiro);
+  o.tipo = Origem::Tipo::DoLeiaute;
+  o.nosOutros = nosOutros;
+  return o;
+}
+
+/// The application's clock, from a place of its text on (AAAAMMDD, a separator, HHMMSS). The source of the
+/// record has it as the column of that number.
+constexpr Origem relogio(int desde) {
+  Origem o = coluna(desde);
+  o.tipo = Origem::Tipo::Relogio;
+  return o;
+}
+
+/// One of the texts that a field may hold.
+struct Codigo {
+  const char* valor;          ///< without the blanks that fill the field up
+  const char* palavras = "";  ///< what it means, to be translated; may be empty
+  std::int8_t coluna = -1;    ///< the column that decided for it, from 0, where the field reads none
+};
 
 /// One field of a register's list. Made by the functions below; the members are for those who read the list.
 struct Campo {
@@ -100,7 +134,20 @@ struct Campo {
   bool desloca = false;         ///< never clipped: a longer number moves the later fields right
   bool naoAvanca = false;       ///< the cursor stays before the field in a data record ...
   bool naoAvancaVazio = false;  ///< ... and in a placeholder record
-  bool dadoPessoal = false;     ///< tells about a consumer
+
+  // What the generator does not need, but those who read reports and databases do.
+  bool dadoPessoal = false;          ///< tells about a consumer
+  bool obrigatoria = false;          ///< a date or an hour that is never blank
+  bool podeSerCpf = false;           ///< of Identificador: a consumer's CPF or CNPJ; otherwise a user's CNPJ
+  bool deTotalizador = false;        ///< codes of totalizers such as 01T1800
+  bool cortado = false;              ///< its text is kept in one as short as the field first
+  bool ouDaAplicacao = false;        ///< where its column is empty, the application's
+  std::int8_t maximos = -1;          ///< the first of the queries whose maximum goes before its column
+  std::int8_t quantosCodigos = 0;    ///< of `codigos`
+  const Codigo* codigos = nullptr;   ///< what a field of one byte is to be one of, and what others may mean
+  const char* observacao = nullptr;  ///< what is odd about it, to be translated
+  const char* fonteDita =
+      nullptr;  ///< where it comes from, to be translated, where `origem` does not say all
 
   constexpr Campo() = default;
   /// The texts are borrowed and live for ever.
@@ -122,6 +169,15 @@ struct Campo {
   constexpr Campo semAvancar()                 const { Campo c = *this; c.naoAvanca = true; return c; }
   constexpr Campo semAvancarVazio()            const { Campo c = *this; c.naoAvancaVazio = true; return c; }
   constexpr Campo pessoal()                    const { Campo c = *this; c.dadoPessoal = true; return c; }
+  constexpr Campo sempreHa()                   const { Campo c = *this; c.obrigatoria = true; return c; }
+  constexpr Campo totalizador()                const { Campo c = *this; c.deTotalizador = true; return c; }
+  constexpr Campo cortadoAntes()               const { Campo c = *this; c.cortado = true; return c; }
+  constexpr Campo ouDoAplicativo()             const { Campo c = *this; c.ouDaAplicacao = true; return c; }
+  constexpr Campo ouMaximo(std::int8_t das)    const { Campo c = *this; c.maximos = das; return c; }
+  constexpr Campo nota(const char* texto)      const { Campo c = *this; c.observacao = texto; return c; }
+  constexpr Campo fonte(const char* texto)     const { Campo c = *this; c.fonteDita = texto; return c; }
+  template <std::size_t N>
+  constexpr Campo podeSer(const Codigo (&lista)[N]) const { Campo c = *this; c.codigos = lista; c.quantosCodigos = N; return c; }
   // clang-format on
   ///@}
 
@@ -163,6 +219,20 @@ class Campos {
   std::size_t quantos_ = 0;
 };
 
+/// The place of the field with the label, from 0. The label is written in the code: one that is not there
+/// does not compile, and at run time is a std::logic_error.
+constexpr std::size_t indiceDe(Campos campos, std::string_view rotulo) {
+  for (std::size_t i = 0; i < campos.size(); ++i)
+    if (campos[i].rotulo == rotulo) return i;
+  throw std::logic_error("no field " + std::string(rotulo));
+}
+
+/// The fields from one label to another, both included.
+constexpr Campos entre(Campos campos, std::string_view primeiro, std::string_view ultimo) {
+  const std::size_t inicio = indiceDe(campos, primeiro);
+  return campos.trecho(inicio, indiceDe(campos, ultimo) + 1 - inicio);
+}
+
 ///@{
 /// Width of a counter in digits, and the modulus that goes with it, under a layout version.
 constexpr int larguraDoContador(int versao) { return versao == 1 ? 6 : 9; }
@@ -174,15 +244,38 @@ constexpr int larguraNominal(const Campo& campo, int versao) {
   return campo.largura == Campo::kLarguraDoContador ? larguraDoContador(versao) : campo.largura;
 }
 
+/// Where the fields of a record stand, one behind the other.
+class Cursor {
+ public:
+  /// Of a data record, or of a placeholder (`vazio`), under a layout version.
+  constexpr Cursor(int versao, bool vazio) : versao_(versao), vazio_(vazio) {}
+
+  /// Puts a field that is there, and gives its position, from 0.
+  constexpr int poe(const Campo& campo) {
+    const int posicao = campo.posicao != 0 ? campo.posicao - 1 : proxima_;
+    fim_ = posicao + larguraNominal(campo, versao_);
+    proxima_ = (vazio_ ? campo.naoAvancaVazio : campo.naoAvanca) ? posicao : fim_;
+    return posicao;
+  }
+  /// Leaves bytes out.
+  constexpr void pula(int bytes) { proxima_ += bytes; }
+
+  /// Where the next field begins, and where the last one ends.
+  constexpr int proxima() const { return proxima_; }
+  constexpr int fim() const { return fim_; }
+
+ private:
+  int versao_;
+  bool vazio_;
+  int proxima_ = 0, fim_ = 0;
+};
+
 /// Length in bytes of a record of these fields in the setting given.
 constexpr int comprimento(Campos campos, int versao, bool cat52) {
-  int cursor = 0;
-  for (const Campo& campo : campos) {
-    if (!campo.existe(versao, cat52)) continue;
-    if (campo.posicao != 0) cursor = campo.posicao - 1;
-    cursor += larguraNominal(campo, versao);
-  }
-  return cursor;
+  Cursor cursor(versao, false);
+  for (const Campo& campo : campos)
+    if (campo.existe(versao, cat52)) cursor.poe(campo);
+  return cursor.fim();
 }
 
 }  // namespace cotepe

@@ -14,6 +14,7 @@ namespace {
 const char* textoDe(const Campo& campo, const Fonte& fonte, const Execucao& execucao) {
   switch (campo.origem.tipo) {
     case Origem::Tipo::Coluna:
+    case Origem::Tipo::Relogio:
       return fonte.texto(campo.origem.coluna);
     case Origem::Tipo::Ajuste:
       return execucao.ajustes().*campo.origem.ajuste;
@@ -21,6 +22,8 @@ const char* textoDe(const Campo& campo, const Fonte& fonte, const Execucao& exec
       return campo.origem.funcao(fonte, execucao);
     case Origem::Tipo::Constante:
       return campo.origem.constante;
+    case Origem::Tipo::DoLeiaute:
+      return execucao.ajustes().versao == 1 ? campo.origem.constante : campo.origem.nosOutros;
     case Origem::Tipo::Nenhuma:
       break;
   }

@@ -1,8 +1,10 @@
 // The words that the lists of fields are written in, and the heads that the registers share.
 #pragma once
 
+#include "Idioma/Idioma.h"
 #include "Leiaute/Campo.h"
 #include "Leiaute/Execucao.h"
+#include "Leiaute/Identidade.h"
 
 namespace cotepe {
 
@@ -42,8 +44,16 @@ constexpr Campo contador(const char* rotulo, Origem origem) {
   return {rotulo, Especie::Contador, Campo::kLarguraDoContador, origem};
 }
 
-constexpr Campo identificador(const char* rotulo, Origem origem) {
+/// The number of a user.
+constexpr Campo cnpj(const char* rotulo, Origem origem) {
   return {rotulo, Especie::Identificador, 14, origem};
+}
+
+/// The number of a consumer.
+constexpr Campo cpfOuCnpj(const char* rotulo, Origem origem) {
+  Campo c = cnpj(rotulo, origem);
+  c.podeSerCpf = true;
+  return c;
 }
 
 constexpr Campo dinheiro(const char* rotulo, int largura, Origem origem) {
@@ -69,16 +79,31 @@ constexpr Campo horaPronta(const char* rotulo, Origem origem) {
 
 namespace leiaute {
 
-// clang-format off
-inline constexpr Campo kNumeroDeFabricacao = texto  ("Nº de fabricação do ECF", 20, ajuste(&Ajustes::nrFabricacao));
-inline constexpr Campo kMfAdicional        = letra  ("MF adicional",                constante(" "));
-inline constexpr Campo kModelo             = texto  ("Modelo do ECF",           20, ajuste(&Ajustes::modelo));
-inline constexpr Campo kNumeroDoUsuario    = numero ("Nº de ordem do usuário",   2, ajuste(&Ajustes::usuario));
-// clang-format on
+constexpr Campo numeroDeFabricacao(const char* rotulo) {
+  return texto(rotulo, 20, ajuste(&Ajustes::nrFabricacao, kColunaSerie))
+      .fonte(marca("dados_ecf.num_serie, where that is empty the application's serial number"));
+}
+
+constexpr Campo numeroDoUsuario(const char* rotulo) {
+  return numero(rotulo, 2, ajuste(&Ajustes::usuario, kColunaUsuario))
+      .fonte(marca("dados_usuario.seq_usuario, of several users the last"));
+}
+
+inline constexpr Campo kNumeroDeFabricacao = numeroDeFabricacao("Nº de fabricação do ECF");
+inline constexpr Campo kMfAdicional = letra("MF adicional", constante(" "));
+inline constexpr Campo kModelo =
+    texto("Modelo do ECF", 20, ajuste(&Ajustes::modelo, kColunaModelo))
+        .fonte(marca("dados_ecf.modelo, where that is empty the application's model"));
+inline constexpr Campo kNumeroDoUsuario = numeroDoUsuario("Nº de ordem do usuário");
 
 constexpr Campo tipoDoRegistro(const char* codigo) {
   return comoEsta("Tipo do registro", 3, constante(codigo));
 }
+
+/// What flags of a coupon's amounts may be.
+inline constexpr Codigo kCancelado[] = {{"S", marca("cancelled")}, {"N", marca("not cancelled")}};
+inline constexpr Codigo kValorOuPercentual[] = {{"V", marca("a value")}, {"P", marca("a percentage")}};
+inline constexpr Codigo kOperacoesNaoFiscais[] = {{"OPNF", "operações não fiscais"}};
 
 }  // namespace leiaute
 

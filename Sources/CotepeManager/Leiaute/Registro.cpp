@@ -17,8 +17,8 @@ unsigned comandoDe(const char* texto) {
   return kOutro;
 }
 
-bool temVazio(const Registro& registro, const Ajustes& ajustes) {
-  return registro.vazio == Vazio::Sempre || (registro.vazio == Vazio::ForaDoCat52 && !ajustes.cat52);
+void gravaVazioSeTem(Execucao& execucao, const Registro& registro) {
+  if (registro.temVazio(execucao.ajustes().cat52)) gravaVazio(execucao, registro.camposVazios);
 }
 
 }  // namespace
@@ -37,12 +37,13 @@ bool completou(Execucao& execucao, const Registro& registro, Leitura& leitura, i
 
 bool encerra(Execucao& execucao, const Registro& registro, Leitura& leitura, long linhas, int consulta) {
   if (!completou(execucao, registro, leitura, consulta)) return false;
-  if (linhas == 0 && temVazio(registro, execucao.ajustes())) gravaVazio(execucao, registro.campos);
+  if (linhas == 0) gravaVazioSeTem(execucao, registro);
   leitura.finaliza();
   return true;
 }
 
 void escreveTabela(Execucao& execucao, const Registro& registro) {
+  if (registro.consultas[0].sql == nullptr) return gravaVazioSeTem(execucao, registro);
   const auto leitura = execucao.consulta(registro.consultas[0].sql);
   const long linhas = gravaLinhas(execucao, registro.campos, *leitura, *leitura);
   encerra(execucao, registro, *leitura, linhas);

@@ -2,15 +2,23 @@
 #pragma once
 
 #include "Financial.h"
-#include "Leiaute/Execucao.h"
+#include "Leiaute/Especies.h"
 
 namespace cotepe {
 
-/// Which adjustment a coupon carries, by its discount (column 4) and its surcharge (column 5): "D", "A" or a
+/// The columns of a coupon's query that both read.
+inline constexpr std::int8_t kColunaDesconto = 4, kColunaAcrescimo = 5;
+
+/// What their field of the order of discount and surcharge may be.
+inline constexpr Codigo kOrdens[] = {{"", marca("neither discount nor surcharge"), kColunaAcrescimo},
+                                     {"D", marca("a discount"), kColunaDesconto},
+                                     {"A", marca("a surcharge"), kColunaAcrescimo}};
+
+/// Which adjustment a coupon carries, by its discount and its surcharge: "D", "A" or a
 /// blank. Deliberate: of a coupon with both, the surcharge wins.
 inline const char* ordemDescontoAcrescimo(const Fonte& cupom, const Execucao& /*execucao*/) {
-  if (Financial::CentavosDoBanco(cupom.texto(5)) != 0) return "A";
-  if (Financial::CentavosDoBanco(cupom.texto(4)) != 0) return "D";
+  if (Financial::CentavosDoBanco(cupom.texto(kColunaAcrescimo)) != 0) return "A";
+  if (Financial::CentavosDoBanco(cupom.texto(kColunaDesconto)) != 0) return "D";
   return " ";
 }
 

@@ -14,14 +14,14 @@ enum Consulta : std::uint8_t { kUsuarios, kTotalDasReducoes, kTotalDaPosicao };
 
 // clang-format off
 constexpr auto kCampos = registroComum("E02", {
-    identificador("CNPJ",                       coluna(0)),
+    cnpj         ("CNPJ",                       coluna(0)),
     preenchido   ("Inscrição estadual",     14, coluna(1)).semPontos().semHifens(),
     texto        ("Razão social",           40, coluna(2)),
     texto        ("Endereço",              120, coluna(3)),
     data         ("Data do cadastro",           coluna(4)),
     hora         ("Hora do cadastro",           coluna(4)),
     contador6    ("CRO",                        coluna(5)),
-    dinheiro     ("Totalizador geral (GT)", 18, coluna(kColunaTotalGeral)),
+    dinheiro     ("Totalizador geral (GT)", 18, coluna(kColunaTotalGeral)).ouMaximo(kTotalDasReducoes).nota(marca("one maximum for all users; one of exactly 18 characters loses its last, a longer one is not used")).fonte(marca("the greatest posicao_totalizadores_contadores.valor_gt (of command MF: the greatest reducao_z.valor_gt); without one dados_usuario.valor_gt")),
     numero       ("Nº do usuário",           2, constante("1")),
 });
 // clang-format on
@@ -56,20 +56,15 @@ void escreveE02(Execucao& execucao, const Registro& registro) {
 
 }  // namespace
 
-const Registro kE02 = {
-    "E02",
-    "Identificação do atual contribuinte usuário do ECF",
-    kCampos,
-    {{"SELECT cnpj, SUBSTR(ie, 0, 15), razao_social, endereco,"
-      "                  ifnull(data_hora_gravacao, '                   '), cont_cro, valor_gt"
-      "                  FROM dados_usuario",
-      "Erro no select - TipoE02"},
-     {"SELECT MAX(valor_gt) FROM reducao_z", nullptr},
-     {"SELECT MAX(valor_gt) FROM posicao_totalizadores_contadores", nullptr}},
-    kTodos,
-    false,
-    Vazio::Nunca,
-    false,
-    escreveE02};
+constexpr Registro kE02 =
+    Registro("E02", "Identificação do atual contribuinte usuário do ECF", kCampos, escreveE02)
+        .consulta(
+            "SELECT cnpj, SUBSTR(ie, 0, 15), razao_social, endereco,"
+            "                  ifnull(data_hora_gravacao, '                   '), cont_cro, valor_gt"
+            "                  FROM dados_usuario",
+            "Erro no select - TipoE02")
+        .consulta("SELECT MAX(valor_gt) FROM reducao_z", nullptr)
+        .consulta("SELECT MAX(valor_gt) FROM posicao_totalizadores_contadores", nullptr)
+        .nosComandos(kTodos);
 
 }  // namespace cotepe

@@ -17,7 +17,7 @@ constexpr auto kCamposE03 = registroComum("E03", {
 });
 
 constexpr auto kCamposE04 = registroComum("E04", {
-    numero("Nº do usuário",      2, ajuste(&Ajustes::usuario)),
+    leiaute::numeroDoUsuario("Nº do usuário"),
     data  ("Data",                  {}),
     hora  ("Hora",                  {}),
     numero("Primeiro número",   14, {}),
@@ -29,28 +29,16 @@ constexpr auto kCamposE04 = registroComum("E04", {
 static_assert(comprimento(kCamposE03, 1, false) == 106);
 static_assert(comprimento(kCamposE04, 1, false) == 112);
 
-// Deliberate: E03 is written in CAT52 mode too, E04 is not.
-void escreve(Execucao& execucao, const Registro& registro) {
-  if (registro.vazio == Vazio::Sempre || !execucao.ajustes().cat52) gravaVazio(execucao, registro.campos);
-}
-
 }  // namespace
 
-// Deliberate: no command writes either.
-const Registro kE03 = {"E03",         "Identificação dos prestadores de serviço cadastrados no ECF",
-                       kCamposE03,    {},
-                       kNenhum,       false,
-                       Vazio::Sempre, false,
-                       escreve};
+// Deliberate: no command writes either, and E03 is written in CAT52 mode too, E04 is not.
+constexpr Registro kE03 =
+    Registro("E03", "Identificação dos prestadores de serviço cadastrados no ECF", kCamposE03, escreveTabela)
+        .vazioSempre()
+        .nota(marca("no command writes it"));
 
-const Registro kE04 = {"E04",
-                       "Relação dos usuários anteriores do ECF",
-                       kCamposE04,
-                       {},
-                       kNenhum,
-                       false,
-                       Vazio::ForaDoCat52,
-                       false,
-                       escreve};
+constexpr Registro kE04 = Registro("E04", "Relação dos usuários anteriores do ECF", kCamposE04, escreveTabela)
+                              .vazioForaDoCat52()
+                              .nota(marca("no command writes it"));
 
 }  // namespace cotepe

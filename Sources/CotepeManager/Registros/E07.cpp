@@ -14,25 +14,17 @@ constexpr auto kCampos = registroComum("E07", {
 // clang-format on
 static_assert(comprimento(kCampos, 1, false) == 62);
 
-// Deliberate: the placeholder has no head: it is the eighteen blanks of the register's own fields alone.
-void escreveE07(Execucao& execucao, const Registro& registro) {
-  const auto versoes = execucao.consulta(registro.consultas[0].sql);
-  const long linhas = gravaLinhas(execucao, registro.campos, *versoes, *versoes);
-  if (!completou(execucao, registro, *versoes) || linhas != 0) return;
-  gravaVazio(execucao, registro.campos.trecho(4));
-}
-
 }  // namespace
 
-const Registro kE07 = {"E07",
-                       "Relação das alterações de versão do Software Básico do ECF",
-                       kCampos,
-                       {{"SELECT versao, ifnull(data_hora_gravacao, '                   ') FROM versao_sb",
-                         "Erro no select - TipoE07"}},
-                       kMF | kTDM,
-                       false,
-                       Vazio::Sempre,
-                       false,
-                       escreveE07};
+// Deliberate: the placeholder has no head: it is the eighteen blanks of the register's own fields alone.
+constexpr Registro kE07 =
+    Registro("E07", "Relação das alterações de versão do Software Básico do ECF", kCampos, escreveTabela)
+        .consulta("SELECT versao, ifnull(data_hora_gravacao, '                   ') FROM versao_sb",
+                  "Erro no select - TipoE07")
+        .nosComandos(kMF | kTDM)
+        .vazioSempre()
+        .vazioDesde("Versão do software básico")
+        .comChave("Versão do software básico")
+        .nota(marca("its placeholder is 18 blanks alone, without a head"));
 
 }  // namespace cotepe

@@ -8,7 +8,7 @@ namespace {
 
 // clang-format off
 constexpr auto kCampos = registroComum("E08", {
-    identificador("CNPJ do usuário",        coluna(0)),
+    cnpj         ("CNPJ do usuário",        coluna(0)),
     texto        ("Nº de série da MFD", 20, {}),
 });
 // clang-format on
@@ -17,19 +17,21 @@ static_assert(comprimento(kCampos, 1, false) == 78);
 // Deliberate: always exactly one line; each user row adds a CNPJ to it.
 void escreveE08(Execucao& execucao, const Registro& registro) {
   Linha linha;
-  compoe(linha, registro.campos.trecho(0, 4), SemFonte(), execucao);
-  const Campos cnpj = registro.campos.trecho(4, 1);
+  compoe(linha, entre(kCampos, "Tipo do registro", "Modelo do ECF"), SemFonte(), execucao);
+  constexpr Campos cnpj = entre(kCampos, "CNPJ do usuário", "CNPJ do usuário");
   if (!acrescentaLinhas(execucao, registro, 0, linha, cnpj, cnpj)) return;
-  compoe(linha, registro.campos.trecho(5), SemFonte(), execucao);
+  compoe(linha, entre(kCampos, "Nº de série da MFD", "Nº de série da MFD"), SemFonte(), execucao);
   execucao.grava(linha);
 }
 
 }  // namespace
 
-const Registro kE08 = {"E08",         "Relação dos dispositivos de MFD utilizados",
-                       kCampos,       {{"SELECT cnpj FROM dados_usuario", "Erro no select - TipoE08"}},
-                       kMF | kTDM,    false,
-                       Vazio::Sempre, false,
-                       escreveE08};
+constexpr Registro kE08 = Registro("E08", "Relação dos dispositivos de MFD utilizados", kCampos, escreveE08)
+                              .consulta("SELECT cnpj FROM dados_usuario", "Erro no select - TipoE08")
+                              .nosComandos(kMF | kTDM)
+                              .vazioSempre()
+                              .repetePorUsuario("CNPJ do usuário")
+                              .sempreUmaLinha()
+                              .nota(marca("always one line; each user adds a CNPJ to it"));
 
 }  // namespace cotepe

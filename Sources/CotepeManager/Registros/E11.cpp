@@ -1,5 +1,6 @@
 // E11, the printer's present position, stamped with the time of generation.
 #include <array>
+#include <cstring>
 
 #include "Leiaute/Composicao.h"
 #include "Leiaute/Especies.h"
@@ -7,8 +8,6 @@
 
 namespace cotepe {
 namespace {
-
-constexpr int kColunaData = 8, kColunaHora = 9;  // put behind the position's own columns
 
 // Deliberate: date and hour stand at fixed positions; with counters of nine digits they overwrite the last
 // twelve of the grand total, and the line has 136 characters in every layout.
@@ -24,28 +23,33 @@ constexpr auto kCampos = registroComum("E11", {
     contador  ("GRG",                            coluna(5)),
     contador6 ("Terceiro contador sem fonte",    {}),
     contador6 ("CFD",                            coluna(6)),
-    dinheiro  ("Totalizador geral (GT)",     18, coluna(7)),
-    dataPronta("Data de geração",                coluna(kColunaData)).naPosicao(123),
-    horaPronta("Hora de geração",                coluna(kColunaHora)).naPosicao(131),
+    dinheiro  ("Totalizador geral (GT)",     18, coluna(7)).nota(marca("with counters of nine digits the time stamp overwrites its last twelve")),
+    dataPronta("Data de geração",                relogio(0)).naPosicao(123).sempreHa().fonte(marca("the application's clock while the report was made")),
+    horaPronta("Hora de geração",                relogio(9)).naPosicao(131).sempreHa().fonte(marca("the application's clock while the report was made")),
 });
 // clang-format on
 static_assert(comprimento(kCampos, 1, false) == 136);
 static_assert(comprimento(kCampos, 2, false) == 136);
 
-constexpr std::size_t kFimDaPosicao = 15;  // fields up to the grand total
-constexpr Campos kPosicao = Campos(kCampos).trecho(0, kFimDaPosicao);
-constexpr Campos kSemCabecalho = Campos(kCampos).trecho(4, kFimDaPosicao - 4);
-constexpr Campos kCarimbo = Campos(kCampos).trecho(kFimDaPosicao);
+constexpr Campos kPosicao = entre(kCampos, "Tipo do registro", "Totalizador geral (GT)");
+constexpr Campos kSemCabecalho = entre(kCampos, "CRZ", "Totalizador geral (GT)");
+constexpr Campos kCabecalho = entre(kCampos, "Tipo do registro", "Modelo do ECF");
+constexpr Campos kCarimbo = entre(kCampos, "Data de geração", "Hora de geração");
 
-// Date at 0, separator, hour at 9; the line ends after position 137 at the latest.
-void compoeCarimbo(Linha& linha, Execucao& execucao) {
-  std::array<char, 41> agora{};
-  execucao.hospedeiro().dataHoraAtual(agora.data());
-  agora[16] = '\0';
-  const SemFonte nenhuma;
-  const FonteCom comData(nenhuma, kColunaData, agora.data());
-  compoe(linha, kCarimbo, FonteCom(comData, kColunaHora, agora.data() + 9), execucao);
-}
+/// The clock's text, as if it had a column at each of its places.
+class Agora final : public Fonte {
+ public:
+  // The line ends after position 137 at the latest.
+  explicit Agora(Hospedeiro& hospedeiro) {
+    hospedeiro.dataHoraAtual(agora_.data());
+    agora_[16] = '\0';
+  }
+  const char* texto(int desde) const override { return agora_.data() + desde; }
+  int bytes(int desde) const override { return static_cast<int>(std::strlen(texto(desde))); }
+
+ private:
+  std::array<char, 41> agora_{};
+};
 
 // Deliberate: of several rows the last one is written; without a row all is zeros, in CAT52 mode too.
 void escreveE11(Execucao& execucao, const Registro& registro) {
@@ -58,27 +62,24 @@ void escreveE11(Execucao& execucao, const Registro& registro) {
   }
   if (!completou(execucao, registro, *posicoes)) return;
   if (!alguma) {
-    compoe(linha, registro.campos.trecho(0, 4), SemFonte(), execucao);
+    compoe(linha, kCabecalho, SemFonte(), execucao);
     compoeVazio(linha, kSemCabecalho, execucao);
   }
   posicoes->finaliza();
-  compoeCarimbo(linha, execucao);
+  compoe(linha, kCarimbo, Agora(execucao.hospedeiro()), execucao);
   execucao.grava(linha);
 }
 
 }  // namespace
 
-const Registro kE11 = {
-    "E11",
-    "Posição atual dos contadores e totalizadores",
-    kCampos,
-    {{"SELECT cont_crz, cont_cro, cont_coo, cont_gnf, cont_ccf, cont_grg, cont_cfd, valor_gt"
-      "                  FROM posicao_totalizadores_contadores",
-      "Erro no select - TipoE11"}},
-    kMF | kTDM,
-    false,
-    Vazio::Sempre,
-    false,
-    escreveE11};
+constexpr Registro kE11 =
+    Registro("E11", "Posição atual dos contadores e totalizadores", kCampos, escreveE11)
+        .consulta(
+            "SELECT cont_crz, cont_cro, cont_coo, cont_gnf, cont_ccf, cont_grg, cont_cfd, valor_gt"
+            "                  FROM posicao_totalizadores_contadores",
+            "Erro no select - TipoE11")
+        .nosComandos(kMF | kTDM)
+        .vazioSempre()
+        .sempreUmaLinha();
 
 }  // namespace cotepe

@@ -10,9 +10,9 @@ enum Consulta : std::uint8_t { kFiscais, kNaoFiscais };
 
 // clang-format off
 constexpr auto kCampos = registroDoUsuario("E13", {
-    contador6("CRZ",                      coluna(0)),
-    texto    ("Totalizador parcial",   7, coluna(1)).semPontos(),
-    dinheiro ("Valor acumulado",      13, coluna(2)),
+    contador6("CRZ",                      coluna(0, Origem::kDeCadaConsulta)),
+    texto    ("Totalizador parcial",   7, coluna(1, Origem::kDeCadaConsulta)).semPontos().totalizador().podeSer(leiaute::kOperacoesNaoFiscais),
+    dinheiro ("Valor acumulado",      13, coluna(2, Origem::kDeCadaConsulta)),
 });
 
 constexpr auto kCamposNaoFiscais = registroDoUsuario("E13", {
@@ -39,49 +39,57 @@ void escreveE13(Execucao& execucao, const Registro& registro) {
 
 }  // namespace
 
-const Registro kE13 = {"E13",
-                       "Detalhe da Redução Z - Totalizadores Parciais",
-                       kCampos,
-                       {{"SELECT totalizador.cont_crz as CRZ, totalizador.totalizador as TOT, "
-                         "totalizador.valor_base_calculo as VAL,"
-                         "                     '0' as ORD"
-                         "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
-                         "AS reducao USING(cont_crz)"
-                         "                     WHERE reducao.data_movimento >= '%s' AND "
-                         "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
-                         "                     AND SUBSTR(totalizador.totalizador, 3, 1) == 'T'"
-                         "                     UNION"
-                         "                     SELECT totalizador.cont_crz as CRZ, totalizador.totalizador "
-                         "as TOT, totalizador.valor_base_calculo as VAL,"
-                         "                     '1' as ORD"
-                         "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
-                         "AS reducao USING(cont_crz)"
-                         "                     WHERE reducao.data_movimento >= '%s' AND "
-                         "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
-                         "                     AND SUBSTR(totalizador.totalizador, 3, 1) == 'S'"
-                         "                     UNION"
-                         "                     SELECT totalizador.cont_crz as CRZ, totalizador.totalizador "
-                         "as TOT, totalizador.valor_base_calculo as VAL,"
-                         "                     '2' as ORD"
-                         "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
-                         "AS reducao USING(cont_crz)"
-                         "                     WHERE reducao.data_movimento >= '%s' AND "
-                         "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
-                         "                     AND (SUBSTR(totalizador.totalizador, 3, 1) <> 'S' AND "
-                         "SUBSTR(totalizador.totalizador, 3, 1) <> 'T')"
-                         "                     ORDER BY CRZ, ORD",
-                         "Erro no select 1 - TipoE13"},
-                        {"SELECT totalizador.cont_crz, 'OPNF', SUM(totalizador.valor_base_calculo)"
-                         "                  FROM totalizador_reducao AS totalizador INNER JOIN reducao_z AS "
-                         "reducao USING(cont_crz)"
-                         "                  WHERE reducao.data_movimento >= '%s' AND reducao.data_movimento "
-                         "<= '%s' AND id_fiscal = 'N'"
-                         "                  GROUP BY totalizador.cont_crz",
-                         "Erro no select 2 - TipoE13"}},
-                       kMF | kTDM,
-                       false,
-                       Vazio::ForaDoCat52,
-                       false,
-                       escreveE13};
+constexpr Registro kE13 =
+    Registro("E13", "Detalhe da Redução Z - Totalizadores Parciais", kCampos, escreveE13)
+        .consulta(
+            "SELECT totalizador.cont_crz as CRZ, totalizador.totalizador as TOT, "
+            "totalizador.valor_base_calculo as VAL,"
+            "                     '0' as ORD"
+            "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
+            "AS reducao USING(cont_crz)"
+            "                     WHERE reducao.data_movimento >= '%s' AND "
+            "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
+            "                     AND SUBSTR(totalizador.totalizador, 3, 1) == 'T'"
+            "                     UNION"
+            "                     SELECT totalizador.cont_crz as CRZ, totalizador.totalizador "
+            "as TOT, totalizador.valor_base_calculo as VAL,"
+            "                     '1' as ORD"
+            "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
+            "AS reducao USING(cont_crz)"
+            "                     WHERE reducao.data_movimento >= '%s' AND "
+            "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
+            "                     AND SUBSTR(totalizador.totalizador, 3, 1) == 'S'"
+            "                     UNION"
+            "                     SELECT totalizador.cont_crz as CRZ, totalizador.totalizador "
+            "as TOT, totalizador.valor_base_calculo as VAL,"
+            "                     '2' as ORD"
+            "                     FROM totalizador_reducao AS totalizador INNER JOIN reducao_z "
+            "AS reducao USING(cont_crz)"
+            "                     WHERE reducao.data_movimento >= '%s' AND "
+            "reducao.data_movimento <= '%s' AND id_fiscal = 'S'"
+            "                     AND (SUBSTR(totalizador.totalizador, 3, 1) <> 'S' AND "
+            "SUBSTR(totalizador.totalizador, 3, 1) <> 'T')"
+            "                     ORDER BY CRZ, ORD",
+            "Erro no select 1 - TipoE13")
+        .consulta(
+            "SELECT totalizador.cont_crz, 'OPNF', SUM(totalizador.valor_base_calculo)"
+            "                  FROM totalizador_reducao AS totalizador INNER JOIN reducao_z AS "
+            "reducao USING(cont_crz)"
+            "                  WHERE reducao.data_movimento >= '%s' AND reducao.data_movimento "
+            "<= '%s' AND id_fiscal = 'N'"
+            "                  GROUP BY totalizador.cont_crz",
+            "Erro no select 2 - TipoE13")
+        .nosComandos(kMF | kTDM)
+        .vazioForaDoCat52()
+        .comOutroVazio(
+            {kCamposNaoFiscais,
+             marca("A second placeholder record, OPNF and zeros, stands for the non-fiscal totalizers."),
+             marca(
+                 "Without a non-fiscal totalizer there is a placeholder record for those: OPNF and zeros.")})
+        .comChave("CRZ", "Totalizador parcial")
+        .emOrdemDe("CRZ")
+        .depoisDe("Totalizador parcial", Segundo::Totalizador)
+        .nota(marca("the fiscal totalizers stand first, then one sum of the non-fiscal ones (OPNF) for each "
+                    "reduction"));
 
 }  // namespace cotepe

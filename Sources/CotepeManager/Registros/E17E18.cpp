@@ -25,38 +25,39 @@ static_assert(comprimento(kCamposE18, 2, false) == 80);
 }  // namespace
 
 // Deliberate: the message of E17 has no number.
-const Registro kE17 = {
-    "E17",
-    "Detalhe da Redução Z - Totalizadores Não Fiscais",
-    kCamposE17,
-    {{"SELECT totalizador.cont_crz, SUBSTR(totalizador.totalizador, 0, 15), totalizador.valor_base_calculo"
-      "                  FROM totalizador_reducao AS totalizador INNER JOIN reducao_z AS reducao "
-      "USING(cont_crz)"
-      "                  WHERE reducao.data_movimento >= '%s'"
-      "                  AND reducao.data_movimento <= '%s'"
-      "                  AND id_fiscal = 'N'"
-      "                  ORDER BY totalizador.cont_crz, totalizador.totalizador",
-      "Erro no select - TipoE"}},
-    kMFD | kTDM,
-    false,
-    Vazio::ForaDoCat52,
-    false,
-    escreveTabela};
+constexpr Registro kE17 =
+    Registro("E17", "Detalhe da Redução Z - Totalizadores Não Fiscais", kCamposE17, escreveTabela)
+        .consulta(
+            "SELECT totalizador.cont_crz, SUBSTR(totalizador.totalizador, 0, 15), "
+            "totalizador.valor_base_calculo"
+            "                  FROM totalizador_reducao AS totalizador INNER JOIN reducao_z AS reducao "
+            "USING(cont_crz)"
+            "                  WHERE reducao.data_movimento >= '%s'"
+            "                  AND reducao.data_movimento <= '%s'"
+            "                  AND id_fiscal = 'N'"
+            "                  ORDER BY totalizador.cont_crz, totalizador.totalizador",
+            "Erro no select - TipoE")
+        .nosComandos(kMFD | kTDM)
+        .vazioForaDoCat52()
+        .comChave("CRZ", "Totalizador não fiscal")
+        .emOrdemDe("CRZ")
+        .depoisDe("Totalizador não fiscal", Segundo::Texto);
 
-const Registro kE18 = {
-    "E18",
-    "Detalhe da Redução Z - Meios de Pagamento",
-    kCamposE18,
-    {{"SELECT pagamento.cont_crz, pagamento.descricao_meio_pagamento, pagamento.valor_acumulado"
-      "                   FROM meio_pagamento_reducao AS pagamento INNER JOIN reducao_z AS reducao "
-      "USING(cont_crz)"
-      "                  WHERE reducao.data_movimento BETWEEN '%s' AND '%s'"
-      "                  ORDER BY pagamento.cont_crz, pagamento.descricao_meio_pagamento COLLATE NOCASE",
-      "Erro no select - TipoE18"}},
-    kMFD | kTDM,
-    false,
-    Vazio::ForaDoCat52,
-    true,
-    escreveTabela};
+constexpr Registro kE18 =
+    Registro("E18", "Detalhe da Redução Z - Meios de Pagamento", kCamposE18, escreveTabela)
+        .consulta(
+            "SELECT pagamento.cont_crz, pagamento.descricao_meio_pagamento, pagamento.valor_acumulado"
+            "                   FROM meio_pagamento_reducao AS pagamento INNER JOIN reducao_z AS reducao "
+            "USING(cont_crz)"
+            "                  WHERE reducao.data_movimento BETWEEN '%s' AND '%s'"
+            "                  ORDER BY pagamento.cont_crz, pagamento.descricao_meio_pagamento COLLATE "
+            "NOCASE",
+            "Erro no select - TipoE18")
+        .nosComandos(kMFD | kTDM)
+        .vazioForaDoCat52()
+        .finalizaAntes()
+        .comChave("CRZ", "Meio de pagamento")
+        .emOrdemDe("CRZ")
+        .depoisDe("Meio de pagamento", Segundo::TextoSemCaixa);
 
 }  // namespace cotepe

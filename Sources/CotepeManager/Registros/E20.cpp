@@ -17,7 +17,7 @@ constexpr auto kCampos = registroDoUsuario("E20", {
     dinheiro("Desconto",                  13, coluna(5)),
     dinheiro("Acréscimo",                 13, coluna(6)),
     dinheiro("Valor líquido",             13, coluna(7)),
-    letra   ("Cancelado (S/N)",               coluna(8)),
+    letra   ("Cancelado (S/N)",               coluna(8)).podeSer(leiaute::kCancelado),
     dinheiro("Cancelamento de acréscimo", 13, coluna(9)),
 });
 // clang-format on
@@ -26,25 +26,26 @@ static_assert(comprimento(kCampos, 2, false) == 148);
 
 }  // namespace
 
-const Registro kE20 = {
-    "E20",
-    "Detalhe do Comprovante Não Fiscal",
-    kCampos,
-    {{"SELECT cupom.cont_coo, cupom.cont_gnf, item.seq_item, totalizador.descricao, item.valor_total,"
-      "                  item.valor_desconto, item.valor_acrescimo, item.valor_total_liquido, "
-      "item.id_cancelado,"
-      " item.valor_canc_acrescimo"
-      "                  FROM cupom_nf AS cupom INNER JOIN item_cupom_nf AS item USING (cont_coo)"
-      "                  INNER JOIN totalizador_nao_fiscal AS totalizador"
-      " ON (item.indice_totalizador_nf = totalizador.num_indice)"
-      "                  INNER JOIN reducao_z AS reducao ON(cupom.cont_crz = reducao.cont_crz)"
-      "                  WHERE reducao.data_movimento >= '%s' AND reducao.data_movimento <= '%s'"
-      " order by cupom.cont_gnf, item.seq_item",
-      "Erro no select - TipoE20"}},
-    kMFD | kTDM,
-    false,
-    Vazio::ForaDoCat52,
-    false,
-    escreveTabela};
+constexpr Registro kE20 =
+    Registro("E20", "Detalhe do Comprovante Não Fiscal", kCampos, escreveTabela)
+        .consulta(
+            "SELECT cupom.cont_coo, cupom.cont_gnf, item.seq_item, totalizador.descricao, item.valor_total,"
+            "                  item.valor_desconto, item.valor_acrescimo, item.valor_total_liquido, "
+            "item.id_cancelado,"
+            " item.valor_canc_acrescimo"
+            "                  FROM cupom_nf AS cupom INNER JOIN item_cupom_nf AS item USING (cont_coo)"
+            "                  INNER JOIN totalizador_nao_fiscal AS totalizador"
+            " ON (item.indice_totalizador_nf = totalizador.num_indice)"
+            "                  INNER JOIN reducao_z AS reducao ON(cupom.cont_crz = reducao.cont_crz)"
+            "                  WHERE reducao.data_movimento >= '%s' AND reducao.data_movimento <= '%s'"
+            " order by cupom.cont_gnf, item.seq_item",
+            "Erro no select - TipoE20")
+        .nosComandos(kMFD | kTDM)
+        .vazioForaDoCat52()
+        .comChave("COO", "Nº do item")
+        .emOrdemDe("GNF")
+        .depoisDe("Nº do item", Segundo::Numero)
+        .semRepetirChave()
+        .nota(marca("an operation whose totalizer is not registered has no record"));
 
 }  // namespace cotepe

@@ -13,7 +13,7 @@ constexpr auto kCampos = std::array<Campo, 5>{
     leiaute::kNumeroDeFabricacao,
     leiaute::kModelo,
     numero("Número", 4, coluna(0)).nuncaCortado(),
-    data  ("Data",      coluna(2)),
+    data  ("Data",      coluna(2)).sempreHa(),
 };
 // clang-format on
 static_assert(comprimento(kCampos, 2, false) == 55);
@@ -21,10 +21,12 @@ static_assert(comprimento(kCampos, 2, false) == 55);
 }  // namespace
 
 // Deliberate: the message is that of E21.
-const Registro kE22 = {"E22",        "Tentativas relativas ao Software Básico",
-                       kCampos,      {{"SELECT * FROM tentativas_sb", "Erro no select - TipoE21"}},
-                       kMF | kTDM,   true,
-                       Vazio::Nunca, false,
-                       escreveTabela};
+constexpr Registro kE22 =
+    Registro("E22", "Tentativas relativas ao Software Básico", kCampos, escreveTabela)
+        .consulta("SELECT * FROM tentativas_sb", "Erro no select - TipoE21")
+        .nosComandos(kMF | kTDM)
+        .naVersao2()
+        .comChave("Número")
+        .nota(marca("the whole table, whatever the period; its head has no user and no additional MF"));
 
 }  // namespace cotepe

@@ -1,7 +1,8 @@
-#include "Explicacao/ConsultaAnalisada.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 
 #include <algorithm>
 #include <cctype>
+#include <map>
 
 #include "Idioma/Idioma.h"
 #include "Leiaute/Texto.h"
@@ -9,9 +10,10 @@
 namespace cotepe {
 namespace {
 
-/// A word outside of quotes and parentheses, or a comma there.
+/// A word outside of quotes, or a comma.
 struct Peca {
   std::size_t de, ate;
+  int dentro;         // of how many parentheses
   std::string texto;  // in capitals
 };
 
@@ -37,14 +39,21 @@ std::vector<Peca> pecas(std::string_view sql) {
       fim = std::min(sql.find('\'', i + 1), sql.size() - 1) + 1;
     } else if (daPalavra(sql[i])) {
       fim = fimDaPalavra(sql, i);
-      if (dentro == 0) lista.push_back({i, fim, emMaiusculas(sql.substr(i, fim - i))});
-    } else if (sql[i] == ',' && dentro == 0) {
-      lista.push_back({i, fim, ","});
+      lista.push_back({i, fim, dentro, emMaiusculas(sql.substr(i, fim - i))});
+    } else if (sql[i] == ',') {
+      lista.push_back({i, fim, dentro, ","});
     }
     if (sql[i] == '(') ++dentro;
     if (sql[i] == ')') --dentro;
     i = fim;
   }
+  return lista;
+}
+
+std::vector<Peca> pecasDeFora(std::string_view sql) {
+  std::vector<Peca> lista = pecas(sql);
+  lista.erase(std::remove_if(lista.begin(), lista.end(), [](const Peca& peca) { return peca.dentro != 0; }),
+              lista.end());
   return lista;
 }
 
@@ -55,16 +64,10 @@ std::string_view semEspacos(std::string_view texto) {
 
 // The first name in an expression that is no function.
 std::string_view nomeDaColuna(std::string_view sql) {
-  for (std::size_t i = 0; i < sql.size();) {
-    std::size_t fim = i + 1;
-    if (sql[i] == '\'') {
-      fim = std::min(sql.find('\'', i + 1), sql.size() - 1) + 1;
-    } else if (daPalavra(sql[i])) {
-      fim = fimDaPalavra(sql, i);
-      const bool funcao = fim < sql.size() && sql[fim] == '(';
-      if (!funcao && std::isdigit(static_cast<unsigned char>(sql[i])) == 0) return sql.substr(i, fim - i);
-    }
-    i = fim;
+  for (const Peca& peca : pecas(sql)) {
+    const bool funcao = peca.ate < sql.size() && sql[peca.ate] == '(';
+    if (!funcao && peca.texto != "," && std::isdigit(static_cast<unsigned char>(sql[peca.de])) == 0)
+      return sql.substr(peca.de, peca.ate - peca.de);
   }
   return {};
 }
@@ -72,7 +75,7 @@ std::string_view nomeDaColuna(std::string_view sql) {
 Expressao expressao(std::string_view comApelido, const std::vector<TabelaNomeada>& tabelas) {
   Expressao e;
   std::string_view sql = semEspacos(comApelido);
-  const std::vector<Peca> partes = pecas(sql);
+  const std::vector<Peca> partes = pecasDeFora(sql);
   if (!partes.empty() && partes[0].ate < sql.size() && sql[partes[0].ate] == '(') e.funcao = partes[0].texto;
   for (const Peca& peca : partes)
     if (peca.texto == "AS") sql = semEspacos(sql.substr(0, peca.de));
@@ -92,7 +95,8 @@ bool termina(const Peca& peca) { return peca.texto == "GROUP" || peca.texto == "
 // One SELECT: the text from its list on.
 SelectAnalisado analisaUm(std::string_view sql) {
   SelectAnalisado select;
-  const std::vector<Peca> lista = pecas(sql);
+  for (const Peca& peca : pecas(sql)) select.nomes.emplace_back(sql.substr(peca.de, peca.ate - peca.de));
+  const std::vector<Peca> lista = pecasDeFora(sql);
   const auto from =
       std::find_if(lista.begin(), lista.end(), [](const Peca& peca) { return peca.texto == "FROM"; });
   if (from == lista.end()) return select;
@@ -131,8 +135,30 @@ std::string Expressao::emPalavras() const {
   if (funcao == "MAX") return frase("the greatest {1}", {lida});
   if (funcao == "IFNULL") return frase("{1}, 19 blanks where it is NULL", {lida});
   if (funcao != "SUBSTR") return lida;
-  const std::string ultimo = sql.substr(sql.rfind(',') + 1);
-  return frase("the first {1} characters of {2}", {std::to_string(leInteiro(ultimo.c_str()) - 1), lida});
+  return frase("the first {1} characters of {2}", {std::to_string(usados()), lida});
+}
+
+int Expressao::usados() const {
+  return funcao == "SUBSTR" ? static_cast<int>(leInteiro(sql.substr(sql.rfind(',') + 1).c_str())) - 1 : 0;
+}
+
+bool SelectAnalisado::nomeia(std::string_view tabela, std::string_view coluna) const {
+  const auto daTabela = [tabela](const TabelaNomeada& nomeada) { return nomeada.nome == tabela; };
+  if (std::none_of(tabelas.begin(), tabelas.end(), daTabela)) return false;
+  return coluna.empty() || std::any_of(nomes.begin(), nomes.end(), [&](const std::string& nome) {
+           const std::size_t ponto = nome.find('.');
+           if (ponto == std::string::npos) return nome == coluna;
+           return nome.substr(ponto + 1) == coluna &&
+                  std::any_of(tabelas.begin(), tabelas.end(), [&](const TabelaNomeada& nomeada) {
+                    return nomeada.nome == tabela && nomeada.apelido == nome.substr(0, ponto);
+                  });
+         });
+}
+
+const std::vector<SelectAnalisado>& analisada(const char* sql) {
+  static thread_local std::map<const char*, std::vector<SelectAnalisado>> todas{{nullptr, {}}};
+  const auto conhecida = todas.find(sql);
+  return conhecida != todas.end() ? conhecida->second : todas.emplace(sql, analisa(sql)).first->second;
 }
 
 SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& nomes) const {
@@ -147,7 +173,7 @@ SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& nome
 
 std::vector<SelectAnalisado> analisa(std::string_view sql) {
   std::vector<SelectAnalisado> selects;
-  const std::vector<Peca> lista = pecas(sql);
+  const std::vector<Peca> lista = pecasDeFora(sql);
   for (std::size_t i = 0; i < lista.size(); ++i) {
     if (lista[i].texto != "SELECT") continue;
     const auto fim = std::find_if(lista.begin() + static_cast<std::ptrdiff_t>(i), lista.end(),

@@ -21,6 +21,9 @@ struct Expressao {
   bool soma() const { return funcao == "SUM"; }
   bool extremo() const { return funcao == "MIN" || funcao == "MAX"; }
 
+  /// The characters that SUBSTR leaves of the column; 0 for all.
+  int usados() const;
+
   /// What is read, for people: "the first 39 characters of cupom_fiscal.nome_consumidor".
   std::string emPalavras() const;
 };
@@ -33,11 +36,18 @@ struct TabelaNomeada {
 struct SelectAnalisado {
   std::vector<Expressao> lista;  // empty where the query says "*"
   std::vector<TabelaNomeada> tabelas;
-  std::string resto;  // from FROM on, without GROUP BY and ORDER BY
+  std::string resto;               // from FROM on, without GROUP BY and ORDER BY
+  std::vector<std::string> nomes;  // all the words of it, as it writes them, those in parentheses too
+
+  /// Whether it reads the table, and names a column of it ("" for any) anywhere.
+  bool nomeia(std::string_view tabela, std::string_view coluna) const;
 
   /// The same with the columns that "*" stands for, those of its one table.
   SelectAnalisado comColunas(const std::vector<std::string>& nomes) const;
 };
+
+/// The same of a query that lives for ever, taken apart once; none for null.
+const std::vector<SelectAnalisado>& analisada(const char* sql);
 
 /// Takes apart SELECTs as the registers have them: tables behind FROM and JOIN, aliases behind AS.
 std::vector<SelectAnalisado> analisa(std::string_view sql);

@@ -161,10 +161,10 @@ const std::vector<SelectAnalisado>& analisada(const char* sql) {
   return conhecida != todas.end() ? conhecida->second : todas.emplace(sql, analisa(sql)).first->second;
 }
 
-SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& nomes) const {
+SelectAnalisado SelectAnalisado::comColunas(const std::vector<std::string>& daTabela) const {
   SelectAnalisado outro = *this;
   if (!lista.empty()) return outro;
-  for (const std::string& nome : nomes) {
+  for (const std::string& nome : daTabela) {
     const std::string citado = emAspasSql(nome, '"');
     outro.lista.push_back({citado, "", citado, tabelas.front().nome, nome});
   }

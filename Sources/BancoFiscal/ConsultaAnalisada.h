@@ -43,7 +43,7 @@ struct SelectAnalisado {
   bool nomeia(std::string_view tabela, std::string_view coluna) const;
 
   /// The same with the columns that "*" stands for, those of its one table.
-  SelectAnalisado comColunas(const std::vector<std::string>& nomes) const;
+  SelectAnalisado comColunas(const std::vector<std::string>& daTabela) const;
 };
 
 /// The same of a query that lives for ever, taken apart once; none for null.

@@ -10,7 +10,7 @@ namespace cotepe {
 namespace {
 
 void une(Sequencia& destino, const Sequencia& origem) {
-  for (const Faixa& faixa : origem.faixas()) destino.anota(faixa, origem.largura());
+  for (const Faixa& faixa : origem.faixas()) destino.anota(faixa, origem.digitos());
 }
 
 // The day after one that exists.

@@ -80,7 +80,8 @@ class EmMemoria : public Execucao {
 using Gravadas = std::vector<std::string>;
 
 Gravadas escreve(Campos campos, Vazio vazio, bool cat52, int linhas) {
-  const Registro registro = {"E99", "", campos, {{"", ""}}, kTodos, false, vazio, false, escreveTabela};
+  Registro registro = Registro("E99", "", campos, escreveTabela).consulta("", "").nosComandos(kTodos);
+  registro.vazio = vazio;
   SemAplicacao aplicacao;
   EmMemoria execucao(cat52, linhas, aplicacao);
   registro.escreve(execucao, registro);

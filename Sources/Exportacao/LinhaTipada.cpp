@@ -15,7 +15,7 @@ bool mostravel(char c) { return c >= ' ' && c <= '~'; }
 
 bool soMostraveis(std::string_view bytes) { return std::all_of(bytes.begin(), bytes.end(), mostravel); }
 
-bool mesmosCampos(const RegistroLido& lido, const Forma& forma) {
+bool mesmosCampos(const RegistroLido& lido, const FormaDoRegistro& forma) {
   return lido.quantos == forma.campos.size() &&
          std::equal(forma.campos.begin(), forma.campos.end(), lido.campos,
                     [](const CampoLido& a, const CampoLido& b) {

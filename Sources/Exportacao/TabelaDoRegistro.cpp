@@ -28,11 +28,8 @@ int colunaDasCasas(const Registro& registro, const Campo& campo) {
 TabelaDoRegistro tabelaDe(std::size_t indice) {
   TabelaDoRegistro tabela;
   tabela.registro = kCatalogo[indice];
-  for (const char* rotulo : kChavesNaturais[indice].campos) {
-    if (rotulo == nullptr) continue;
-    tabela.chave.push_back(
-        chaveDe(tabela.registro->campos[static_cast<std::size_t>(indiceDoCampo(*tabela.registro, rotulo))]));
-  }
+  for (const std::int8_t campo : tabela.registro->chave)
+    if (campo >= 0) tabela.chave.push_back(chaveDe(tabela.registro->campos[static_cast<std::size_t>(campo)]));
   for (const Campo& campo : tabela.registro->campos) {
     ColunaDaTabela coluna{&campo, chaveDe(campo), tipoDe(campo)};
     if (coluna.tipo == Tipo::Decimal) coluna.casas = colunaDasCasas(*tabela.registro, campo);

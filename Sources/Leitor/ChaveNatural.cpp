@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "Achados/Citacao.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
-#include "Achados/Citacao.h"
 
 namespace cotepe {
 namespace {

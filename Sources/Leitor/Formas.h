@@ -63,4 +63,10 @@ class Formas {
   std::vector<DoRegistro> formas_;
 };
 
+/// A form of the catalogue of the law; it lasts for ever.
+inline const FormaDoRegistro& forma(int registro, int ajuste, bool vazio) {
+  static const std::shared_ptr<const Formas> formas = Formas::de(kCatalogo);
+  return formas->em(registro, ajuste, vazio);
+}
+
 }  // namespace cotepe

@@ -92,7 +92,8 @@ int colunasDa(sqlite3* banco, const char* sql) {
 
 // Fields whose column the writer puts behind those of the query.
 bool vemDoEscritor(const Registro& registro, const Campo& campo) {
-  return std::string(registro.codigo) + " " + campo.rotulo == "E10 CNPJ do usuário";
+  return campo.origem.tipo == cotepe::Origem::Tipo::Relogio ||
+         std::string(registro.codigo) + " " + campo.rotulo == "E10 CNPJ do usuário";
 }
 
 TEST(Catalogo, HoldsE01ToE22InOrderAndFindsEachByItsCode) {
@@ -122,7 +123,7 @@ TEST(Catalogo, EveryQueryPreparesAndReturnsTheColumnsThatItsListReads) {
       SCOPED_TRACE(campo.rotulo);
       if (vemDoEscritor(*registro, campo)) continue;
       for (const int lida : colunasLidas(campo)) {
-        const bool deCada = campo.origem.consulta == Origem::kDeCadaConsulta;
+        const bool deCada = campo.origem.consulta == cotepe::Origem::kDeCadaConsulta;
         const auto consulta = static_cast<std::size_t>(deCada ? 0 : campo.origem.consulta);
         ASSERT_LT(consulta, colunas.size());
         for (std::size_t i = consulta; i < (deCada ? colunas.size() : consulta + 1); ++i)

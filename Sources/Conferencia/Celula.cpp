@@ -68,7 +68,7 @@ const char* doVazio(Especie especie) {
 
 }  // namespace
 
-void Conferencia::porForma() {
+void ConferenciaDaCelula::porForma() {
   if (celula_.nulo && coluna_.forma.forma != FormaDoValor::NaoImpressa) return nulo();
   switch (coluna_.forma.forma) {
     case FormaDoValor::Texto:
@@ -80,17 +80,17 @@ void Conferencia::porForma() {
     case FormaDoValor::Casas:
       return codigo({"2", "3"}, traduz("2 or 3"));
     case FormaDoValor::Inteiro:
-      return paraCada(&Conferencia::inteiro);
+      return paraCada(&ConferenciaDaCelula::inteiro);
     case FormaDoValor::Dinheiro:
     case FormaDoValor::Decimal:
-      return paraCada(&Conferencia::dinheiro);
+      return paraCada(&ConferenciaDaCelula::dinheiro);
     case FormaDoValor::Cnpj:
     case FormaDoValor::CpfOuCnpj:
-      paraCada(&Conferencia::numeroFiscal);
+      paraCada(&ConferenciaDaCelula::numeroFiscal);
       return digitosVerificadores();
     case FormaDoValor::Letra:
     case FormaDoValor::SimNao:
-      if (celula_.texto.size() != 1) return paraCada(&Conferencia::letra);
+      if (celula_.texto.size() != 1) return paraCada(&ConferenciaDaCelula::letra);
       return coluna_.forma.forma == FormaDoValor::SimNao ? codigo({"S", "N"}, traduz("S or N")) : controle();
     case FormaDoValor::TipoDeDocumento:
       return codigo({"CN", "RG", "CC", "NC", "RZ"}, traduz("CN, RG, CC, NC or RZ"));
@@ -101,25 +101,25 @@ void Conferencia::porForma() {
   }
 }
 
-bool Conferencia::vale(const Destino& destino) const {
+bool ConferenciaDaCelula::vale(const Destino& destino) const {
   return celula_.foraDe == nullptr || std::string_view(destino.registro->codigo) != celula_.foraDe;
 }
 
-void Conferencia::paraCada(void (Conferencia::*parte)(const Destino*)) {
+void ConferenciaDaCelula::paraCada(void (ConferenciaDaCelula::*parte)(const Destino*)) {
   if (coluna_.destinos.empty()) return (this->*parte)(nullptr);
   for (const Destino& destino : coluna_.destinos)
     if (vale(destino)) (this->*parte)(&destino);
 }
 
-const Destino* Conferencia::primeiro(bool (*serve)(const Campo&)) const {
+const Destino* ConferenciaDaCelula::primeiro(bool (*serve)(const Campo&)) const {
   for (const Destino& destino : coluna_.destinos)
     if (vale(destino) && serve(*destino.campo)) return &destino;
   return nullptr;
 }
 
 // The first field that breaks a rule makes the problem, the others are told with it.
-void Conferencia::acha(const Regra& regra, const Destino* destino, std::string encontrado,
-                       std::string esperado, const char* conserto) {
+void ConferenciaDaCelula::acha(const Regra& regra, const Destino* destino, std::string encontrado,
+                               std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
     if (problema.regra != &regra) continue;
     problema.outros.push_back(destino);
@@ -128,11 +128,13 @@ void Conferencia::acha(const Regra& regra, const Destino* destino, std::string e
   problemas_.push_back({&regra, std::move(encontrado), std::move(esperado), destino, {}, conserto});
 }
 
-std::string Conferencia::valor() const { return celula_.nulo ? "NULL" : citado(celula_.texto); }
+std::string ConferenciaDaCelula::valor() const { return celula_.nulo ? "NULL" : citado(celula_.texto); }
 
-std::string Conferencia::valorCom(const char* consequencia) const { return frase(consequencia, {valor()}); }
+std::string ConferenciaDaCelula::valorCom(const char* consequencia) const {
+  return frase(consequencia, {valor()});
+}
 
-void Conferencia::nulo() {
+void ConferenciaDaCelula::nulo() {
   if (coluna_.forma.aceitaNulo) return;
   const Destino* destino = primeiro(qualquer);
   const char* consequencia =
@@ -142,7 +144,7 @@ void Conferencia::nulo() {
 
 // A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
 // anything.
-void Conferencia::controle() {
+void ConferenciaDaCelula::controle() {
   const std::string_view texto = celula_.texto;
   const auto* const c = std::find_if(texto.begin(), texto.end(), controla);
   if (c == texto.end()) return;
@@ -159,14 +161,14 @@ void Conferencia::controle() {
        traduz("characters that can be seen"));
 }
 
-bool Conferencia::ultimoDaLinha(const Destino& destino) const {
+bool ConferenciaDaCelula::ultimoDaLinha(const Destino& destino) const {
   const Campos campos = destino.registro->campos;
   const auto depois = campos.trecho(static_cast<std::size_t>(destino.numero));
   return std::none_of(depois.begin(), depois.end(),
                       [&](const Campo& campo) { return meta_.alcance.existe(campo); });
 }
 
-void Conferencia::texto(const Destino& destino) {
+void ConferenciaDaCelula::texto(const Destino& destino) {
   const std::ptrdiff_t largura = destino.campo->largura, bytes = bytesNoCampo(destino, celula_.texto);
   const bool usado = coluna_.forma.forma == FormaDoValor::TextoUsado;
   if (usado && bytes <= largura && destino.usados != 0 &&
@@ -190,7 +192,7 @@ void Conferencia::texto(const Destino& destino) {
          fraseDe("{n} byte", "{n} bytes", largura));
 }
 
-void Conferencia::letra(const Destino* destino) {
+void ConferenciaDaCelula::letra(const Destino* destino) {
   acha(conferencia::kTamanhoDaLetra, destino,
        valorCom(destino == nullptr      ? marca("{1}, which leaves the row out")
                 : celula_.texto.empty() ? marca("{1}, which ends the line there")
@@ -198,7 +200,7 @@ void Conferencia::letra(const Destino* destino) {
        traduz("one character"));
 }
 
-void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
+void ConferenciaDaCelula::codigo(std::initializer_list<std::string_view> codigos, const char* esperado) {
   if (std::find(codigos.begin(), codigos.end(), celula_.texto) != codigos.end()) return;
   const FormaDoValor forma = coluna_.forma.forma;
   const Destino* destino = primeiro(qualquer);
@@ -212,7 +214,7 @@ void Conferencia::codigo(std::initializer_list<std::string_view> codigos, const 
 
 void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
                    std::vector<Problema>& problemas) {
-  Conferencia(coluna, celula, meta, problemas).porForma();
+  ConferenciaDaCelula(coluna, celula, meta, problemas).porForma();
 }
 
 std::string enumera(const std::vector<const Destino*>& destinos) {

@@ -52,10 +52,10 @@ void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const M
 
 /// The parts of it, by form. Each adds to `problemas`, which, like the others, must live as long as the
 /// object.
-class Conferencia {
+class ConferenciaDaCelula {
  public:
-  Conferencia(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
-              std::vector<Problema>& problemas)
+  ConferenciaDaCelula(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
+                      std::vector<Problema>& problemas)
       : coluna_(coluna), celula_(celula), meta_(meta), problemas_(problemas) {}
 
   /// By the form of the column.
@@ -78,7 +78,7 @@ class Conferencia {
   void grandeTotalDoE02(const Destino& destino);
   void acha(const Regra& regra, const Destino* destino, std::string encontrado, std::string esperado,
             const char* conserto = nullptr);
-  void paraCada(void (Conferencia::*parte)(const Destino*));
+  void paraCada(void (ConferenciaDaCelula::*parte)(const Destino*));
   bool vale(const Destino& destino) const;
   const Destino* primeiro(bool (*serve)(const Campo&)) const;
   std::string valor() const;

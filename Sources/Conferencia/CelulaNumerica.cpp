@@ -117,7 +117,7 @@ bool cortadoAntes(const Destino& destino) {
 }  // namespace
 
 // What stands in the report for the value; empty where that is no number.
-std::string Conferencia::escrito(const Destino& destino) const {
+std::string ConferenciaDaCelula::escrito(const Destino& destino) const {
   const Campo& campo = *destino.campo;
   std::string texto(celula_.texto);
   const int versao = meta_.alcance.menorLeiaute(), largura = larguraNominal(campo, versao);
@@ -144,12 +144,12 @@ std::string Conferencia::escrito(const Destino& destino) const {
   }
 }
 
-std::string Conferencia::comoEscrito(const Destino* destino) const {
+std::string ConferenciaDaCelula::comoEscrito(const Destino* destino) const {
   const std::string texto = destino == nullptr ? "" : escrito(*destino);
   return texto.empty() ? valor() : frase("{1}, which is written as {2}", {valor(), texto});
 }
 
-void Conferencia::inteiro(const Destino* destino) {
+void ConferenciaDaCelula::inteiro(const Destino* destino) {
   const NumeroGuardado numero = leNumero(celula_.texto, false);
   if (!numero.valido)
     return acha(conferencia::kNaoNumero, destino, comoEscrito(destino), traduz("digits alone"));
@@ -175,14 +175,14 @@ void Conferencia::inteiro(const Destino* destino) {
 }
 
 // The greatest grand total goes to E02 through a text of 17 characters.
-void Conferencia::grandeTotalDoE02(const Destino& destino) {
+void ConferenciaDaCelula::grandeTotalDoE02(const Destino& destino) {
   acha(conferencia::kDigitosPerdidos, &destino,
        valorCom(celula_.texto.size() == kMaximoDoGt ? marca("{1}, whose last character E02 loses")
                                                     : marca("{1}, which E02 does not use")),
        traduz("at most 17 characters"));
 }
 
-void Conferencia::dinheiro(const Destino* destino) {
+void ConferenciaDaCelula::dinheiro(const Destino* destino) {
   const NumeroGuardado numero = leNumero(celula_.texto, true);
   if (coluna_.maximo && destino != nullptr && destino->campo->maximos >= 0 &&
       celula_.texto.size() >= kMaximoDoGt)
@@ -208,7 +208,7 @@ void Conferencia::dinheiro(const Destino* destino) {
          marca("store it as a text"));
 }
 
-void Conferencia::numeroFiscal(const Destino* destino) {
+void ConferenciaDaCelula::numeroFiscal(const Destino* destino) {
   const std::string_view numero = celula_.texto;
   const bool vazio = numero.empty() && coluna_.forma.forma == FormaDoValor::CpfOuCnpj;
   const bool tamanho = coluna_.forma.forma == FormaDoValor::Cnpj ? numero.size() == 14 : numero.size() <= 14;
@@ -218,7 +218,7 @@ void Conferencia::numeroFiscal(const Destino* destino) {
 }
 
 // A number that is wrong in form has been told already; one of zeros alone is none.
-void Conferencia::digitosVerificadores() {
+void ConferenciaDaCelula::digitosVerificadores() {
   if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
   const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);
   if (cnpjValido(catorze) || (coluna_.forma.forma == FormaDoValor::CpfOuCnpj && cpfValido(catorze))) return;
@@ -226,7 +226,7 @@ void Conferencia::digitosVerificadores() {
        traduz("check digits that are right"));
 }
 
-void Conferencia::data() {
+void ConferenciaDaCelula::data() {
   const std::string_view texto = celula_.texto;
   if (naForma(texto)) {
     if (existe(texto)) return;

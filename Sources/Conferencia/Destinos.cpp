@@ -5,7 +5,7 @@
 
 #include "Achados/Citacao.h"
 #include "BancoFiscal/ConsultaAnalisada.h"
-#include "Leiaute/Identidade.h"
+#include "Leiaute/IdentidadeDoEcf.h"
 #include "Registros/Catalogo.h"
 
 namespace cotepe {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "Achados/Citacao.h"
+#include "BancoFiscal/ConsultaAnalisada.h"
 #include "Conferencia/Partes.h"
 #include "Idioma/Idioma.h"
 #include "Leiaute/Texto.h"
@@ -56,12 +57,6 @@ const UsoDaColuna* usoDe(const std::string& tabela, const std::string& coluna) {
     return tabela == u.tabela && coluna == u.coluna;
   });
   return uso == kUsos.end() ? nullptr : &*uso;
-}
-
-std::string entreAspasSql(const std::string& nome) {
-  std::string texto = "\"";
-  for (const char c : nome) texto += c == '"' ? "\"\"" : std::string(1, c);
-  return texto + '"';
 }
 
 bool dizOPeriodo(const std::string& tabela, const std::string& coluna) {
@@ -155,7 +150,7 @@ int Passada::indice(const std::string& nome) const {
 std::string Passada::sql() const {
   std::string texto = "SELECT ";
   for (std::size_t i = 0; i < colunas_.size(); ++i)
-    texto += (i == 0 ? "" : ", ") + entreAspasSql(colunas_[i].verificada.nome);
+    texto += (i == 0 ? "" : ", ") + emAspasSql(colunas_[i].verificada.nome, '"');
   texto += std::string(" FROM ") + forma_.nome;
   if (forma_.doPeriodo != nullptr && !contexto_.opcoes().de.empty())
     texto += std::string(" WHERE ") + forma_.doPeriodo;

@@ -6,7 +6,7 @@
 
 #include "ArquivosDoBanco.h"
 #include "ExecucaoSqlite.h"
-#include "Leiaute/Identidade.h"
+#include "Leiaute/IdentidadeDoEcf.h"
 #include "Leiaute/Texto.h"
 #include "Registros/Catalogo.h"
 #include "Sistema/Arquivo.h"

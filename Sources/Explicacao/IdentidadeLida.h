@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Leiaute/Execucao.h"
-#include "Leiaute/Identidade.h"
+#include "Leiaute/IdentidadeDoEcf.h"
 
 struct sqlite3;
 

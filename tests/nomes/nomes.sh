@@ -9,8 +9,7 @@ cabecalhos() { find Sources libs Host Tools -name '*.h' | sed 's:.*/::'; }
 # Those of a namespace: they begin in the first column, and what only declares one ends before a brace.
 tipos() {
   find Sources libs Host Tools -name '*.h' -o -name '*.cpp' | sort | xargs sed -nE \
-    -e 's/^using ([A-Za-z0-9_]+) = .*$/\1/p' -e '/^[^{]*;/d' -e 's/^(struct|class|union|enum|enum class) ([A-Za-z0-9_]+)( *:[^:].*| *[{].*| final .*)$/\2/p' |
-    grep -v -x Consulta
+    -e 's/^using ([A-Za-z0-9_]+) = .*$/\1/p' -e '/^[^{]*;/d' -e 's/^(struct|class|union|enum|enum class) ([A-Za-z0-9_]+)( *:[^:].*| *[{].*| final .*)$/\2/p'
 }
 
 repetidos=$({ cabecalhos | sort | uniq -d; tipos | sort | uniq -d; })

@@ -4,7 +4,7 @@
 #include "Idioma/Idioma.h"
 #include "Leiaute/Campo.h"
 #include "Leiaute/Execucao.h"
-#include "Leiaute/Identidade.h"
+#include "Leiaute/IdentidadeDoEcf.h"
 
 namespace cotepe {
 

@@ -7,7 +7,7 @@
 namespace cotepe {
 namespace {
 
-enum Consulta : std::uint8_t { kEcf, kVersaoSb, kUsuario, kReducoes };
+enum : std::uint8_t { kEcf, kVersaoSb, kUsuario, kReducoes };
 
 constexpr Codigo kComandos[] = {{"MF", marca("fiscal memory")},
                                 {"MFD", marca("detail-tape memory")},

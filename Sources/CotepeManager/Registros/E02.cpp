@@ -10,7 +10,7 @@ namespace cotepe {
 namespace {
 
 constexpr int kColunaTotalGeral = 6;
-enum Consulta : std::uint8_t { kUsuarios, kTotalDasReducoes, kTotalDaPosicao };
+enum : std::uint8_t { kUsuarios, kTotalDasReducoes, kTotalDaPosicao };
 
 // clang-format off
 constexpr auto kCampos = registroComum("E02", {

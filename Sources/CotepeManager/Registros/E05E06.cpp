@@ -10,7 +10,7 @@ constexpr const char* kLinhaQueCresce = marca(
     "the line goes on from recording to recording: each user adds a CNPJ, and each recording repeats the "
     "ones before it");
 
-enum Consulta : std::uint8_t { kUsuario, kGravacoes };
+enum : std::uint8_t { kUsuario, kGravacoes };
 
 // Deliberate: the coding has no width of its own; the cursor stays before it, so that the next row's date
 // overwrites it.

@@ -8,7 +8,7 @@
 namespace cotepe {
 namespace {
 
-enum Consulta : std::uint8_t { kUsuario, kFitas };
+enum : std::uint8_t { kUsuario, kFitas };
 constexpr int kColunaCnpj = 4;  // put before the tapes' own columns
 
 const char* cnpjDoUsuario(const Fonte& fita, const Execucao& /*execucao*/) { return fita.texto(kColunaCnpj); }

@@ -6,7 +6,7 @@
 namespace cotepe {
 namespace {
 
-enum Consulta : std::uint8_t { kFiscais, kNaoFiscais };
+enum : std::uint8_t { kFiscais, kNaoFiscais };
 
 // clang-format off
 constexpr auto kCampos = registroDoUsuario("E13", {

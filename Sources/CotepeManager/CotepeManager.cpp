@@ -33,17 +33,6 @@ void copiaSeHouver(char (&destino)[N], const char* texto) {
   if (*texto != '\0') cotepe::copiaLimitada(destino, texto);
 }
 
-// What a run ends with before anything is touched; kGerado: it may begin.
-int recusa(sqlite3* banco, const char* relatorio) {
-  try {
-    if (!cotepe::arruinaOBanco(banco, relatorio)) return cotepe::kGerado;
-    errno = EBUSY;
-    return cotepe::kRelatorioNaoAberto;
-  } catch (const std::bad_alloc&) {
-    return cotepe::kEscritaFalhou;
-  }
-}
-
 }  // namespace
 
 CotepeManager::CotepeManager(sqlite3* banco) : db(banco) {}
@@ -59,11 +48,9 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
                         const char* comandoDado, cotepe::Hospedeiro& hospedeiro) {
   if (arquivo == nullptr || comandoDado == nullptr || !diaCompleto(dataInicial) || !diaCompleto(dataFinal))
     return cotepe::kArgumentoInvalido;
-  const int recusado = recusa(db, arquivo);
-  if (recusado != cotepe::kGerado) return recusado;
+  const int aberto = abreRelatorio(arquivo);
+  if (aberto != cotepe::kGerado) return aberto;
   fixaPeriodo(dataInicial, dataFinal);
-  ReportFile = cotepe::abreFluxo(arquivo, "wb");
-  if (ReportFile == nullptr) return cotepe::kRelatorioNaoAberto;
 
   // Without memory for it the stream has its own smaller one.
   m_buffer.reset(new (std::nothrow) char[kTamanhoDoBuffer]);
@@ -78,6 +65,19 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
   } catch (...) {  // the host's own
     abandonaRelatorio();
     throw;
+  }
+}
+
+int CotepeManager::abreRelatorio(const char* arquivo) {
+  try {
+    if (cotepe::arruinaOBanco(db, arquivo)) {
+      errno = EBUSY;
+      return cotepe::kRelatorioNaoAberto;
+    }
+    ReportFile = cotepe::abreFluxo(arquivo, "wb");
+    return ReportFile != nullptr ? cotepe::kGerado : cotepe::kRelatorioNaoAberto;
+  } catch (const std::bad_alloc&) {
+    return cotepe::kEscritaFalhou;
   }
 }
 

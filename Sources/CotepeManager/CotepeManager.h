@@ -66,6 +66,7 @@ class CotepeManager {
 
   int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comandoDado,
            cotepe::Hospedeiro& hospedeiro);
+  int abreRelatorio(const char* arquivo);
   int geraNoArquivoAberto(const char* comandoDado, cotepe::Hospedeiro& hospedeiro);
   void fixaPeriodo(const char* dataInicial, const char* dataFinal);
   bool leIdentidade(cotepe::Hospedeiro& hospedeiro);

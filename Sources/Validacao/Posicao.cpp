@@ -12,16 +12,15 @@ const Regra validacao::kPosicao{"position", Severidade::Erro,
 
 namespace {
 
+/// Of a register, a counter whose present value E11 has under the same label.
 struct FonteDoContador {
   const Registro* registro;
-  const char* rotulo;   // in `registro`
-  const char* posicao;  // in E11
+  const char* rotulo;
 };
 
 constexpr FonteDoContador kFontes[] = {
-    {&kE09, "CRO", "CRO"}, {&kE10, "CFD", "CFD"}, {&kE12, "CRZ", "CRZ"}, {&kE12, "COO", "COO"},
-    {&kE12, "CRO", "CRO"}, {&kE14, "CCF", "CCF"}, {&kE14, "COO", "COO"}, {&kE16, "COO", "COO"},
-    {&kE16, "GNF", "GNF"}, {&kE16, "GRG", "GRG"}, {&kE19, "COO", "COO"}, {&kE19, "GNF", "GNF"},
+    {&kE09, "CRO"}, {&kE10, "CFD"}, {&kE12, "CRZ"}, {&kE12, "COO"}, {&kE12, "CRO"}, {&kE14, "CCF"},
+    {&kE14, "COO"}, {&kE16, "COO"}, {&kE16, "GNF"}, {&kE16, "GRG"}, {&kE19, "COO"}, {&kE19, "GNF"},
 };
 
 /// The greatest value of one of the sources.
@@ -39,7 +38,7 @@ class RegrasDePosicao final : public Familia {
       const int registro = catalogo.indiceDe(fonte.registro->codigo);
       if (registro >= 0)
         maximos_[static_cast<std::size_t>(registro)].push_back(
-            {&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.posicao}, 0, ""});
+            {&fonte, {*fonte.registro, fonte.rotulo}, {kE11, fonte.rotulo}, 0, ""});
     }
   }
 

@@ -98,7 +98,7 @@ class Repetidor {
 
  private:
   void tenta(std::size_t i, int sobra, int estranheza, Repeticoes& tentadas) {
-    if (i == quantos_) {
+    if (i >= quantos_ || i >= Registro::kGrupos) {
       if (sobra == 0 && estranheza < menor_) melhores_ = tentadas, menor_ = estranheza;
       return;
     }

@@ -66,7 +66,7 @@ void executa(const OpcoesDoCheck& opcoes) {
 
 }  // namespace
 
-Execucao declaraCheck(CLI::App& comando) {
+Acao declaraCheck(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoCheck>();
   comando.add_option("--db", o->banco, traduz("Fiscal database; it is only read"))->type_name("FILE");
   declaraPeriodo(comando, o->periodo, traduz("First day, as DD/MM/YYYY or YYYY-MM-DD (all that is stored)"));

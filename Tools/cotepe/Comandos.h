@@ -7,18 +7,19 @@
 
 namespace cotepe::programa {
 
-using Execucao = std::function<void()>;
+/// What runs a command whose options were read.
+using Acao = std::function<void()>;
 
-Execucao declaraGenerate(CLI::App& comando);
-Execucao declaraSample(CLI::App& comando);
-Execucao declaraSchema(CLI::App& comando);
-Execucao declaraLayout(CLI::App& comando);
-Execucao declaraCheck(CLI::App& comando);
-Execucao declaraValidate(CLI::App& comando);
-Execucao declaraShow(CLI::App& comando);
-Execucao declaraDiff(CLI::App& comando);
-Execucao declaraExport(CLI::App& comando);
-Execucao declaraExplain(CLI::App& comando);
-Execucao declaraVerify(CLI::App& comando);
+Acao declaraGenerate(CLI::App& comando);
+Acao declaraSample(CLI::App& comando);
+Acao declaraSchema(CLI::App& comando);
+Acao declaraLayout(CLI::App& comando);
+Acao declaraCheck(CLI::App& comando);
+Acao declaraValidate(CLI::App& comando);
+Acao declaraShow(CLI::App& comando);
+Acao declaraDiff(CLI::App& comando);
+Acao declaraExport(CLI::App& comando);
+Acao declaraExplain(CLI::App& comando);
+Acao declaraVerify(CLI::App& comando);
 
 }  // namespace cotepe::programa

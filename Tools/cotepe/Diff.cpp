@@ -32,7 +32,7 @@ void executa(const OpcoesDoDiff& opcoes) {
 
 }  // namespace
 
-Execucao declaraDiff(CLI::App& comando) {
+Acao declaraDiff(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoDiff>();
   comando.add_option("A", o->a, traduz("The report to go by; - for stdin"))->required();
   comando.add_option("B", o->b, traduz("The report to look at; - for stdin"))->required();

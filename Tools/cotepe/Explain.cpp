@@ -206,7 +206,7 @@ void executa(const OpcoesDoExplain& opcoes) {
 
 }  // namespace
 
-Execucao declaraExplain(CLI::App& comando) {
+Acao declaraExplain(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoExplain>();
   comando
       .add_option(

@@ -110,7 +110,7 @@ void executa(const OpcoesDoExport& opcoes) {
 
 }  // namespace
 
-Execucao declaraExport(CLI::App& comando) {
+Acao declaraExport(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoExport>();
   comando.add_option("REPORT", o->relatorios, traduz("The reports; - for stdin"))->required();
   comando.add_option("--to", o->formato, traduz("sqlite (a database) or csv (a folder of files)"))

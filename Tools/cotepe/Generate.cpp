@@ -156,7 +156,7 @@ void executa(const OpcoesDoGenerate& opcoes) {
 
 }  // namespace
 
-Execucao declaraGenerate(CLI::App& comando) {
+Acao declaraGenerate(CLI::App& comando) {
   const auto opcoes = std::make_shared<OpcoesDoGenerate>();
   declaraEntrada(comando, *opcoes);
   declaraSaida(comando, *opcoes);

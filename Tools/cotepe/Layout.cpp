@@ -45,7 +45,7 @@ void executa(const OpcoesDoLayout& opcoes) {
 
 }  // namespace
 
-Execucao declaraLayout(CLI::App& comando) {
+Acao declaraLayout(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoLayout>();
   comando.add_option("REGISTER", o->registro, traduz("E01 to E22; all of them when none is named"))
       ->transform(codigoDeRegistro());

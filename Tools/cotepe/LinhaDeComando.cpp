@@ -16,7 +16,7 @@ namespace cotepe::programa {
 namespace {
 
 // `help` is read before the commands are: it is declared to be listed and completed.
-Execucao declaraHelp(CLI::App& comando) {
+Acao declaraHelp(CLI::App& comando) {
   const auto nome = std::make_shared<std::string>();
   comando.add_option("COMMAND", *nome, traduz("The command; all of them when none is named"));
   return [nome] {};
@@ -25,7 +25,7 @@ Execucao declaraHelp(CLI::App& comando) {
 constexpr struct {
   const char* nome;
   const char* descricao;
-  Execucao (*declara)(CLI::App&);
+  Acao (*declara)(CLI::App&);
 } kComandos[] = {
     {"generate", marca("Write the report of a period"), declaraGenerate},
     {"sample", marca("Make a fiscal database to try with"), declaraSample},
@@ -46,7 +46,7 @@ constexpr struct {
 
 }  // namespace
 
-void declara(CLI::App& app, Execucao& escolhida) {
+void declara(CLI::App& app, Acao& escolhida) {
   falaOIdioma(app);
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.name("cotepe");
@@ -70,9 +70,9 @@ void declara(CLI::App& app, Execucao& escolhida) {
   }
 }
 
-Execucao leLinhaDeComando(int argc, const char* const* argv) {
+Acao leLinhaDeComando(int argc, const char* const* argv) {
   CLI::App app;
-  Execucao escolhida;
+  Acao escolhida;
   declara(app, escolhida);
   const std::vector<std::string> argumentos(argv + (argc > 0 ? 1 : 0), argv + argc);
   if (const CLI::App* qual = ajudaPedida(app, argumentos))

@@ -7,10 +7,10 @@ namespace cotepe::programa {
 
 /// Declares the program and its commands on an empty `app`. The one that is read is put into `escolhida`,
 /// which must outlive the reading.
-void declara(CLI::App& app, Execucao& escolhida);
+void declara(CLI::App& app, Acao& escolhida);
 
 /// Reads the arguments, of which the first is the program's name; what is returned does what they say. Both
 /// throw Falha, whose status is the one to exit with.
-Execucao leLinhaDeComando(int argc, const char* const* argv);
+Acao leLinhaDeComando(int argc, const char* const* argv);
 
 }  // namespace cotepe::programa

@@ -64,7 +64,7 @@ void executa(const OpcoesDoSample& opcoes) {
 
 }  // namespace
 
-Execucao declaraSample(CLI::App& comando) {
+Acao declaraSample(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoSample>();
   comando.add_option("FILE", o->arquivo, traduz("The database to make; it must not exist"))->required();
   comando.add_option("--days", o->amostra.dias, traduz("Fiscal days (30)"))

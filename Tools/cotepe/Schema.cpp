@@ -6,7 +6,7 @@
 
 namespace cotepe::programa {
 
-Execucao declaraSchema(CLI::App& /*comando*/) {
+Acao declaraSchema(CLI::App& /*comando*/) {
   return [] { escreveNaSaidaPadrao(esquemaSql()); };
 }
 

@@ -70,7 +70,7 @@ void executa(const OpcoesDoShow& opcoes) {
 
 }  // namespace
 
-Execucao declaraShow(CLI::App& comando) {
+Acao declaraShow(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoShow>();
   comando.add_option("FILE", o->arquivo, traduz("The report; - for stdin"))->required();
   comando

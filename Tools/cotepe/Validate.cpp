@@ -33,7 +33,7 @@ void executa(const OpcoesDoValidate& opcoes) {
 
 }  // namespace
 
-Execucao declaraValidate(CLI::App& comando) {
+Acao declaraValidate(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoValidate>();
   comando.add_option("FILE", o->arquivo, traduz("The report; - for stdin"));
   declaraAchados(comando, o->achados);

@@ -43,7 +43,7 @@ void executa(const OpcoesDoVerify& opcoes) {
 
 }  // namespace
 
-Execucao declaraVerify(CLI::App& comando) {
+Acao declaraVerify(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoVerify>();
   comando.add_option("--db", o->banco, traduz("Fiscal database; it is only read"))
       ->type_name("FILE")

@@ -54,7 +54,7 @@ Comando comandoDe(const CLI::App& app) {
 
 std::vector<Comando> comandosDoPrograma() {
   CLI::App app;
-  programa::Execucao nenhuma;
+  programa::Acao nenhuma;
   programa::declara(app, nenhuma);
   std::vector<Comando> comandos = {comandoDe(app)};
   for (const CLI::App* sub : std::as_const(app).get_subcommands({})) comandos.push_back(comandoDe(*sub));

@@ -21,7 +21,7 @@ inline std::string conteudo(const char* nome) {
   return {std::istreambuf_iterator<char>(arquivo), {}};
 }
 
-inline cotepe::programa::Execucao le(const Argumentos& argumentos) {
+inline cotepe::programa::Acao le(const Argumentos& argumentos) {
   std::vector<const char*> ponteiros = {"cotepe"};
   for (const std::string& argumento : argumentos) ponteiros.push_back(argumento.c_str());
   return cotepe::programa::leLinhaDeComando(static_cast<int>(ponteiros.size()), ponteiros.data());

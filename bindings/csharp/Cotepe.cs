@@ -190,8 +190,13 @@ namespace Cotepe {
   }
 
   internal static class Native {
+#if COTEPE_UNIX
+    // What hosts for Linux alone define: the library as it is installed without the files for developers.
+    private const string Library = "libcotepe.so.0";
+#else
     // cotepe.dll, libcotepe.so: Mono and .NET add what the system wants.
     private const string Library = "cotepe";
+#endif
 
     [StructLayout(LayoutKind.Sequential)]
     internal struct Time {

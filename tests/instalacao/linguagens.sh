@@ -74,4 +74,9 @@ csharp() {
   done
   mono --debug Test.exe dados pasta
   confere mono Example.exe
+  # Where there is the library alone, without the link that developers have.
+  mcs -langversion:5 -define:COTEPE_UNIX -out:Unix.exe Example.cs Cotepe.cs
+  mkdir so
+  cp "$PREFIXO/$BIBLIOTECAS/libcotepe.so.$SOVERSAO" so
+  LD_LIBRARY_PATH=so confere mono Unix.exe
 }

@@ -237,4 +237,39 @@ TEST_F(InterfaceCFalhas, WhicheverAllocationFailsTheReportIsWholeOrTheResultSays
   EXPECT_EQ(gerador.relatorio(), inteiro);
 }
 
+// By name, and whole or not at all: the database is opened or it is not, and the old report stays or there is
+// a new one.
+TEST_F(InterfaceCFalhas, WhicheverAllocationFailsADatabaseByNameIsNotOpenedAndTheOldReportStays) {
+  const std::string banco = "sem-memoria-" + std::to_string(getpid()) + ".db", relatorio = banco + ".txt";
+  bancada.sql("VACUUM INTO '" + banco + "'");
+  std::ofstream(relatorio) << "de antes";
+  cotepe_generator* aberto = nullptr;
+  int falhas = 0;
+  for (long concedidas = 0; aberto == nullptr; ++concedidas) {
+    g_memoria.falha(concedidas, true);
+    const int resultado = cotepe_open(banco.c_str(), 0, &aberto);
+    g_memoria.concede();
+    EXPECT_EQ(resultado, aberto == nullptr ? COTEPE_NO_MEMORY : COTEPE_DONE) << concedidas;
+    falhas += aberto == nullptr ? 1 : 0;
+  }
+  EXPECT_GT(falhas, 1);
+  falhas = 0;
+  for (long concedidas = 0, negadas = 1; negadas != 0; ++concedidas) {
+    g_memoria.falha(concedidas, true);
+    const int resultado = cotepe_generate_whole(aberto, relatorio.c_str(), "01012024", "31012024", "TDM", 1);
+    negadas = g_memoria.concede();
+    std::string inicio(8, ' ');
+    std::ifstream(relatorio).read(&inicio[0], 8);
+    EXPECT_EQ(inicio == "de antes", resultado != COTEPE_DONE) << concedidas;
+    if (resultado == COTEPE_DONE) break;
+    EXPECT_TRUE(resultado == COTEPE_CANNOT_WRITE || resultado == COTEPE_NO_MEMORY)
+        << concedidas << ": " << resultado;
+    ++falhas;
+  }
+  EXPECT_GT(falhas, 20);
+  EXPECT_EQ(cotepe_destroy(aberto), COTEPE_DONE);
+  unlink(banco.c_str());
+  unlink(relatorio.c_str());
+}
+
 }  // namespace

@@ -93,7 +93,10 @@ void explicaArquivo(cotepe_generator& gerador, int resultado) noexcept {
   const int erro = errno;
   if ((resultado != COTEPE_CANNOT_OPEN && resultado != COTEPE_CANNOT_WRITE) || erro == 0) return;
   try {
-    gerador.hospedeiro.fixaMotivo(std::generic_category().message(erro).c_str());
+    if (erro == EBUSY)
+      gerador.hospedeiro.fixaMotivo("it is the database, or a journal of it");
+    else
+      gerador.hospedeiro.fixaMotivo(std::generic_category().message(erro).c_str());
   } catch (const std::bad_alloc&) {
     gerador.hospedeiro.fixaMotivo("");
   }

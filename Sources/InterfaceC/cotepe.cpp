@@ -126,7 +126,7 @@ const char* cotepe_result_text(int result) noexcept {
     case COTEPE_BAD_ARGUMENT:
       return "an argument is null, or the days or the command are not valid";
     case COTEPE_CANNOT_OPEN:
-      return "the report cannot be opened, or is the database";
+      return "the report cannot be opened";
     case COTEPE_CANNOT_WRITE:
       return "the report cannot be written";
     case COTEPE_NO_IDENTITY:

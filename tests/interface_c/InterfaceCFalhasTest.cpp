@@ -24,7 +24,7 @@ TEST(InterfaceCResultado, EachHasItsText) {
       {0, "done"},
       {1, "a query failed: the report may lack lines"},
       {2, "an argument is null, or the days or the command are not valid"},
-      {3, "the report cannot be opened, or is the database"},
+      {3, "the report cannot be opened"},
       {4, "the report cannot be written"},
       {5, "the printer's identity cannot be read"},
       {6, "out of memory"},

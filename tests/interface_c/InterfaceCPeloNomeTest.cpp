@@ -163,8 +163,10 @@ TEST_F(PeloNome, ReportThatIsTheDatabaseOrNoFileIsRefused) {
   ASSERT_EQ(link(banco.c_str(), relatorio.c_str()), 0);
   EXPECT_EQ(geraInteiro(), COTEPE_CANNOT_OPEN);
   EXPECT_EQ(errno, EBUSY);
+  EXPECT_STREQ(cotepe_reason(gerador), "it is the database, or a journal of it");
   EXPECT_EQ(gera(), COTEPE_CANNOT_OPEN);
   EXPECT_EQ(errno, EBUSY);
+  EXPECT_STREQ(cotepe_reason(gerador), "it is the database, or a journal of it");
   EXPECT_EQ(conteudo(banco), antes);
   EXPECT_EQ(cotepe_generate_whole(gerador, pasta.c_str(), "01012024", "31012024", "RZ", 1),
             COTEPE_CANNOT_OPEN);

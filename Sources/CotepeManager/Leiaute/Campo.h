@@ -35,7 +35,7 @@ enum class Especie : std::uint8_t {
 /// Where the text of a field comes from.
 struct Origem {
   /// Which of the members below holds.
-  enum class Tipo : std::uint8_t { Nenhuma, Constante, DoLeiaute, Ajuste, Relogio, Coluna, Funcao };
+  enum class Tipo : std::uint8_t { Nenhuma, Constante, Ajuste, Coluna, Funcao, DoLeiaute, Relogio };
 
   static constexpr std::int8_t kDeCadaConsulta = -1;  ///< each query of the register makes records
 

@@ -14,7 +14,6 @@ namespace {
 const char* textoDe(const Campo& campo, const Fonte& fonte, const Execucao& execucao) {
   switch (campo.origem.tipo) {
     case Origem::Tipo::Coluna:
-    case Origem::Tipo::Relogio:
       return fonte.texto(campo.origem.coluna);
     case Origem::Tipo::Ajuste:
       return execucao.ajustes().*campo.origem.ajuste;
@@ -22,9 +21,7 @@ const char* textoDe(const Campo& campo, const Fonte& fonte, const Execucao& exec
       return campo.origem.funcao(fonte, execucao);
     case Origem::Tipo::Constante:
       return campo.origem.constante;
-    case Origem::Tipo::DoLeiaute:
-      return execucao.ajustes().versao == 1 ? campo.origem.constante : campo.origem.nosOutros;
-    case Origem::Tipo::Nenhuma:
+    default:  // Nenhuma; the others are decided by the settings
       break;
   }
   return "";
@@ -134,6 +131,10 @@ Campo comAjustes(const Campo& campo, const Execucao& execucao) {
   Campo decidido = campo;
   decidido.largura = static_cast<int>(larguraEm(campo, execucao));
   if (campo.especie == Especie::Contador) decidido.modulo = execucao.ajustes().moduloDoContador;
+  if (campo.origem.tipo == Origem::Tipo::Relogio) decidido.origem = coluna(campo.origem.coluna);
+  if (campo.origem.tipo == Origem::Tipo::DoLeiaute)
+    decidido.origem =
+        constante(execucao.ajustes().versao == 1 ? campo.origem.constante : campo.origem.nosOutros);
   return decidido;
 }
 

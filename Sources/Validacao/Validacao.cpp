@@ -7,14 +7,16 @@ Validacao::Validacao(RecebeAchados& recebe, const OpcoesDeValidacao& opcoes)
 
 Validacao::~Validacao() = default;
 
-bool Validacao::valida(LeitorDeLinhas& linhas) {
+bool Validacao::valida(LeitorDeLinhas& linhas, const Observa& observa) {
   LeitorDeRegistros leitor(linhas, catalogo_);
   for (NovaFamilia* nova :
        {regrasDeLinhas, regrasDeOrdem, regrasDeIdentidade, regrasDeCampos, regrasDeChaves, regrasDeContadores,
         regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})
     familias_.push_back(nova(relator_, leitor));
-  for (RegistroLido lido; leitor.proximo(lido); ++linhas_)
+  for (RegistroLido lido; leitor.proximo(lido); ++linhas_) {
+    if (observa) observa(lido, leitor);
     for (const auto& familia : familias_) familia->linha(lido);
+  }
   if (linhas.erro() == 0)
     for (const auto& familia : familias_) familia->fim();
   familias_.clear();

@@ -1,6 +1,7 @@
 // Holds a report to the rules, in one pass.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,8 +37,11 @@ class Validacao {
   Validacao(const Validacao&) = delete;
   Validacao& operator=(const Validacao&) = delete;
 
+  /// Who else looks at each record before the rules do, so that the file is read once.
+  using Observa = std::function<void(const RegistroLido& lido, const LeitorDeRegistros& leitor)>;
+
   /// False when the file could not be read to its end (LeitorDeLinhas::erro). To be called once.
-  bool valida(LeitorDeLinhas& linhas);
+  bool valida(LeitorDeLinhas& linhas, const Observa& observa = {});
 
   /// Lines read.
   long linhas() const { return linhas_; }

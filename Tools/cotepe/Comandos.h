@@ -19,6 +19,7 @@ Acao declaraValidate(CLI::App& comando);
 Acao declaraShow(CLI::App& comando);
 Acao declaraDiff(CLI::App& comando);
 Acao declaraExport(CLI::App& comando);
+Acao declaraReport(CLI::App& comando);
 Acao declaraExplain(CLI::App& comando);
 Acao declaraVerify(CLI::App& comando);
 

@@ -60,7 +60,7 @@ void exigeOutroArquivo(const OpcoesDoExport& opcoes) {
 void leTodos(const OpcoesDoExport& opcoes, DestinoDaExportacao& destino, Progresso& progresso) {
   long numero = 0;
   for (const std::string& caminho : opcoes.relatorios) {
-    RelatorioLido relatorio(caminho);
+    RelatorioLido relatorio(caminho, true);
     progresso.etapa(relatorio.nome());
     exporta(relatorio.linhas(), ++numero, relatorio.nome(), destino, [&progresso] { progresso.pulsa(); });
     relatorio.confereLeitura();

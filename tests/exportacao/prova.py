@@ -20,7 +20,7 @@ except ImportError:
 
 PROGRAMA = os.environ["PROGRAMA"]
 DOURADOS = pathlib.Path(os.environ["FONTES"]) / "tests" / "golden"
-RELATORIOS = pathlib.Path(os.environ["FONTES"]) / "tests" / "leitor" / "relatorios"
+RELATORIOS = pathlib.Path(os.environ["FONTES"]) / "tests" / "apoio" / "relatorios"
 
 
 class Pasta(unittest.TestCase):
@@ -122,7 +122,7 @@ class NadaSePerde(Pasta):
 
 
 class Consultas(Pasta):
-    """Over tests/leitor/relatorios/leiaute1.txt; the amounts are those of its lines, in cents."""
+    """Over tests/apoio/relatorios/leiaute1.txt; the amounts are those of its lines, in cents."""
 
     def setUp(self):
         super().setUp()

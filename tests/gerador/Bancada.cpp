@@ -97,13 +97,7 @@ void CotepeManagerTest::fixaIdentidade(CotepeManager& gerador, const char* nrFab
   gerador.m_iDivCount = gerador.m_iVersaoAtoCotepe == 1 ? 1000000 : 1000000000;
 }
 
-Bancada::Bancada()
-    : banco_([] {
-        sqlite3* banco = nullptr;
-        EXPECT_EQ(sqlite3_open(":memory:", &banco), SQLITE_OK);
-        return banco;
-      }()),
-      gerador_(banco_) {
+Bancada::Bancada() : gerador_(banco_.aberto()) {
   g_mensagens.clear();
   g_aoRegistrar = nullptr;
   g_carimbo = "20240131 235959";
@@ -111,13 +105,7 @@ Bancada::Bancada()
   sql(cotepe::testes::kTabelasSoltas);
 }
 
-Bancada::~Bancada() { EXPECT_EQ(sqlite3_close(banco_), SQLITE_OK) << "a statement was left open"; }
-
-void Bancada::sql(const std::string& texto) {
-  char* erro = nullptr;
-  const int resultadoDoSql = sqlite3_exec(banco_, texto.c_str(), nullptr, nullptr, &erro);
-  ASSERT_EQ(resultadoDoSql, SQLITE_OK) << (erro != nullptr ? erro : "") << "\nin: " << texto;
-}
+void Bancada::sql(const std::string& texto) { banco_.sql(texto); }
 
 void Bancada::comIdentidade() {
   sql("INSERT INTO dados_ecf VALUES('SERIAL','MODELO','ECF-IF','MARCA','1');"

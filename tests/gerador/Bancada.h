@@ -2,11 +2,10 @@
 // single writers.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <string>
 #include <vector>
 
+#include "Banco.h"
 #include "CotepeManager.h"
 
 /// Reaches the private members of the generator.
@@ -40,11 +39,8 @@ class Bancada {
   /// Every table of the fiscal database, empty, with columns that keep any value as it is given. The host's
   /// identity globals are empty and the clock stands at 31/01/2024 23:59:59.
   Bancada();
-  ~Bancada();
-  Bancada(const Bancada&) = delete;
-  Bancada& operator=(const Bancada&) = delete;
 
-  sqlite3* banco() const { return banco_; }
+  sqlite3* banco() const { return banco_.aberto(); }
   CotepeManager& gerador() { return gerador_; }
 
   /// Runs SQL and fails the test when it cannot.
@@ -72,7 +68,7 @@ class Bancada {
   std::string linha(const std::string& codigo, const std::string& comando = "TDM");
 
  private:
-  sqlite3* banco_ = nullptr;
+  Banco banco_;
   CotepeManager gerador_;
   std::string inicial_ = "01012024", final_ = "31012024";
 };

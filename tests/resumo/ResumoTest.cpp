@@ -1,4 +1,4 @@
-// A report in sums; the amounts are added up by hand from the lines of tests/leitor/relatorios.
+// A report in sums; the amounts are added up by hand from the lines of tests/apoio/relatorios.
 #include <gtest/gtest.h>
 
 #include "Relatorio.h"

@@ -1,6 +1,6 @@
 // Each rule about values: what breaks just it, word for word, and what just does not.
 #include "Amostra/Amostra.h"
-#include "Banco.h"
+#include "BancoLimpo.h"
 
 namespace cotepe::testes {
 namespace {

@@ -1,14 +1,11 @@
 // A small database in memory that is clean, and what the checker says of it when something is changed.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "Achados/SaidaDeAchados.h"
+#include "Banco.h"
 #include "Conferencia/Conferencia.h"
 #include "TabelasSoltas.h"
 
@@ -69,33 +66,21 @@ class Junta final : public RecebeAchados {
 class BancoLimpo {
  public:
   BancoLimpo() {
-    sqlite3* aberto = nullptr;
-    sqlite3_open(":memory:", &aberto);
-    banco_.reset(aberto);
-    executa(kTabelasSoltas);
-    executa(kIndices);
-    executa(kLinhas);
+    for (const char* sql : {kTabelasSoltas, kIndices, kLinhas}) banco_.sql(sql);
   }
 
-  void executa(const std::string& sql) {
-    const int resultado = sqlite3_exec(banco_.get(), sql.c_str(), nullptr, nullptr, nullptr);
-    EXPECT_EQ(resultado, SQLITE_OK) << sqlite3_errmsg(banco_.get()) << " in " << sql;
-  }
-
-  sqlite3* aberto() const { return banco_.get(); }
+  void executa(const std::string& sql) { banco_.sql(sql); }
+  sqlite3* aberto() const { return banco_.aberto(); }
 
   // The findings as texts, without a file.
   std::vector<std::string> achados(const OpcoesDaConferencia& opcoes = {}) {
     Junta junta;
-    confereBanco(banco_.get(), opcoes, junta);
+    confereBanco(banco_.aberto(), opcoes, junta);
     return junta.textos;
   }
 
  private:
-  struct Fecha {
-    void operator()(sqlite3* banco) const { sqlite3_close(banco); }
-  };
-  std::unique_ptr<sqlite3, Fecha> banco_;
+  Banco banco_;
 };
 
 inline std::vector<std::string> depoisDe(const std::string& sql, const OpcoesDaConferencia& opcoes = {}) {

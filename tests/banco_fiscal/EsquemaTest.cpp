@@ -3,7 +3,7 @@
 #include <ostream>
 #include <set>
 
-#include "Banco.h"
+#include "ComEsquema.h"
 #include "Linhas.h"
 
 namespace cotepe::testes {

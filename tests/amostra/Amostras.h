@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <ostream>
 
-#include "Banco.h"
+#include "Amostra/Amostra.h"
+#include "ComEsquema.h"
 
 namespace cotepe::testes {
 

@@ -8,7 +8,7 @@
 #include <set>
 #include <sstream>
 
-#include "Banco.h"
+#include "BancoLimpo.h"
 #include "Conferencia/Partes.h"
 #include "CotepeManager.h"
 #include "Leiaute/Releitura.h"

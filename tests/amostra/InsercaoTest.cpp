@@ -1,7 +1,8 @@
 // Rows written by the library: values arrive as they were meant, and a row that is refused is reported.
 #include "Amostra/Insercao.h"
 
-#include "Banco.h"
+#include "BancoFiscal/ErroDoBanco.h"
+#include "ComEsquema.h"
 
 namespace cotepe::testes {
 namespace {

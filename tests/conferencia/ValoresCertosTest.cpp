@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <set>
 
-#include "Banco.h"
+#include "BancoLimpo.h"
 #include "Conferencia/Partes.h"
 #include "Registros/Catalogo.h"
 #include "referencia/Sorteio.h"

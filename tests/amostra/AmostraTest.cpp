@@ -14,7 +14,8 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "Banco.h"
+#include "Amostra/Amostra.h"
+#include "ComEsquema.h"
 
 namespace cotepe::testes {
 namespace {

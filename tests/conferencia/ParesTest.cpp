@@ -2,7 +2,7 @@
 // does not.
 #include <set>
 
-#include "Banco.h"
+#include "BancoLimpo.h"
 
 namespace cotepe::testes {
 namespace {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "Banco.h"
 #include "Processo.h"
 
 std::string leArquivo(const std::string& caminho);
@@ -17,21 +18,6 @@ bool corresponde(const std::string& texto, const std::string& padrao);
 
 /// Log lines with a "@" in the place of date and hour.
 std::string semHora(const std::string& log);
-
-/// A database that the test itself has open.
-class Banco {
- public:
-  explicit Banco(const std::string& caminho);
-  ~Banco() { sqlite3_close(banco_); }
-  Banco(const Banco&) = delete;
-  Banco& operator=(const Banco&) = delete;
-
-  void sql(const std::string& texto);   // fails the test when it cannot
-  int tenta(const std::string& texto);  // the result of sqlite3_exec
-
- private:
-  sqlite3* banco_ = nullptr;
-};
 
 /// A test in an empty folder that everybody may write to and that is removed at the end.
 class Cena : public testing::Test {

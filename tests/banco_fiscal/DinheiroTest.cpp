@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <random>
 
-#include "Banco.h"
+#include "ComEsquema.h"
 #include "Consultas.h"
 #include "Linhas.h"
 

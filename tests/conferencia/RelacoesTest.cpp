@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "Amostra/Amostra.h"
-#include "Banco.h"
+#include "BancoLimpo.h"
 
 namespace cotepe::testes {
 namespace {

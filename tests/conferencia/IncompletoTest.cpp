@@ -1,7 +1,7 @@
 // A database without a table or a column, reports that need less of it, and dates at their limits.
 #include <utility>
 
-#include "Banco.h"
+#include "BancoLimpo.h"
 
 namespace cotepe::testes {
 namespace {

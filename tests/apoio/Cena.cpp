@@ -56,14 +56,6 @@ std::string semHora(const std::string& log) {
   return texto;
 }
 
-Banco::Banco(const std::string& caminho) { EXPECT_EQ(sqlite3_open(caminho.c_str(), &banco_), SQLITE_OK); }
-void Banco::sql(const std::string& texto) {
-  EXPECT_EQ(tenta(texto), SQLITE_OK) << texto << sqlite3_errmsg(banco_);
-}
-int Banco::tenta(const std::string& texto) {
-  return sqlite3_exec(banco_, texto.c_str(), nullptr, nullptr, nullptr);
-}
-
 Cena::Cena() : pasta_(testing::TempDir() + "cena-XXXXXX") {
   EXPECT_NE(mkdtemp(pasta_.data()), nullptr);
   fs::permissions(pasta_, fs::perms::all);

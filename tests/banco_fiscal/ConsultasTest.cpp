@@ -1,5 +1,6 @@
 // The queries of the registers on the schema: they prepare, they order numbers as numbers, they search.
-#include "Banco.h"
+#include "Amostra/Amostra.h"
+#include "ComEsquema.h"
 #include "Consultas.h"
 #include "Linhas.h"
 

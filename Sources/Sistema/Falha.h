@@ -10,7 +10,7 @@
 namespace cotepe::programa {
 
 /// The exit statuses of the program; an interrupted run ends with 128 and the signal's number instead.
-enum Situacao : int { kFeito, kIncompleto, kUsoErrado, kNaoAbre, kNaoEscreve, kSemIdentidade };
+enum Situacao : int { kFeito, kIncompleto, kUsoErrado, kNaoAbre, kNaoEscreve, kSemIdentidade, kNaoSeSabe };
 
 class Falha : public std::exception {
  public:
@@ -29,7 +29,7 @@ class Falha : public std::exception {
 /// What a command concluded about what it was given: the run itself did not fail.
 class Veredito : public Falha {
  public:
-  explicit Veredito(std::string texto) : Falha(kIncompleto, std::move(texto)) {}
+  explicit Veredito(std::string texto, int situacao = kIncompleto) : Falha(situacao, std::move(texto)) {}
 };
 
 /// The reader of stdout went away: nothing is left to be said. The status is the one that SIGPIPE gives.

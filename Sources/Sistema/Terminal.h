@@ -8,6 +8,10 @@ namespace cotepe {
 /// Whether a descriptor is a terminal, where people read.
 bool ehTerminal(int descritor);
 
+/// Asks on the terminal, whatever stdin and stderr are, and reads one line without showing it. False where
+/// there is no terminal, no answer, or a signal came; the terminal is left as it was.
+bool perguntaEmSegredo(const std::string& pergunta, std::string& resposta);
+
 /// To be called first: opens what the caller left closed of descriptors 0 to 2, so that no file of ours takes
 /// such a number and is written to as if it were stdout or stderr (reading and writing there go on failing);
 /// and has the three pass bytes as they are, in UTF-8.

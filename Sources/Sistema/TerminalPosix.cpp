@@ -1,4 +1,6 @@
 #include <fcntl.h>
+#include <poll.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -6,6 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "Sistema/Arquivo.h"
 #include "Sistema/Terminal.h"
 
 namespace cotepe {
@@ -26,7 +29,63 @@ void recebe(int sinal) {
   sigaction(sinal, &nova, nullptr);
 }
 
+// The terminal without echo, for as long as this lives.
+class SemEco {
+ public:
+  explicit SemEco(int terminal) : terminal_(terminal), ligado_(tcgetattr(terminal, &antes_) == 0) {
+    termios agora = antes_;
+    agora.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    if (ligado_) tcsetattr(terminal_, TCSAFLUSH, &agora);
+  }
+  ~SemEco() {
+    if (ligado_) tcsetattr(terminal_, TCSAFLUSH, &antes_);
+  }
+  SemEco(const SemEco&) = delete;
+  SemEco& operator=(const SemEco&) = delete;
+
+ private:
+  int terminal_;
+  termios antes_{};
+  bool ligado_;
+};
+
+// Whether there is something to read; false where a signal came, even one before this began to wait.
+bool esperaTexto(int terminal) {
+  sigset_t retidos, antes;
+  sigemptyset(&retidos);
+  for (const int sinal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&retidos, sinal);
+  sigprocmask(SIG_BLOCK, &retidos, &antes);
+  pollfd pronto{terminal, POLLIN, 0};
+  const bool chegou = g_sinal == 0 && ppoll(&pronto, 1, nullptr, &antes) > 0;
+  sigprocmask(SIG_SETMASK, &antes, nullptr);
+  return chegou;
+}
+
+bool leLinha(int terminal, std::string& linha) {
+  constexpr std::size_t kMaximo = 1024;
+  linha.clear();
+  linha.reserve(kMaximo);  // no copy of a secret is left behind as it grows
+  for (char c = 0; linha.size() < kMaximo;) {
+    if (!esperaTexto(terminal) || leDe(terminal, &c, 1) <= 0) return false;
+    if (c == '\n') return true;
+    linha += c;
+  }
+  return false;
+}
+
 }  // namespace
+
+bool perguntaEmSegredo(const std::string& pergunta, std::string& resposta) {
+  const Descritor terminal(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC));
+  if (!terminal.aberto()) return false;
+  bool lida = false;
+  {
+    const SemEco semEco(terminal.numero());
+    lida = escreveEm(terminal.numero(), pergunta.data(), pergunta.size()) >= 0 &&
+           leLinha(terminal.numero(), resposta);
+  }
+  return escreveEm(terminal.numero(), "\n", 1) >= 0 && lida;
+}
 
 bool ehTerminal(int descritor) { return isatty(descritor) != 0; }
 

@@ -22,5 +22,8 @@ Acao declaraExport(CLI::App& comando);
 Acao declaraReport(CLI::App& comando);
 Acao declaraExplain(CLI::App& comando);
 Acao declaraVerify(CLI::App& comando);
+Acao declaraSign(CLI::App& comando);
+Acao declaraVerifySignature(CLI::App& comando);
+Acao declaraPublicKey(CLI::App& comando);
 
 }  // namespace cotepe::programa

@@ -39,6 +39,11 @@ constexpr struct {
     {"export", marca("Turn reports into tables: a database, or CSV files"), declaraExport},
     {"diff", marca("Compare two reports, record by record"), declaraDiff},
     {"verify", marca("Prove that a report is what the database says"), declaraVerify},
+#ifdef COTEPE_ASSINA
+    {"sign", marca("Sign a report as it is handed in"), declaraSign},
+    {"verify-signature", marca("Say whether a signed report is what was signed"), declaraVerifySignature},
+    {"public-key", marca("Turn a key into the form in which it is handed in"), declaraPublicKey},
+#endif
     {"help", marca("Print the help of a command"), declaraHelp},
 };
 
@@ -61,6 +66,7 @@ void declara(CLI::App& app, Acao& escolhida) {
              "  3  the database or the output cannot be opened\n"
              "  4  writing failed\n"
              "  5  the identity query failed\n"
+             "  6  nothing can be told of the signature\n"
              "  128 and the signal's number: interrupted"));
   app.set_version_flag("-V,--version", "cotepe " COTEPE_VERSAO, traduz("Print the version and exit"));
   app.require_subcommand(1);

@@ -12,7 +12,7 @@ import sys
 from po import mensagens
 
 MARCAS = {"traduz", "frase", "fraseDe", "marca"}
-NUNCA_FALAM = {"CotepeManager", "Idioma", "InterfaceC"}  # the library is not translated
+NUNCA_FALAM = {"Assinatura", "CotepeManager", "Idioma", "InterfaceC"}  # the libraries are not translated
 PASTAS = [str(p) for p in sorted(pathlib.Path("Sources").iterdir()) if p.name not in NUNCA_FALAM] + ["Tools/cotepe"]
 PECAS = re.compile(
     r'//[^\n]*|/\*.*?\*/|^\#[^\n]*'  # comments and directives

@@ -13,6 +13,7 @@ constexpr char kSituacoes[] =
     "  3  the database or the output cannot be opened\n"
     "  4  writing failed\n"
     "  5  the identity query failed\n"
+    "  6  nothing can be told of the signature\n"
     "  128 and the signal's number: interrupted\n";
 
 bool contem(const std::string& texto, const std::string& parte) {

@@ -1,0 +1,29 @@
+// The text of a key or a pass phrase, which memory does not keep.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cotepe {
+
+/// Overwrites a secret before it is let go.
+void apagaSegredo(std::string& segredo) noexcept;
+
+/// A whole file, of no more than `kMaximo` bytes.
+class TextoDeChave {
+ public:
+  static constexpr std::size_t kMaximo = std::size_t{1} << 16;  ///< no key is as long
+
+  /// Throws ErroDaAssinatura (ChaveNaoAbre, ChaveIlegivel).
+  explicit TextoDeChave(const std::string& caminho);
+  ~TextoDeChave() { apagaSegredo(texto_); }
+  TextoDeChave(const TextoDeChave&) = delete;
+  TextoDeChave& operator=(const TextoDeChave&) = delete;
+
+  std::string_view texto() const { return texto_; }
+
+ private:
+  std::string texto_;
+};
+
+}  // namespace cotepe

@@ -1,0 +1,37 @@
+// The keys that commands are given.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "Assinatura/BlocoAssinado.h"
+
+namespace cotepe {
+class ChavePrivada;
+class ChavePublica;
+}  // namespace cotepe
+
+namespace cotepe::programa {
+
+struct OpcoesDaChave {
+  std::string arquivo, arquivoDaFrase, forma = "law";
+
+  FormaDoBloco formaDoBloco() const { return forma == "pkcs1" ? FormaDoBloco::Pkcs1 : FormaDoBloco::Lei; }
+};
+
+///@{
+/// --key and --form; --passphrase-file.
+CLI::Option* declaraChave(CLI::App& comando, OpcoesDaChave& opcoes);
+void declaraFrase(CLI::App& comando, OpcoesDaChave& opcoes);
+///@}
+
+/// Throws Falha with the status given where the system has no MD5; before a key is read, since what refuses
+/// MD5 tends to refuse the key too.
+void exigeMd5(int situacao);
+
+/// The pass phrase of an encrypted key comes from its file, from COTEPE_PASSPHRASE, or from the terminal.
+/// Throws Falha with the status given.
+ChavePrivada leChavePrivada(const OpcoesDaChave& opcoes, int situacao);
+ChavePublica leChavePublica(const std::string& arquivo, int situacao);
+
+}  // namespace cotepe::programa

@@ -4,7 +4,7 @@
 #ifndef COTEPE_H
 #define COTEPE_H
 
-#include <stdint.h>
+#include <stdint.h> /* NOLINT(modernize-deprecated-headers): C has no other. */
 
 /** No function throws. */
 #if defined(__cplusplus) && __cplusplus >= 201103L

@@ -44,6 +44,7 @@ python() {
   precisa pytest-3
   pasta_nova python
   dados
+  grep -qx "version = \"$VERSAO\"" "$ligacoes/python/pyproject.toml" || falha "pyproject.toml has another version"
   PYTHONDONTWRITEBYTECODE=1 COTEPE_TEST_DATA=$PWD/dados pytest-3 -q -p no:cacheprovider "$ligacoes/python" || falha "pytest"
   export PYTHONPATH="$ligacoes/python" PYTHONDONTWRITEBYTECODE=1
   confere python3 "$ligacoes/python/example.py"

@@ -232,7 +232,7 @@ TEST_F(Verify, TheDatabaseIsNotWrittenAndNoFileIsLeft) {
 /// The command in this process, its output thrown away; its exit status.
 int verificaAqui(const std::string& banco, const std::string& relatorio) {
   CLI::App app;
-  const cotepe::programa::Execucao executa = cotepe::programa::declaraVerify(app);
+  const cotepe::programa::Acao executa = cotepe::programa::declaraVerify(app);
   app.parse("--quiet --max-findings 0 --db " + banco + ' ' + relatorio);
   try {
     executa();

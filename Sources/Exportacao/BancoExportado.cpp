@@ -175,7 +175,8 @@ void BancoExportado::descreveCampos() {
     }
 }
 
-void BancoExportado::registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) {
+void BancoExportado::registro(const ArquivoExportado& arquivo, const RegistroLido& lido,
+                              const LinhaTipada& linha) {
   const auto indice = static_cast<std::size_t>(lido.indice);
   sqlite3_stmt* comando = registros_[indice].get();
   sqlite3_bind_int64(comando, 1, arquivo.numero);
@@ -192,7 +193,8 @@ void BancoExportado::registro(const Arquivo& arquivo, const RegistroLido& lido, 
   if (!linha.repetidas().empty()) repetidas(arquivo, lido, linha);
 }
 
-void BancoExportado::repetidas(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) {
+void BancoExportado::repetidas(const ArquivoExportado& arquivo, const RegistroLido& lido,
+                               const LinhaTipada& linha) {
   for (const Repetida& repetida : linha.repetidas()) {
     const ColunaDaTabela& coluna = tabelas()[static_cast<std::size_t>(lido.indice)].colunas[repetida.coluna];
     sqlite3_bind_int64(repetido_.get(), 1, arquivo.numero);
@@ -204,14 +206,14 @@ void BancoExportado::repetidas(const Arquivo& arquivo, const RegistroLido& lido,
   }
 }
 
-void BancoExportado::literal(const Arquivo& arquivo, long linha, std::string_view bytes) {
+void BancoExportado::literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) {
   sqlite3_bind_int64(literal_.get(), 1, arquivo.numero);
   sqlite3_bind_int64(literal_.get(), 2, linha);
   exige(sqlite3_bind_blob(literal_.get(), 3, bytes.data(), static_cast<int>(bytes.size()), SQLITE_STATIC));
   passo(literal_.get());
 }
 
-void BancoExportado::arquivo(const Arquivo& arquivo) {
+void BancoExportado::arquivo(const ArquivoExportado& arquivo) {
   const std::string textos[] = {emUtf8(arquivo.nome), emUtf8(arquivo.fabricacao), emUtf8(arquivo.modelo),
                                 emUtf8(arquivo.cnpj), emUtf8(arquivo.comando)};
   sqlite3_bind_int64(arquivo_.get(), 1, arquivo.numero);

@@ -31,9 +31,9 @@ class BancoExportado final : public DestinoDaExportacao {
   BancoExportado(const BancoExportado&) = delete;
   BancoExportado& operator=(const BancoExportado&) = delete;
 
-  void registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) override;
-  void literal(const Arquivo& arquivo, long linha, std::string_view bytes) override;
-  void arquivo(const Arquivo& arquivo) override;
+  void registro(const ArquivoExportado& arquivo, const RegistroLido& lido, const LinhaTipada& linha) override;
+  void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) override;
+  void arquivo(const ArquivoExportado& arquivo) override;
 
   /// Indexes and views; then the database is whole, and closed but for one without a name.
   void conclui() override;
@@ -56,7 +56,7 @@ class BancoExportado final : public DestinoDaExportacao {
   void criaTabelas();
   void descreveCampos();
   void criaIndices();
-  void repetidas(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha);
+  void repetidas(const ArquivoExportado& arquivo, const RegistroLido& lido, const LinhaTipada& linha);
 
   std::string nome_;
   bool semNome_;

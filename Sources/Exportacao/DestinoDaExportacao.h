@@ -8,7 +8,7 @@
 namespace cotepe::exportacao {
 
 /// A report that is exported.
-struct Arquivo {
+struct ArquivoExportado {
   long numero = 0;  ///< from 1
   std::string nome;
   std::string fim;  ///< of its first line: LF, CR and LF, or nothing
@@ -24,13 +24,14 @@ class DestinoDaExportacao {
   virtual ~DestinoDaExportacao() = default;
 
   /// A line of a register.
-  virtual void registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) = 0;
+  virtual void registro(const ArquivoExportado& arquivo, const RegistroLido& lido,
+                        const LinhaTipada& linha) = 0;
 
   /// The bytes of a line that the values alone do not give again, its end included.
-  virtual void literal(const Arquivo& arquivo, long linha, std::string_view bytes) = 0;
+  virtual void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) = 0;
 
   /// The end of a report.
-  virtual void arquivo(const Arquivo& arquivo) = 0;
+  virtual void arquivo(const ArquivoExportado& arquivo) = 0;
 
   /// The end of the last one: all is written.
   virtual void conclui() = 0;

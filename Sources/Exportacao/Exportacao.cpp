@@ -11,7 +11,7 @@ constexpr long kLinhasEntrePulsos = 4096;
 
 const char* fimDe(const LinhaLida& linha) { return linha.semFim ? "" : linha.comCr ? "\r\n" : "\n"; }
 
-void identifica(Arquivo& arquivo, const RegistroLido& lido) {
+void identifica(ArquivoExportado& arquivo, const RegistroLido& lido) {
   const auto aprende = [&lido](std::string& texto, const char* rotulo) {
     if (texto.empty()) texto = semBrancosNoFim(lido.bytesDe(rotulo));
   };
@@ -37,7 +37,7 @@ void identifica(Arquivo& arquivo, const RegistroLido& lido) {
 void exporta(LeitorDeLinhas& linhas, long numero, const std::string& nome, DestinoDaExportacao& destino,
              const std::function<void()>& pulsa) {
   LeitorDeRegistros leitor(linhas);
-  Arquivo arquivo;
+  ArquivoExportado arquivo;
   arquivo.numero = numero;
   arquivo.nome = nome;
   LinhaTipada tipada;

@@ -75,7 +75,8 @@ void PastaDeCsv::abreRegistro(std::size_t indice) {
   registros_[indice]->escreve(titulos + '\n');
 }
 
-void PastaDeCsv::registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) {
+void PastaDeCsv::registro(const ArquivoExportado& arquivo, const RegistroLido& lido,
+                          const LinhaTipada& linha) {
   const auto indice = static_cast<std::size_t>(lido.indice);
   if (!registros_[indice]) abreRegistro(indice);
   const std::string numero = std::to_string(arquivo.numero) + ',' + std::to_string(lido.linha.numero);
@@ -92,7 +93,7 @@ void PastaDeCsv::registro(const Arquivo& arquivo, const RegistroLido& lido, cons
 }
 
 // As Latin-1 whatever it holds, so that every byte is one character.
-void PastaDeCsv::literal(const Arquivo& arquivo, long linha, std::string_view bytes) {
+void PastaDeCsv::literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) {
   linha_ = std::to_string(arquivo.numero) + ',' + std::to_string(linha);
   std::string texto;
   for (const char c : bytes) {
@@ -104,7 +105,7 @@ void PastaDeCsv::literal(const Arquivo& arquivo, long linha, std::string_view by
   escreve(literais_, "linhas_literais", "arquivo,linha,bytes\n");
 }
 
-void PastaDeCsv::arquivo(const Arquivo& arquivo) {
+void PastaDeCsv::arquivo(const ArquivoExportado& arquivo) {
   linha_ = std::to_string(arquivo.numero);
   for (const std::string* texto :
        {&arquivo.nome, &arquivo.fabricacao, &arquivo.modelo, &arquivo.cnpj, &arquivo.comando})

@@ -19,9 +19,9 @@ class PastaDeCsv final : public DestinoDaExportacao {
   /// Throws Falha as PastaSegura.
   PastaDeCsv(const std::string& destino, bool substitui);
 
-  void registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) override;
-  void literal(const Arquivo& arquivo, long linha, std::string_view bytes) override;
-  void arquivo(const Arquivo& arquivo) override;
+  void registro(const ArquivoExportado& arquivo, const RegistroLido& lido, const LinhaTipada& linha) override;
+  void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) override;
+  void arquivo(const ArquivoExportado& arquivo) override;
 
   /// The folder has its name then.
   void conclui() override;

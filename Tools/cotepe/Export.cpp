@@ -9,10 +9,12 @@
 #include "Exportacao/BancoExportado.h"
 #include "Exportacao/Exportacao.h"
 #include "Exportacao/PastaDeCsv.h"
+#include "Exportacao/Planilha.h"
 #include "Idioma/Idioma.h"
 #include "Sistema/ConflitoDeArquivos.h"
 #include "Sistema/PalavrasDoArquivo.h"
 #include "Sistema/Progresso.h"
+#include "Sistema/Sinais.h"
 #include "Valores.h"
 
 namespace cotepe::programa {
@@ -31,14 +33,15 @@ class Contado final : public DestinoDaExportacao {
  public:
   explicit Contado(DestinoDaExportacao& destino) : destino_(destino) {}
 
-  void registro(const Arquivo& arquivo, const RegistroLido& lido, const LinhaTipada& linha) override {
+  void registro(const ArquivoExportado& arquivo, const RegistroLido& lido,
+                const LinhaTipada& linha) override {
     destino_.registro(arquivo, lido, linha);
   }
-  void literal(const Arquivo& arquivo, long linha, std::string_view bytes) override {
+  void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) override {
     ++literais;
     destino_.literal(arquivo, linha, bytes);
   }
-  void arquivo(const Arquivo& arquivo) override {
+  void arquivo(const ArquivoExportado& arquivo) override {
     linhas += arquivo.linhas;
     destino_.arquivo(arquivo);
   }
@@ -102,8 +105,31 @@ void exportaEmCsv(const OpcoesDoExport& opcoes) {
   diz(opcoes, contado, progresso);
 }
 
+// Through a database that is gone afterwards, which has the views.
+void exportaEmPlanilha(const OpcoesDoExport& opcoes) {
+  if (!fazPlanilhas())
+    throw Falha(kUsoErrado,
+                traduz("--to xlsx: this cotepe was built without libxlsxwriter; use sqlite or csv"));
+  emPalavras([&opcoes] {
+    exigeDestino(opcoes.saida, opcoes.substitui);
+    Progresso progresso(opcoes.calado);
+    BancoExportado banco("", opcoes.saida);
+    Contado contado(banco);
+    leTodos(opcoes, contado, progresso);
+    ArquivoSeguro arquivo(opcoes.saida);
+    escrevePlanilha(banco.banco(), arquivo.temporario(), opcoes.saida, [&progresso] {
+      paraSeInterrompido();
+      progresso.pulsa();
+    });
+    progresso.limpa();
+    arquivo.publica(opcoes.saida, opcoes.substitui);
+    diz(opcoes, contado, progresso);
+  });
+}
+
 void executa(const OpcoesDoExport& opcoes) {
   exigeOutroArquivo(opcoes);
+  if (opcoes.formato == "xlsx") return exportaEmPlanilha(opcoes);
   if (opcoes.formato == "sqlite") return exportaEmBanco(opcoes);
   exportaEmCsv(opcoes);
 }
@@ -113,11 +139,13 @@ void executa(const OpcoesDoExport& opcoes) {
 Acao declaraExport(CLI::App& comando) {
   const auto o = std::make_shared<OpcoesDoExport>();
   comando.add_option("REPORT", o->relatorios, traduz("The reports; - for stdin"))->required();
-  comando.add_option("--to", o->formato, traduz("sqlite (a database) or csv (a folder of files)"))
+  comando
+      .add_option("--to", o->formato,
+                  traduz("sqlite (a database), csv (a folder of files) or xlsx (a spreadsheet)"))
       ->type_name("FORMAT")
-      ->transform(escolha({"sqlite", "csv"}))
+      ->transform(escolha({"sqlite", "csv", "xlsx"}))
       ->required();
-  comando.add_option("-o,--output", o->saida, traduz("The database or the folder to make"))
+  comando.add_option("-o,--output", o->saida, traduz("The database, the folder or the spreadsheet to make"))
       ->type_name("OUT")
       ->check([](const std::string& texto) { return texto.empty() ? traduz("empty name") : ""; })
       ->required();

@@ -36,7 +36,7 @@ constexpr struct {
     {"show", marca("Print the records of a report by label and value"), declaraShow},
     {"explain", marca("Say what a line of a report means, field by field"), declaraExplain},
     {"report", marca("Make a page of a report that opens in any browser"), declaraReport},
-    {"export", marca("Turn reports into tables: a database, or CSV files"), declaraExport},
+    {"export", marca("Turn reports into tables: a database, CSV files, a spreadsheet"), declaraExport},
     {"diff", marca("Compare two reports, record by record"), declaraDiff},
     {"verify", marca("Prove that a report is what the database says"), declaraVerify},
 #ifdef COTEPE_ASSINA

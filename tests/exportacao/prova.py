@@ -1,6 +1,7 @@
 """What cotepe export makes, read by others: nothing is lost, and the views say what the report says."""
 
 import csv
+import datetime
 import os
 import pathlib
 import random
@@ -9,6 +10,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zipfile
 
 PULADO = 77
 try:
@@ -222,6 +224,51 @@ class EmCsv(Pasta):
                 self.assertEqual(len(self.le(nome)), iguais, nome)
 
 
+class EmPlanilha(Pasta):
+    def abre(self, conteudo):
+        (self.pasta / "r.txt").write_bytes(conteudo)
+        feito = subprocess.run([PROGRAMA, "export", "r.txt", "--to", "xlsx", "-o", "r.xlsx", "--force", "--quiet"],
+                               cwd=self.pasta, capture_output=True)
+        if b"without libxlsxwriter" in feito.stderr:
+            self.skipTest("built without libxlsxwriter")
+        self.assertEqual(feito.returncode, 0, feito.stderr)
+        try:
+            import openpyxl
+        except ImportError:
+            self.skipTest("python3-openpyxl is not installed; scripts/install-deps installs it")
+        return openpyxl.load_workbook(self.pasta / "r.xlsx")
+
+    def linhas(self, folha):
+        titulos, *linhas = folha.iter_rows(values_only=True)
+        return [dict(zip(titulos, linha)) for linha in linhas]
+
+    def test_a_sheet_a_register_and_the_views(self):
+        bom = (RELATORIOS / "leiaute1.txt").read_bytes()
+        livro = self.abre(bom)
+        registros = sorted({linha[:3].decode() for linha in bom.splitlines()})
+        self.assertEqual(livro.sheetnames, ["arquivo", "dia", "cupom", "item", "pagamento_por_meio",
+                                            "totalizador_por_aliquota", *registros])
+        maria = self.linhas(livro["E14"])[0]
+        self.assertEqual((maria["linha"], maria["ccf"], maria["subtotal"], maria["nome_consumidor"],
+                          maria["cpf_cnpj_consumidor"], maria["data_emissao"]),
+                         (20, 31, 30.0, "MARIA DA SILVA", "00052998224725", datetime.datetime(2024, 1, 2)))
+        self.assertEqual([linha["quantidade"] for linha in self.linhas(livro["E15"])], [2, 1.25, 1, 1, 1])
+        self.assertEqual([(d["venda_bruta"], d["venda_liquida"]) for d in self.linhas(livro["dia"])], [(38, 34), (7, 0)])
+        self.assertEqual(livro["dia"]["F2"].number_format, "#,##0.00")
+
+    def test_hostile_texts_are_texts(self):
+        bom = (RELATORIOS / "leiaute1.txt").read_bytes()
+        livro = self.abre(bom.replace(b"ARROZ       ", b"=1+1\0\x01\xe7   ") + b"E99 \xe7\x00\n")
+        celulas = [c for linha in livro["E15"].iter_rows() for c in linha if str(c.value).startswith("=1+1")]
+        self.assertEqual(len(celulas), 1)
+        with zipfile.ZipFile(self.pasta / "r.xlsx") as pacote:  # a formula would stand in an element of its own
+            folhas = [nome for nome in pacote.namelist() if nome.startswith("xl/worksheets/sheet")]
+            self.assertGreater(len(folhas), 20)
+            self.assertFalse([nome for nome in folhas if b"<f>" in pacote.read(nome)])
+        self.assertIn("\u2400", celulas[0].value)
+        self.assertIn("E99 \xe7\u2400", livro["linha_literal"]["C3"].value + livro["linha_literal"]["C2"].value)
+
+
 class InteiroOuNada(Pasta):
     def setUp(self):
         super().setUp()
@@ -244,7 +291,7 @@ class InteiroOuNada(Pasta):
         self.assertEqual(sorted(os.listdir(self.pasta)), ["r.txt", "saida"])
 
     def test_a_report_that_cannot_be_read_leaves_nothing(self):
-        for formato in ("sqlite", "csv"):
+        for formato in ("sqlite", "csv", "xlsx"):
             self.roda("export", "r.txt", "none.txt", "--to", formato, "-o", "saida", situacao=2)
             self.assertEqual(os.listdir(self.pasta), ["r.txt"])
 

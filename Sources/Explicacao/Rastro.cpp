@@ -88,9 +88,9 @@ void Rastro::falha(const char* mensagem) {
 long Rastro::vezDaFila(int consulta, std::size_t fila) const {
   const Fila& esta = filas(consulta)[fila];
   if (guardaTodas_)
-    return std::count(filas(consulta).begin(),
-                      filas(consulta).begin() + static_cast<std::ptrdiff_t>(fila) + 1, esta);
-  return consulta == ultima_ ? std::count(iguais_.begin(), iguais_.end(), esta) : 1;
+    return static_cast<long>(std::count(
+        filas(consulta).begin(), filas(consulta).begin() + static_cast<std::ptrdiff_t>(fila) + 1, esta));
+  return consulta == ultima_ ? static_cast<long>(std::count(iguais_.begin(), iguais_.end(), esta)) : 1;
 }
 
 }  // namespace cotepe

@@ -49,7 +49,7 @@ std::string idiomaPedido() {
     break;
   }
   const char* preferido = std::getenv("LANGUAGE");
-  const bool semIdioma = local.empty() || local == "C" || local == "POSIX" || local.compare(0, 2, "C.") == 0;
+  const bool semIdioma = local.empty() || local == "C" || local == "POSIX";
   return semIdioma || preferido == nullptr || *preferido == '\0' ? local : preferido;
 }
 

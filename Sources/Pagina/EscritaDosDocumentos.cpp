@@ -69,7 +69,7 @@ class EscritorDeDias {
   void documento(const Fita& fita, std::string_view tambem) {
     vaiAoDia(fita.pedaco().dia);
     titulo_ = fita.html().substr(0, fita.html().find('\0'));
-    folhas_.marca(fita.pedaco().linha);
+    folhas_.marca(static_cast<long>(fita.pedaco().linha));
     folhas_.escreve("<details class=\"doc\" id=\"l" + std::to_string(fita.pedaco().linha) + "\"><summary>");
     folhas_.escreve(titulo_);
     folhas_.escreve("</summary>");
@@ -89,7 +89,7 @@ class EscritorDeDias {
                         traduz("continued") + "</span></summary>");
       folhas_.escreve(tabelaAberta);
     }
-    folhas_.marca(fita.pedaco().linha);
+    folhas_.marca(static_cast<long>(fita.pedaco().linha));
     folhas_.escreve(fita.html());
   }
 
@@ -216,7 +216,7 @@ void Documentos::escreve(Folhas& folhas, const ResumoDoRelatorio& resumo) {
       // Most stand in E16 too, with the hour.
       std::string tambem;
       if (outro.ha() && outro.chave() == coo) {
-        folhas.marca(outro->pedaco().linha);
+        folhas.marca(static_cast<long>(outro->pedaco().linha));
         std::string html(outro->html());
         html[html.find('\0')] = ' ';
         tambem = "<div class=\"tambem\" id=\"l" + std::to_string(outro->pedaco().linha) + "\">E16: " + html +

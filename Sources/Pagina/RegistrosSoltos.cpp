@@ -104,7 +104,7 @@ void RegistrosSoltos::escreveTabela(Folhas& folhas, std::size_t indice) {
       abreFolha(folhas);
       folhas.escreve(abertura);
     }
-    folhas.marca(fita.pedaco().linha);
+    folhas.marca(static_cast<long>(fita.pedaco().linha));
     folhas.escreve(fita.html());
   }
   folhas.escreve("</tbody></table></div></details>\n");

@@ -132,8 +132,10 @@ std::vector<std::string> Bancada::gera(const std::string& comando) {
   char nome[] = "relatorio-XXXXXX";
   const int descritor = mkstemp(nome);
   EXPECT_GE(descritor, 0);
-  FILE* arquivo = fdopen(descritor, "r");
+  close(descritor);
   resultado = gerador_.GeraRegistrosTipoE(nome, inicial_.c_str(), final_.c_str(), comando.c_str());
+  FILE* arquivo = std::fopen(nome, "rb");
+  if (arquivo == nullptr) return {};
   const std::string texto = conteudo(arquivo);
   std::fclose(arquivo);
   unlink(nome);

@@ -18,6 +18,7 @@ void LeituraDaPagina::linha(const RegistroLido& lido) {
   resumidor_.linha(lido);
   const LinhaLida& linha = lido.linha;
   cortada_ = cortada_ || linha.texto.size() != linha.tamanho;
+  comAssinatura_ = comAssinatura_ || linha.texto.substr(0, 3) == "EAD";
   digestos_.soma(linha.texto);
   if (!linha.semFim) digestos_.soma(linha.comCr ? "\r\n" : "\n");
   if (comRegistros_ && !documentos_.acrescenta(lido)) registros_.acrescenta(lido);

@@ -29,6 +29,8 @@ class LeituraDaPagina {
   const ResumoDoRelatorio& resumo() const { return resumo_; }
   const AchadosAgrupados& achados() const { return achados_; }
   const Digestos& digestos() const { return digestos_; }
+  /// Whether a line of the file is a signature's.
+  bool comAssinatura() const { return comAssinatura_; }
   Documentos& documentos() { return documentos_; }
   RegistrosSoltos& registros() { return registros_; }
 
@@ -38,6 +40,7 @@ class LeituraDaPagina {
   std::string nome_;
   bool comRegistros_;
   bool cortada_ = false;  // a line was longer than is kept: its digest cannot be known
+  bool comAssinatura_ = false;
   Resumidor resumidor_;
   ResumoDoRelatorio resumo_;
   AchadosAgrupados achados_;

@@ -15,6 +15,13 @@
 #include "Sistema/Progresso.h"
 #include "Verificacao/Verificacao.h"
 
+#ifdef COTEPE_ASSINA
+#include "ArquivoLido.h"
+#include "Assinatura/Laudo.h"
+#include "FalhasDaAssinatura.h"
+#include "OpcoesDaChave.h"
+#endif
+
 namespace cotepe::programa {
 namespace {
 
@@ -22,7 +29,7 @@ using namespace cotepe::pagina;
 
 struct OpcoesDoReport {
   std::vector<std::string> relatorios;
-  std::string saida, banco;
+  std::string saida, banco, chave;
   int espera = 5000;  // milliseconds
   bool dividida = false, mascara = false, substitui = false, calado = false;
 };
@@ -35,7 +42,7 @@ void confere(const OpcoesDoReport& opcoes) {
                   frase("--output {1} is a report to read; choose another --output", {opcoes.saida}));
   if (!opcoes.banco.empty() && pertenceAoBanco(opcoes.saida, opcoes.banco))
     throw Falha(kUsoErrado, frase("--output {1} is the database; choose another --output", {opcoes.saida}));
-  if (!opcoes.banco.empty()) exigeRelatorioRelivel(opcoes.relatorios.front());
+  if (!opcoes.banco.empty() || !opcoes.chave.empty()) exigeRelatorioRelivel(opcoes.relatorios.front());
 }
 
 void le(LeituraDaPagina& lida, const std::string& caminho, Progresso& progresso) {
@@ -67,6 +74,36 @@ void verifica(const OpcoesDoReport& opcoes, const LeituraDaPagina& lida, Achados
   }
 }
 
+// What can be told of the signature in words; nothing of a file without one.
+std::string estadoDaAssinatura(const OpcoesDoReport& opcoes, const LeituraDaPagina& lida) {
+  if (!lida.comAssinatura()) return opcoes.chave.empty() ? "" : traduz("there is none");
+  if (opcoes.chave.empty()) return traduz("there is one, not verified: no public key was given");
+#ifdef COTEPE_ASSINA
+  exigeMd5(kUsoErrado);
+  const ChavePublica chave = leChavePublica(opcoes.chave, kUsoErrado);
+  const std::string& relatorio = opcoes.relatorios.front();
+  const auto abre = [&relatorio]() -> LeituraDeBytes {
+    return [arquivo = std::make_shared<ArquivoLido>(relatorio, kUsoErrado)](
+               char* destino, std::size_t tamanho) { return arquivo->le(destino, tamanho); };
+  };
+  try {
+    switch (verifica(abre, chave).parecer) {
+      case Parecer::Valida:
+        return traduz("valid: the file is what was signed with the key given");
+      case Parecer::Alterada:
+        return traduz("changed: file and signature do not agree");
+      case Parecer::NaoSeSabe:
+        break;
+    }
+    return traduz("cannot be told: see cotepe verify-signature");
+  } catch (const ErroDaAssinatura& erro) {
+    throw falhaDaAssinatura(erro, relatorio, kUsoErrado);
+  }
+#else
+  return {};
+#endif
+}
+
 // "AAAAMMDD HHMMSS" for people.
 std::string momentoParaPessoas() {
   const std::string m = momentoAtual();
@@ -96,6 +133,7 @@ void executa(const OpcoesDoReport& opcoes) {
   conteudo.banco = opcoes.banco.empty() ? nullptr : &banco;
   conteudo.momento = momentoParaPessoas();
   conteudo.feitaPor = "cotepe " COTEPE_VERSAO;
+  conteudo.assinatura = estadoDaAssinatura(opcoes, lida);
   progresso.etapa(opcoes.saida);
   escrevePagina(conteudo, folhas);
   progresso.limpa();
@@ -123,6 +161,10 @@ Acao declaraReport(CLI::App& comando) {
           traduz("Fiscal database of the report: whether it says the same, sales by hour, grand totals"))
       ->type_name("FILE");
   declaraEspera(comando, o->espera);
+#ifdef COTEPE_ASSINA
+  comando.add_option("--public-key", o->chave, traduz("Public key of the one who signed: PEM or XML"))
+      ->type_name("FILE");
+#endif
   comando.add_flag("--split", o->dividida, traduz("A folder with a page a day, each below 5 MB"));
   comando.add_flag("--mask", o->mascara,
                    traduz("Hide what tells about consumers: name, CPF or CNPJ, texts of the coupon"));

@@ -207,6 +207,22 @@ class Pagina(Pasta):
         self.assertNotIn("The report is what the database says.", self.pagina(estragado, "--db", "a.db"))
         self.assertIn("give the database with --db to have the hours", self.pagina(estragado))
 
+    def test_the_state_of_the_signature(self):
+        (self.pasta / "r.txt").write_bytes(BOM)
+        feito = subprocess.run([PROGRAMA, "sign", "--help"], capture_output=True)
+        if feito.returncode != 0 or not shutil.which("openssl"):
+            self.skipTest("built without signatures, or there is no openssl")
+        subprocess.run(["openssl", "genrsa", "-traditional", "-out", "k.pem", "1024"], cwd=self.pasta, check=True, capture_output=True)
+        subprocess.run(["openssl", "rsa", "-in", "k.pem", "-pubout", "-out", "p.pem"], cwd=self.pasta, check=True,
+                       capture_output=True)
+        self.roda("sign", "r.txt", "--key", "k.pem", "--output", "s.txt")
+        assinado = (self.pasta / "s.txt").read_bytes()
+        self.assertNotIn("<dt>Signature</dt>", self.pagina(BOM))
+        self.assertIn("<dt>Signature</dt><dd>there is one, not verified", self.pagina(assinado))
+        self.assertIn("<dt>Signature</dt><dd>valid: ", self.pagina(assinado, "--public-key", "p.pem"))
+        self.assertIn("<dt>Signature</dt><dd>changed: ",
+                      self.pagina(assinado.replace(b"ARROZ", b"ARROS"), "--public-key", "p.pem"))
+
     def test_an_outlier_is_marked(self):
         def linha(dia, venda, cancelado):
             crz = f"{dia:06d}"

@@ -25,6 +25,9 @@ install(TARGETS cotepe_compartilhada cotepe_estatica Host EXPORT cotepe
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT biblioteca NAMELINK_COMPONENT desenvolvimento
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desenvolvimento
   INCLUDES DESTINATION ${cotepe_cabecalhos})
+if(COTEPE_SIGN)
+  include(cmake/InstalacaoDaAssinatura.cmake)
+endif()
 install(EXPORT cotepe FILE cotepeTargets.cmake NAMESPACE cotepe:: DESTINATION ${cotepe_pacote}
   COMPONENT desenvolvimento)
 
@@ -42,7 +45,7 @@ install(FILES ${PROJECT_BINARY_DIR}/cotepeConfig.cmake ${PROJECT_BINARY_DIR}/cot
 # The package may be moved: its files find the prefix from their own place.
 file(RELATIVE_PATH cotepe_da_pasta_pc /prefixo/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefixo)
 string(REGEX REPLACE "/$" "" cotepe_da_pasta_pc ${cotepe_da_pasta_pc})
-foreach(pc cotepe.pc cotepe-static.pc cotepe-host.pc)
+foreach(pc cotepe.pc cotepe-static.pc cotepe-host.pc ${cotepe_pc_da_assinatura})
   configure_file(cmake/${pc}.in ${pc} @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${pc} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT desenvolvimento)
 endforeach()

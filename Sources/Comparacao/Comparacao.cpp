@@ -128,8 +128,11 @@ RegistroLido Comparacao::Guardado::vista() const {
 }
 
 void Comparacao::Lado::avanca() {
-  ha = registros.proximo(lido);
+  do ha = registros.proximo(lido);
+  while (ha && lido.assinatura());
   if (!ha) return;
+  if (lido.linha.numero == 1) crlf = lido.linha.comCr;
+  if (crlf) lido.linha.comCr = false;
   if (lido.indice >= 0) bloco = static_cast<std::size_t>(lido.indice) + 1;
   ordem = ++ordens[static_cast<std::size_t>(lido.indice) + 1];
 }

@@ -15,6 +15,9 @@ namespace cotepe {
 /// keys in the order of the file. Memory: the lines of the registers under way whose partner has not come
 /// yet; none for files that are equal, at most the records of one register where nothing matches.
 ///
+/// A report as it is delivered is the same as the plain one: CR and LF throughout and the EAD line count for
+/// nothing.
+///
 /// Each difference is one finding about the second report. Its rule: "field", "missing" and "added" (a whole
 /// record), "line" (bytes behind the last field, or too many to compare), "line-end", "order" (a record out
 /// of its place), and once, at the end, "layout" for records whose values are the same in fields of other
@@ -56,6 +59,7 @@ class Comparacao {
     LeitorDeRegistros registros;
     RegistroLido lido;
     bool ha = true;
+    bool crlf = false;      // every line has CR and LF, as delivered: no difference of the lines
     std::size_t bloco = 0;  // from 1: the register of the line, or of the line before where it has none
     long ordem = 0;         // of the record in its register
     int adiante = 0;        // how many lines were taken while the other side was in an earlier register

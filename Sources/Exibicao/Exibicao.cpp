@@ -69,6 +69,7 @@ class EmTexto final : public Base {
  private:
   static std::string titulo(const RegistroLido& lido) {
     const std::string numero = std::to_string(lido.linha.numero);
+    if (lido.assinatura()) return frase("line {1}: the signature of the report (EAD)", {numero});
     if (lido.registro == nullptr) return frase("line {1}: of no register", {numero});
     const char* modelo = !lido.medidaCerta ? marca("{1}, line {2}: {3} ({4} bytes instead of {5})")
                          : lido.vazio      ? marca("{1}, line {2}: {3} (placeholder)")

@@ -23,6 +23,9 @@ struct RegistroLido {
   int comprimento = 0;  ///< that was expected
   bool vazio = false;   ///< a placeholder record
 
+  /// Whether it is the line of a signature, which a delivered report has behind its records.
+  bool assinatura() const { return registro == nullptr && linha.texto.substr(0, 3) == "EAD"; }
+
   /// The bytes of a field, counted from 0 among those on the line; valid as long as the line.
   std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
 

@@ -63,8 +63,7 @@ class Resumidor::Registros {
   Coluna data11_{kE11, "Data de geração"}, hora11_{kE11, "Hora de geração"};
   Coluna crz12_{kE12, "CRZ"}, cro12_{kE12, "CRO"}, data12_{kE12, "Data do movimento"},
       venda12_{kE12, "Venda bruta diária"};
-  Coluna crz13_{kE13, "CRZ"}, totalizador13_{kE13, "Totalizador parcial"},
-      valor13_{kE13, "Valor acumulado"};
+  Coluna crz13_{kE13, "CRZ"}, totalizador13_{kE13, "Totalizador parcial"}, valor13_{kE13, "Valor acumulado"};
   Coluna ccf14_{kE14, "CCF"}, coo14_{kE14, "COO"}, data14_{kE14, "Data de emissão"},
       desconto14_{kE14, "Desconto"}, acrescimo14_{kE14, "Acréscimo"}, total14_{kE14, "Valor total líquido"},
       cancelado14_{kE14, "Cancelado (S/N)"};
@@ -87,6 +86,7 @@ void Resumidor::Registros::linha(const RegistroLido& lido) {
   ++resumo.linhas;
   resumo.bytes =
       lido.linha.posicao + lido.linha.tamanho + (lido.linha.comCr ? 1 : 0) + (lido.linha.semFim ? 0 : 1);
+  if (lido.assinatura()) return;
   if (lido.registro == nullptr) {
     ++resumo.desconhecidas;
     return;

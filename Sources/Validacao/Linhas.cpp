@@ -7,7 +7,7 @@
 namespace cotepe {
 
 const Regra validacao::kFimDeLinha{"line-end", Severidade::Aviso,
-                                   marca("Every line ends with a line-feed alone, the last one too."),
+                                   marca("Every line ends as the first one does, the last one too."),
                                    marca("the file was converted or cut: take it as it was generated")};
 const Regra validacao::kRegistroDesconhecido{"unknown-register", Severidade::Erro,
                                              marca("Every line begins with the code of a register."),
@@ -24,7 +24,10 @@ class RegrasDeLinhas final : public Familia {
   explicit RegrasDeLinhas(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
-    if (lido.linha.comCr && !comCr_) fimComCr(lido);
+    confereFim(lido);
+    if (assinada_) confereDepois(lido);
+    assinada_ = assinada_ || lido.assinatura();
+    if (lido.assinatura()) return;
     if (lido.linha.semFim)
       relator_.naLinha(validacao::kFimDeLinha, lido, traduz("the end of the file"),
                        traduz("a line-feed before it"));
@@ -38,15 +41,27 @@ class RegrasDeLinhas final : public Familia {
   }
 
  private:
-  // A converted file has it on every line: said once.
-  void fimComCr(const RegistroLido& lido) {
-    comCr_ = true;
-    relator_.naLinha(validacao::kFimDeLinha, lido, traduz("CR and LF, as maybe on other lines"),
-                     traduz("LF alone"));
+  // CR and LF on every line is how a report is delivered; where ends are mixed it is said once.
+  void confereFim(const RegistroLido& lido) {
+    if (lido.linha.numero == 1) comCr_ = lido.linha.comCr;
+    if (misturados_ || lido.linha.semFim || lido.linha.comCr == comCr_) return;
+    misturados_ = true;
+    relator_.naLinha(
+        validacao::kFimDeLinha, lido,
+        comCr_ ? traduz("LF alone, as maybe on other lines") : traduz("CR and LF, as maybe on other lines"),
+        comCr_ ? traduz("CR and LF") : traduz("LF alone"));
+  }
+
+  // The signature is the end of a report: what follows it is not signed. Said once.
+  void confereDepois(const RegistroLido& lido) {
+    if (depois_) return;
+    depois_ = true;
+    relator_.naLinha(validacao::kRegistroDesconhecido, lido, traduz("a line behind the EAD line"),
+                     traduz("the end of the file"));
   }
 
   Relator& relator_;
-  bool comCr_ = false;
+  bool comCr_ = false, misturados_ = false, assinada_ = false, depois_ = false;
 };
 
 }  // namespace

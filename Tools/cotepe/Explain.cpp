@@ -58,6 +58,11 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   while (linhas < lugar.linha && registros.proximo(lido)) ++linhas;
   relatorio.confereLeitura();
   if (linhas < lugar.linha) naoTemLinha(relatorio.nome(), lugar.linha, linhas);
+  if (lido.assinatura())
+    throw Falha(kUsoErrado,
+                frase("{1}: the line is the signature of the report; cotepe verify-signature says "
+                      "whether it is good",
+                      {lugarComLinha(relatorio.nome(), lugar)}));
   if (lido.registro == nullptr)
     throw Falha(kUsoErrado,
                 frase("{1}: the line does not begin with the code of a register; cotepe validate says more",

@@ -1,6 +1,7 @@
 // cotepe generate: the report of a period.
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "ArquivoDeLog.h"
@@ -13,6 +14,7 @@
 #include "OpcoesDoGenerate.h"
 #include "OpcoesDoPedido.h"
 #include "Saida.h"
+#include "SaidaEntregue.h"
 #include "Sistema/Arquivo.h"
 #include "Sistema/Falha.h"
 #include "Sistema/Progresso.h"
@@ -41,6 +43,14 @@ void declaraSaida(CLI::App& comando, OpcoesDoGenerate& o) {
       .add_option("--output", o.saida, traduz("The report; - is stdout (COMMANDserial_yyyymmdd_hhmmss.TXT)"))
       ->type_name("FILE")
       ->check([](const std::string& texto) { return texto.empty() ? traduz("empty name") : ""; });
+  comando
+      .add_option("--deliver", o.entrega,
+                  traduz("Write the report to this folder as it is handed in: CR/LF, and the law's name"))
+      ->type_name("FOLDER")
+      ->check([](const std::string& texto) { return texto.empty() ? traduz("empty name") : ""; });
+#ifdef COTEPE_ASSINA
+  declaraChave(comando, o.chave);
+#endif
   comando.add_flag("--force", o.substitui, traduz("Replace the report if it exists"));
   comando.add_flag("--keep-partial", o.guardaParcial, traduz("Keep an incomplete report as FILE.partial"));
   comando.add_option("--log", o.log, traduz("Append failed queries to this file (stderr)"))
@@ -63,10 +73,25 @@ void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
               frase("cannot open the log {1}: {2}; choose another --log", {arquivo, motivoDoSistema(errno)}));
 }
 
-std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento) {
+// How the report is delivered; nothing where it is not.
+Preparo preparoDe(const OpcoesDoGenerate& opcoes) {
+  if (opcoes.entrega.empty()) return nullptr;
+#ifdef COTEPE_ASSINA
+  if (!opcoes.chave.arquivo.empty()) return preparoComAssinatura(opcoes.chave);
+#endif
+  return preparaSemAssinatura;
+}
+
+std::unique_ptr<Saida> abreSaida(const OpcoesDoGenerate& opcoes, sqlite3* banco, const std::string& momento,
+                                 const Preparo& preparo) {
   if (opcoes.paraStdout()) return saidaPadrao();
   if (!opcoes.semNome()) return saidaEmArquivo(opcoes.saida, "", opcoes.substitui, opcoes.guardaParcial);
   const NomeDoRelatorio nome(opcoes.comando, numeroDeFabricacao(banco, opcoes.identidade.serial), momento);
+  if (preparo) {
+    const std::string destino = (std::filesystem::path(opcoes.entrega) / nome.completo).string();
+    exigeArquivosDistintos(opcoes, destino);
+    return saidaEntregue(destino, nome.origem, opcoes.substitui, opcoes.guardaParcial, preparo);
+  }
   exigeArquivosDistintos(opcoes, nome.completo);
   return saidaEmArquivo(nome.completo, nome.origem, opcoes.substitui, opcoes.guardaParcial);
 }
@@ -137,12 +162,13 @@ std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatori
 void executa(const OpcoesDoGenerate& opcoes) {
   const PeriodoDaGeracao periodo = confere(opcoes);
   if (!opcoes.semNome()) exigeArquivosDistintos(opcoes, opcoes.saida);
+  const Preparo preparo = preparoDe(opcoes);
   ArquivoDeLog log;
   abreLog(log, opcoes.log);
   Progresso progresso(opcoes.calado);
   const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera));
   const std::string momento = momentoAtual();
-  const auto saida = abreSaida(opcoes, banco.banco(), momento);
+  const auto saida = abreSaida(opcoes, banco.banco(), momento, preparo);
   HospedeiroDoPrograma hospedeiro(opcoes.identidade, momento, banco.banco(), log, progresso);
   ouAbandona(*saida, [&] {
     gera(opcoes, periodo, banco.banco(), hospedeiro, *saida);

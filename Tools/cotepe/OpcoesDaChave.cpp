@@ -1,7 +1,10 @@
 #include "OpcoesDaChave.h"
 
 #include <cstdlib>
+#include <memory>
+#include <utility>
 
+#include "Assinatura/Assinatura.h"
 #include "Assinatura/Chaves.h"
 #include "Assinatura/Md5.h"
 #include "Assinatura/TextoDeChave.h"
@@ -81,6 +84,18 @@ ChavePrivada leChavePrivada(const OpcoesDaChave& opcoes, int situacao) {
   } catch (const ErroDaAssinatura& erro) {
     throw falhaDaAssinatura(erro, opcoes.arquivo, situacao);
   }
+}
+
+Preparo preparoComAssinatura(const OpcoesDaChave& opcoes) {
+  exigeMd5(kNaoAbre);
+  auto chave = std::make_shared<ChavePrivada>(leChavePrivada(opcoes, kNaoAbre));
+  return [chave = std::move(chave), opcoes](const LeituraDeBytes& le, const EscritaDeBytes& escreve) {
+    try {
+      assina(le, escreve, {chave.get(), opcoes.formaDoBloco(), true});
+    } catch (const ErroDaAssinatura& erro) {
+      throw falhaDaAssinatura(erro, opcoes.arquivo, kNaoEscreve);
+    }
+  };
 }
 
 ChavePublica leChavePublica(const std::string& arquivo, int situacao) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Assinatura/BlocoAssinado.h"
+#include "SaidaEntregue.h"
 
 namespace cotepe {
 class ChavePrivada;
@@ -32,6 +33,9 @@ void exigeMd5(int situacao);
 /// The pass phrase of an encrypted key comes from its file, from COTEPE_PASSPHRASE, or from the terminal.
 /// Throws Falha with the status given.
 ChavePrivada leChavePrivada(const OpcoesDaChave& opcoes, int situacao);
+/// Reads the key at once; what it returns signs a report. Throws Falha (kNaoAbre).
+Preparo preparoComAssinatura(const OpcoesDaChave& opcoes);
+
 ChavePublica leChavePublica(const std::string& arquivo, int situacao);
 
 }  // namespace cotepe::programa

@@ -34,6 +34,10 @@ PeriodoDaGeracao confere(const OpcoesDoGenerate& opcoes) {
   const auto [de, ate] = periodoInteiro(opcoes.periodo);
   if (opcoes.guardaParcial && opcoes.paraStdout())
     usoErrado(traduz("--keep-partial needs a file to keep, and --output - is none"));
+  if (!opcoes.entrega.empty() && !opcoes.semNome())
+    usoErrado(traduz("--deliver names the report itself; leave out --output"));
+  if (opcoes.entrega.empty() && !opcoes.chave.arquivo.empty())
+    usoErrado(traduz("--key needs --deliver; cotepe sign signs a report that is there"));
   exigeTexto("--serial", opcoes.identidade.serial, 20);
   exigeTexto("--model", opcoes.identidade.modelo, 20);
   exigeTexto("--type", opcoes.identidade.tipo, 7);

@@ -7,11 +7,14 @@
 #include "Corrida/Dia.h"
 #include "Corrida/HospedeiroDoPrograma.h"
 #include "OpcoesComuns.h"
+#include "OpcoesDaChave.h"
 
 namespace cotepe::programa {
 
 /// As the command line gives it.
 struct OpcoesDoGenerate {
+  std::string entrega;  // the folder of --deliver
+  OpcoesDaChave chave;
   std::string banco, comando = "TDM", saida, log, versaoSb;
   OpcoesDePeriodo periodo;
   Identidade identidade;

@@ -3,6 +3,7 @@
 
 #include "Comandos.h"
 #include "Entrada/RelatorioLido.h"
+#include "FormaEntregue.h"
 #include "Idioma/Idioma.h"
 #include "OpcoesDeAchados.h"
 #include "Sistema/Falha.h"
@@ -14,6 +15,7 @@ namespace {
 struct OpcoesDoValidate {
   std::string arquivo;
   OpcoesDeAchados achados;
+  bool entregue = false;
 };
 
 void executa(const OpcoesDoValidate& opcoes) {
@@ -23,7 +25,12 @@ void executa(const OpcoesDoValidate& opcoes) {
   const Supressoes desligadas = regrasDesligadas(opcoes.achados, validacao::kRegras, "validate");
   RelatorioLido relatorio(opcoes.arquivo);
   const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
-    Validacao(saida, {relatorio.nome(), desligadas}).valida(relatorio.linhas());
+    FormaEntregue forma(saida, relatorio.nome());
+    const auto observa = [&](const RegistroLido& lido, const LeitorDeRegistros& /*leitor*/) {
+      if (opcoes.entregue) forma.linha(lido);
+    };
+    Validacao(saida, {relatorio.nome(), desligadas}).valida(relatorio.linhas(), observa);
+    if (opcoes.entregue) forma.fim();
   });
   relatorio.confereLeitura();
   if (total > 0)
@@ -38,6 +45,8 @@ Acao declaraValidate(CLI::App& comando) {
   comando.add_option("FILE", o->arquivo, traduz("The report; - for stdin"));
   declaraAchados(comando, o->achados);
   declaraRegras(comando, o->achados);
+  comando.add_flag("--delivered", o->entregue,
+                   traduz("Hold the report to the form in which it is handed in, too"));
   comando.footer(traduz(
       "Exit status: 0 nothing found, 1 findings, 2 could not run, 4 writing failed.\n"
       "Memory does not grow with the report: what it must remember of coupons stands in a temporary file."));

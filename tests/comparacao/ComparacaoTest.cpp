@@ -259,9 +259,9 @@ TEST(Comparacao, OtherWidthsAreToldBesideAnotherLineEnd) {
       "00000000003800"
       "S";
   EXPECT_EQ(
-      diferencas(cabecalho + "000105" + resto + "\n", cabecalho + "000000105" + resto + "\r\n"),
+      diferencas(cabecalho + "000105" + resto + "\n", cabecalho + "000000105" + resto),
       (Textos{
-          "b.txt:1: error line-end E12: found CR and LF, expected LF (CRZ 10; line 1 of a.txt)",
+          "b.txt:1: error line-end E12: found the end of the file, expected LF (CRZ 10; line 1 of a.txt)",
           "b.txt: error layout: found 1 record in fields of other widths, expected the widths of a.txt (the "
           "values are the same)"}));
 }

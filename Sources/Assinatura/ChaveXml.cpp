@@ -1,5 +1,6 @@
 #include "Assinatura/ChaveXml.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -163,7 +164,7 @@ FaltaDaChaveXml leChaveXml(std::string_view texto, ChaveXml& chave) {
 std::string escreveChaveXml(const ChaveXml& chave) {
   return "<empresa_desenvolvedora><nome>" + comEntidades(chave.nome) + "</nome><chave><modulo>" +
          ate(kDigitosDaAssinatura, chave.modulo) + "</modulo><expoente_publico>" +
-         ate(chave.expoente.size() + chave.expoente.size() % 2, chave.expoente) +
+         ate(std::max<std::size_t>(2, chave.expoente.size() + chave.expoente.size() % 2), chave.expoente) +
          "</expoente_publico></chave></empresa_desenvolvedora>\n";
 }
 

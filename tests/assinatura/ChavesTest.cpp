@@ -73,6 +73,13 @@ TEST(ChaveXml, NameIsReadAndComesBack) {
   EXPECT_EQ(chave.modulo, "1");
 }
 
+TEST(ChaveXml, ZeroIsWrittenAsDigits) {
+  EXPECT_EQ(escreveChaveXml({"", "", ""}), "<empresa_desenvolvedora><nome></nome><chave><modulo>" +
+                                               std::string(256, '0') +
+                                               "</modulo><expoente_publico>00</expoente_publico></chave>"
+                                               "</empresa_desenvolvedora>\n");
+}
+
 TEST(ChaveXml, WhatIsNoKeyIsToldApart) {
   const struct {
     std::string texto;

@@ -34,6 +34,7 @@ int acaba(const PROCESS_INFORMATION& filho, bool mata, const std::wstring& pasta
 }  // namespace
 
 int main() {
+  AllocConsole();  // where there is none, for the event to have one
   int quantos = 0;
   wchar_t** dados = CommandLineToArgvW(GetCommandLineW(), &quantos);
   if (dados == nullptr || quantos < 4) return kFalhou;
@@ -45,5 +46,7 @@ int main() {
   if (CreateProcessW(nullptr, linha.data(), nullptr, nullptr, TRUE, CREATE_NEW_PROCESS_GROUP, nullptr,
                      nullptr, &inicio, &filho) == 0)
     return kFalhou;
-  return acaba(filho, dados[1][0] == L'k', dados[2]);
+  const int situacao = acaba(filho, dados[1][0] == L'k', dados[2]);
+  if (situacao == kFalhou) TerminateProcess(filho.hProcess, 1);
+  return situacao;
 }

@@ -55,7 +55,7 @@ vazia() { [ "$(find . -maxdepth 2 -name '*.tmp*' | wc -l)" -eq "$1" ] || { ls -A
 
 comandos() {
   igual --version
-  igual --help
+  igual generate --help
   igual sample "lójà.db" --days 3 --coupons-per-day 5 --start 2024-01-01
   mesmoArquivo "lójà.db"
   for ajuste in "" "--layout 2" "--cat52" "--command MF" "--command RZ"; do
@@ -85,7 +85,7 @@ comandos() {
   igual validate nada.txt
   igual check "lójà.db"
   igual verify r.txt --db "lójà.db"
-  igual --help
+  igual generate --help
   unset LANGUAGE
 }
 
@@ -96,7 +96,10 @@ interrompidos() {
     wine "$construcao/tests/janelas/interrompe.exe" $modo la.d "$la" sample la.d/outro.db --days 30000 --quiet \
       2>interrompe.err || situacao=$?
     [ ! -e la.d/outro.db ] || falha "an interrupted run left its file"
-    if [ $modo = c ]; then
+    if [ $situacao -eq 99 ] && [ $modo = c ]; then
+      echo "Ctrl-Break was not tried: wine has no console here"
+      rm -f la.d/.outro.db.cotepe-*
+    elif [ $modo = c ]; then
       [ $situacao -eq 143 ] || { cat interrompe.err; falha "status $situacao after Ctrl-Break"; }
       grep -q 'SIGTERM; the temporary file was removed' interrompe.err || falha "$(cat interrompe.err)"
       vazia 0 "Ctrl-Break left something"

@@ -31,14 +31,14 @@ bool leTexto(const std::uint8_t* bytes, ResumoMd5& resumo) {
 }
 
 // Where the contents of PKCS#1 v1.5 begin; 0 where the block has not that form.
-std::size_t conteudoDePkcs1(const Bloco& bloco) {
+std::size_t conteudoDePkcs1(const BlocoRsa& bloco) {
   if (bloco[0] != 0 || bloco[1] != 1) return 0;
   std::size_t i = 2;
   while (i < bloco.size() && bloco[i] == 0xFF) ++i;
   return i < bloco.size() && i >= 2 + kMenosDeFF && bloco[i] == 0 ? i + 1 : 0;
 }
 
-BlocoLido lePkcs1(const Bloco& bloco, std::size_t inicio) {
+BlocoLido lePkcs1(const BlocoRsa& bloco, std::size_t inicio) {
   BlocoLido lido;
   const std::size_t tamanho = bloco.size() - inicio;
   const std::uint8_t* conteudo = bloco.data() + inicio;
@@ -56,8 +56,8 @@ BlocoLido lePkcs1(const Bloco& bloco, std::size_t inicio) {
 
 }  // namespace
 
-Bloco compoeBloco(const ResumoMd5& resumo, FormaDoBloco forma) {
-  Bloco bloco{};
+BlocoRsa compoeBloco(const ResumoMd5& resumo, FormaDoBloco forma) {
+  BlocoRsa bloco{};
   if (forma == FormaDoBloco::Lei) {
     bloco[0] = kTamanhoDoResumo;
     std::copy(resumo.begin(), resumo.end(), bloco.begin() + 1);
@@ -73,7 +73,7 @@ Bloco compoeBloco(const ResumoMd5& resumo, FormaDoBloco forma) {
   return bloco;
 }
 
-BlocoLido leBloco(const Bloco& bloco) {
+BlocoLido leBloco(const BlocoRsa& bloco) {
   BlocoLido lido;
   if (const std::size_t inicio = conteudoDePkcs1(bloco); inicio != 0) return lePkcs1(bloco, inicio);
   const bool comTamanho = bloco[0] == kTamanhoDoResumo || bloco[0] == kDigitosDoResumo;

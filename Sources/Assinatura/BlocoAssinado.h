@@ -14,7 +14,7 @@ enum class FormaDoBloco : std::uint8_t {
 };
 
 /// The block of a hash.
-Bloco compoeBloco(const ResumoMd5& resumo, FormaDoBloco forma);
+BlocoRsa compoeBloco(const ResumoMd5& resumo, FormaDoBloco forma);
 
 /// What a block looks like.
 enum class Feitio : std::uint8_t {
@@ -32,6 +32,6 @@ struct BlocoLido {
 };
 
 /// What a signature holds, once the public key has opened it.
-BlocoLido leBloco(const Bloco& bloco);
+BlocoLido leBloco(const BlocoRsa& bloco);
 
 }  // namespace cotepe

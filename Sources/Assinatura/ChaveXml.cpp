@@ -66,9 +66,9 @@ bool leDigitos(std::string_view texto, std::string& digitos) {
 
 // The elements of a document, one after the other. What it does not know, such as a document type, is no XML
 // to it: a key needs none.
-class Documento {
+class DocumentoXml {
  public:
-  explicit Documento(std::string_view texto) : resto_(texto) {}
+  explicit DocumentoXml(std::string_view texto) : resto_(texto) {}
 
   FaltaDaChaveXml le(ChaveXml& chave) {
     if (comeca(resto_, "\xEF\xBB\xBF")) resto_.remove_prefix(3);
@@ -158,7 +158,7 @@ std::string ate(std::size_t largura, const std::string& digitos) {
 
 FaltaDaChaveXml leChaveXml(std::string_view texto, ChaveXml& chave) {
   chave = {};
-  return Documento(texto).le(chave);
+  return DocumentoXml(texto).le(chave);
 }
 
 std::string escreveChaveXml(const ChaveXml& chave) {

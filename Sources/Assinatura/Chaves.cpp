@@ -23,8 +23,6 @@
 namespace cotepe {
 namespace {
 
-using Problema = ProblemaDaAssinatura;
-
 constexpr int kBits = 1024;
 
 struct Libera {
@@ -45,31 +43,34 @@ Dono<Tipo> dono(Tipo* ponteiro) {
   return Dono<Tipo>(ponteiro);
 }
 
-[[noreturn]] void falha(Problema problema, long numero = 0) {
+[[noreturn]] void falha(ProblemaDaAssinatura problema, long numero = 0) {
   throw ErroDaAssinatura(problema, numero, erroDaBiblioteca());
 }
 
 // Before a key is read: what is not to be had would make every key unreadable.
 void exigeRsa() {
   ERR_clear_error();
-  if (Dono<EVP_KEYMGMT>(EVP_KEYMGMT_fetch(nullptr, "RSA", nullptr)) == nullptr) falha(Problema::RsaRecusado);
+  if (Dono<EVP_KEYMGMT>(EVP_KEYMGMT_fetch(nullptr, "RSA", nullptr)) == nullptr)
+    falha(ProblemaDaAssinatura::RsaRecusado);
 }
 
 Dono<BIGNUM> parametro(const EVP_PKEY* chave, const char* nome) {
   BIGNUM* numero = nullptr;
-  if (EVP_PKEY_get_bn_param(chave, nome, &numero) != 1) falha(Problema::ChaveIlegivel);
+  if (EVP_PKEY_get_bn_param(chave, nome, &numero) != 1) falha(ProblemaDaAssinatura::ChaveIlegivel);
   return Dono<BIGNUM>(numero);
 }
 
 void exigeTamanho(const EVP_PKEY* chave) {
-  if (EVP_PKEY_is_a(chave, "RSA") != 1) falha(Problema::ChaveNaoERsa);
-  if (EVP_PKEY_get_bits(chave) != kBits) falha(Problema::TamanhoDaChave, EVP_PKEY_get_bits(chave));
+  if (EVP_PKEY_is_a(chave, "RSA") != 1) falha(ProblemaDaAssinatura::ChaveNaoERsa);
+  if (EVP_PKEY_get_bits(chave) != kBits)
+    falha(ProblemaDaAssinatura::TamanhoDaChave, EVP_PKEY_get_bits(chave));
   const auto expoente = parametro(chave, OSSL_PKEY_PARAM_RSA_E);
-  if (BN_is_odd(expoente.get()) != 1 || BN_is_one(expoente.get()) == 1) falha(Problema::ExpoenteDaChave);
+  if (BN_is_odd(expoente.get()) != 1 || BN_is_one(expoente.get()) == 1)
+    falha(ProblemaDaAssinatura::ExpoenteDaChave);
 }
 
 // Who is asked for the pass phrase, and how that went. Nothing may be thrown through the library.
-struct Pergunta {
+struct PerguntaDaFrase {
   const PedeFrase& pede;
   bool feita = false, respondida = false;
   std::exception_ptr lancado{};
@@ -91,14 +92,14 @@ struct Pergunta {
 };
 
 int aoPedirFrase(char* destino, int tamanho, int /*paraEscrever*/, void* quem) {
-  return static_cast<Pergunta*>(quem)->responde(destino, tamanho);
+  return static_cast<PerguntaDaFrase*>(quem)->responde(destino, tamanho);
 }
 
-[[noreturn]] void naoLeu(const Pergunta& pergunta) {
+[[noreturn]] void naoLeu(const PerguntaDaFrase& pergunta) {
   if (pergunta.lancado != nullptr) std::rethrow_exception(pergunta.lancado);
-  if (pergunta.feita && !pergunta.respondida) falha(Problema::FraseFaltando);
-  if (!pergunta.feita) falha(Problema::ChaveIlegivel);
-  falha(algoritmoFaltando() ? Problema::CifraRecusada : Problema::FraseErrada);
+  if (pergunta.feita && !pergunta.respondida) falha(ProblemaDaAssinatura::FraseFaltando);
+  if (!pergunta.feita) falha(ProblemaDaAssinatura::ChaveIlegivel);
+  falha(algoritmoFaltando() ? ProblemaDaAssinatura::CifraRecusada : ProblemaDaAssinatura::FraseErrada);
 }
 
 ChaveDaBiblioteca lePem(std::string_view texto, int partes, const PedeFrase& pede) {
@@ -106,7 +107,7 @@ ChaveDaBiblioteca lePem(std::string_view texto, int partes, const PedeFrase& ped
   EVP_PKEY* lida = nullptr;
   const auto leitor =
       dono(OSSL_DECODER_CTX_new_for_pkey(&lida, "PEM", nullptr, nullptr, partes, nullptr, nullptr));
-  Pergunta pergunta{pede};
+  PerguntaDaFrase pergunta{pede};
   OSSL_DECODER_CTX_set_pem_password_cb(leitor.get(), aoPedirFrase, &pergunta);
   const auto bio = dono(BIO_new_mem_buf(texto.data(), static_cast<int>(texto.size())));
   const bool feito = OSSL_DECODER_from_bio(leitor.get(), bio.get()) == 1;
@@ -119,7 +120,8 @@ ChaveDaBiblioteca lePem(std::string_view texto, int partes, const PedeFrase& ped
 
 Dono<BIGNUM> numeroDe(const std::string& digitos) {
   BIGNUM* numero = nullptr;
-  if (BN_hex2bn(&numero, digitos.empty() ? "0" : digitos.c_str()) == 0) falha(Problema::ChaveIlegivel);
+  if (BN_hex2bn(&numero, digitos.empty() ? "0" : digitos.c_str()) == 0)
+    falha(ProblemaDaAssinatura::ChaveIlegivel);
   return Dono<BIGNUM>(numero);
 }
 
@@ -133,17 +135,18 @@ ChaveDaBiblioteca monta(const BIGNUM* modulo, const BIGNUM* expoente) {
   EVP_PKEY* chave = nullptr;
   if (EVP_PKEY_fromdata_init(contexto.get()) != 1 ||
       EVP_PKEY_fromdata(contexto.get(), &chave, EVP_PKEY_PUBLIC_KEY, parametros.get()) != 1)
-    falha(Problema::RsaRecusado);
+    falha(ProblemaDaAssinatura::RsaRecusado);
   return ChaveDaBiblioteca(chave);
 }
 
 ChaveXml leXml(std::string_view texto) {
   ChaveXml xml;
   const FaltaDaChaveXml falta = leChaveXml(texto, xml);
-  if (falta != FaltaDaChaveXml::Nenhuma) falha(Problema::XmlInvalido, static_cast<long>(falta));
+  if (falta != FaltaDaChaveXml::Nenhuma) falha(ProblemaDaAssinatura::XmlInvalido, static_cast<long>(falta));
   constexpr std::size_t kDemais = 8192;  // digits of a number that is no key's
   if (xml.modulo.size() > kDemais || xml.expoente.size() > kDigitosDaAssinatura)
-    falha(Problema::TamanhoDaChave, static_cast<long>(4 * std::max(xml.modulo.size(), xml.expoente.size())));
+    falha(ProblemaDaAssinatura::TamanhoDaChave,
+          static_cast<long>(4 * std::max(xml.modulo.size(), xml.expoente.size())));
   return xml;
 }
 
@@ -157,7 +160,7 @@ Dono<EVP_PKEY_CTX> prepara(EVP_PKEY* chave, Comeca comeca) {
   ERR_clear_error();
   auto contexto = dono(EVP_PKEY_CTX_new_from_pkey(nullptr, chave, nullptr));
   if (comeca(contexto.get()) != 1 || EVP_PKEY_CTX_set_rsa_padding(contexto.get(), RSA_NO_PADDING) != 1)
-    falha(Problema::RsaRecusado);
+    falha(ProblemaDaAssinatura::RsaRecusado);
   return contexto;
 }
 
@@ -178,22 +181,23 @@ ChavePublica::ChavePublica(ChaveDaBiblioteca chave, std::string nome)
 
 ChavePublica ChavePublica::le(std::string_view texto) {
   exigeRsa();
-  if (tem(texto, "PRIVATE KEY-----")) falha(Problema::EraPrivada);
+  if (tem(texto, "PRIVATE KEY-----")) falha(ProblemaDaAssinatura::EraPrivada);
   if (tem(texto, "-----BEGIN ")) return ChavePublica(lePem(texto, EVP_PKEY_PUBLIC_KEY, nullptr));
-  if (!tem(texto, "<")) falha(Problema::ChaveIlegivel);
+  if (!tem(texto, "<")) falha(ProblemaDaAssinatura::ChaveIlegivel);
   ChaveXml xml = leXml(texto);
   auto chave = monta(numeroDe(xml.modulo).get(), numeroDe(xml.expoente).get());
   exigeTamanho(chave.get());
   return ChavePublica(std::move(chave), std::move(xml.nome));
 }
 
-bool ChavePublica::abre(const Bloco& assinatura, Bloco& bloco) const {
+bool ChavePublica::abre(const BlocoRsa& assinatura, BlocoRsa& bloco) const {
   const auto contexto = prepara(chave_.get(), EVP_PKEY_verify_recover_init);
   std::size_t tamanho = bloco.size();
   const int feito =
       EVP_PKEY_verify_recover(contexto.get(), bloco.data(), &tamanho, assinatura.data(), assinatura.size());
   if (feito == 1 && tamanho == bloco.size()) return true;
-  if (ERR_GET_REASON(ERR_peek_error()) != RSA_R_DATA_TOO_LARGE_FOR_MODULUS) falha(Problema::RsaRecusado);
+  if (ERR_GET_REASON(ERR_peek_error()) != RSA_R_DATA_TOO_LARGE_FOR_MODULUS)
+    falha(ProblemaDaAssinatura::RsaRecusado);
   ERR_clear_error();
   return false;
 }
@@ -217,19 +221,19 @@ ChavePrivada::ChavePrivada(ChaveDaBiblioteca chave) : chave_(std::move(chave)) {
 ChavePrivada ChavePrivada::le(std::string_view texto, const PedeFrase& pede) {
   exigeRsa();
   if (!tem(texto, "PRIVATE KEY-----"))
-    falha(tem(texto, "PUBLIC KEY-----") || tem(texto, "<modulo>") ? Problema::EraPublica
-                                                                  : Problema::ChaveIlegivel);
+    falha(tem(texto, "PUBLIC KEY-----") || tem(texto, "<modulo>") ? ProblemaDaAssinatura::EraPublica
+                                                                  : ProblemaDaAssinatura::ChaveIlegivel);
   return ChavePrivada(lePem(texto, EVP_PKEY_KEYPAIR, pede));
 }
 
-Bloco ChavePrivada::assina(const Bloco& bloco) const {
+BlocoRsa ChavePrivada::assina(const BlocoRsa& bloco) const {
   const auto contexto = prepara(chave_.get(), EVP_PKEY_sign_init);
-  Bloco assinatura{}, aberto{};
+  BlocoRsa assinatura{}, aberto{};
   std::size_t tamanho = assinatura.size();
   if (EVP_PKEY_sign(contexto.get(), assinatura.data(), &tamanho, bloco.data(), bloco.size()) != 1)
-    falha(Problema::RsaRecusado);
+    falha(ProblemaDaAssinatura::RsaRecusado);
   if (tamanho != assinatura.size() || !publica().abre(assinatura, aberto) || aberto != bloco)
-    falha(Problema::AssinaturaErrada);
+    falha(ProblemaDaAssinatura::AssinaturaErrada);
   return assinatura;
 }
 

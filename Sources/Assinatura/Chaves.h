@@ -27,7 +27,7 @@ class ChavePublica {
   static ChavePublica le(std::string_view texto);
 
   /// What the signature holds; false where it is no number below the modulus.
-  bool abre(const Bloco& assinatura, Bloco& bloco) const;
+  bool abre(const BlocoRsa& assinatura, BlocoRsa& bloco) const;
 
   std::string pem() const;
   /// The name is the one it was read with, where none is given.
@@ -49,7 +49,7 @@ class ChavePrivada {
   static ChavePrivada le(std::string_view texto, const PedeFrase& pede);
 
   /// The block as RSA makes a signature of it, nothing added, and opened again to see that it is right.
-  Bloco assina(const Bloco& bloco) const;
+  BlocoRsa assina(const BlocoRsa& bloco) const;
 
   /// The half that others are given.
   ChavePublica publica() const;

@@ -82,7 +82,7 @@ class Exame {
       case FormaDaEad::Assinatura:
         break;
     }
-    Bloco bloco{};
+    BlocoRsa bloco{};
     if (chave_.abre(ead.linha.assinatura, bloco)) ead.bloco = leBloco(bloco);
     julgaBloco(ead);
   }

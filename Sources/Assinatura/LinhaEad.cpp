@@ -78,7 +78,7 @@ std::string textoDoResumo(const ResumoMd5& resumo) {
   return digitosDe(resumo.data(), resumo.size(), "0123456789abcdef");
 }
 
-std::string escreveEad(const Bloco& assinatura) {
+std::string escreveEad(const BlocoRsa& assinatura) {
   return std::string(kLetras) + emHexadecimal(assinatura.data(), assinatura.size());
 }
 

@@ -12,7 +12,7 @@ namespace cotepe {
 /// A hash by MD5, most significant byte first.
 using ResumoMd5 = std::array<std::uint8_t, 16>;
 /// What RSA of 1024 bits signs, and its result: a number, most significant byte first.
-using Bloco = std::array<std::uint8_t, 128>;
+using BlocoRsa = std::array<std::uint8_t, 128>;
 
 inline constexpr std::size_t kDigitosDaAssinatura = 256;
 inline constexpr std::size_t kDigitosDoResumo = 32;
@@ -27,7 +27,7 @@ enum class FormaDaEad : std::uint8_t {
 
 struct LinhaEad {
   FormaDaEad forma = FormaDaEad::Outra;
-  Bloco assinatura{};       ///< of the first two forms; leading zeros where digits are missing
+  BlocoRsa assinatura{};    ///< of the first two forms; leading zeros where digits are missing
   ResumoMd5 resumo{};       ///< of the third
   std::size_t digitos = 0;  ///< how many there are
   std::size_t sobra = 0;    ///< bytes of the line behind them
@@ -38,7 +38,7 @@ struct LinhaEad {
 LinhaEad leEad(std::string_view linha);
 
 /// The line of a signature, without a line end: digits in upper case.
-std::string escreveEad(const Bloco& assinatura);
+std::string escreveEad(const BlocoRsa& assinatura);
 
 /// Bytes as hexadecimal digits in upper case, and a hash in lower case, as md5sum writes it.
 std::string emHexadecimal(const std::uint8_t* bytes, std::size_t quantos);

@@ -11,8 +11,8 @@
 
 #include "Assinatura/Assinatura.h"
 #include "Assinatura/ErroDaAssinatura.h"
-#include "Assinatura/TextoDeChave.h"
 #include "Assinatura/Laudo.h"
+#include "Assinatura/TextoDeChave.h"
 #include "Sistema/ArquivoSeguro.h"
 #include "Sistema/FalhaDeArquivo.h"
 
@@ -24,7 +24,6 @@ struct cotepe_sign_key {
 namespace {
 
 using namespace cotepe;
-using Problema = ProblemaDaAssinatura;
 
 // The findings are the diagnoses, in their order.
 static_assert(COTEPE_SIGN_NO_EAD == 1U << unsigned(Diagnostico::SemEad));
@@ -54,22 +53,22 @@ class NaoEscreve {};
 
 int resultadoDe(const ErroDaAssinatura& erro) {
   switch (erro.problema()) {
-    case Problema::ChaveNaoAbre:
+    case ProblemaDaAssinatura::ChaveNaoAbre:
       return COTEPE_SIGN_CANNOT_OPEN;
-    case Problema::TamanhoDaChave:
+    case ProblemaDaAssinatura::TamanhoDaChave:
       return COTEPE_SIGN_KEY_SIZE;
-    case Problema::FraseFaltando:
-    case Problema::FraseErrada:
+    case ProblemaDaAssinatura::FraseFaltando:
+    case ProblemaDaAssinatura::FraseErrada:
       return COTEPE_SIGN_PASSPHRASE;
-    case Problema::CifraRecusada:
-    case Problema::Md5Recusado:
-    case Problema::RsaRecusado:
+    case ProblemaDaAssinatura::CifraRecusada:
+    case ProblemaDaAssinatura::Md5Recusado:
+    case ProblemaDaAssinatura::RsaRecusado:
       return COTEPE_SIGN_REFUSED;
-    case Problema::AssinaturaErrada:
+    case ProblemaDaAssinatura::AssinaturaErrada:
       return COTEPE_SIGN_FAILED;
-    case Problema::Leitura:
+    case ProblemaDaAssinatura::Leitura:
       return COTEPE_SIGN_CANNOT_READ;
-    case Problema::NaoERelatorio:
+    case ProblemaDaAssinatura::NaoERelatorio:
       return COTEPE_SIGN_NO_REPORT;
     default:
       return COTEPE_SIGN_BAD_KEY;

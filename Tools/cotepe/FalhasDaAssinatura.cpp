@@ -7,8 +7,6 @@
 namespace cotepe::programa {
 namespace {
 
-using Problema = ProblemaDaAssinatura;
-
 const char* textoDaFalta(long falta) {
   switch (static_cast<FaltaDaChaveXml>(falta)) {
     case FaltaDaChaveXml::NaoEXml:
@@ -46,28 +44,28 @@ std::string daPolitica(const char* recusado, const ErroDaAssinatura& erro) {
 
 std::string doArquivoDaChave(const ErroDaAssinatura& erro, const std::string& onde) {
   switch (erro.problema()) {
-    case Problema::ChaveNaoAbre:
+    case ProblemaDaAssinatura::ChaveNaoAbre:
       return frase("cannot read the key {1}: {2}", {onde, motivoDoSistema(static_cast<int>(erro.numero()))});
-    case Problema::XmlInvalido:
+    case ProblemaDaAssinatura::XmlInvalido:
       return daChave(textoDaFalta(erro.numero()), onde);
-    case Problema::EraPublica:
+    case ProblemaDaAssinatura::EraPublica:
       return frase("cannot sign with {1}: it is a public key; name the private one", {onde});
-    case Problema::EraPrivada:
+    case ProblemaDaAssinatura::EraPrivada:
       return frase("cannot verify with {1}: it is a private key; cotepe public-key makes the public one",
                    {onde});
-    case Problema::ChaveNaoERsa:
+    case ProblemaDaAssinatura::ChaveNaoERsa:
       return daChave(traduz("it is not an RSA key"), onde);
-    case Problema::TamanhoDaChave:
+    case ProblemaDaAssinatura::TamanhoDaChave:
       return daChave(frase("it has {1} bits", {std::to_string(erro.numero())}), onde);
-    case Problema::ExpoenteDaChave:
+    case ProblemaDaAssinatura::ExpoenteDaChave:
       return daChave(traduz("its public exponent is none of RSA"), onde);
-    case Problema::FraseFaltando:
+    case ProblemaDaAssinatura::FraseFaltando:
       return naoAbre(traduz("it is encrypted, and there is no pass phrase; give --passphrase-file or set "
                             "COTEPE_PASSPHRASE"),
                      onde);
-    case Problema::FraseErrada:
+    case ProblemaDaAssinatura::FraseErrada:
       return naoAbre(traduz("its pass phrase is another one"), onde);
-    case Problema::CifraRecusada:
+    case ProblemaDaAssinatura::CifraRecusada:
       return naoAbre(frase("this system lacks the cipher that it is encrypted with: {1}; encrypt it again "
                            "with openssl pkcs8",
                            {erro.detalhe()}),
@@ -79,16 +77,16 @@ std::string doArquivoDaChave(const ErroDaAssinatura& erro, const std::string& on
 
 std::string texto(const ErroDaAssinatura& erro, const std::string& onde) {
   switch (erro.problema()) {
-    case Problema::Md5Recusado:
+    case ProblemaDaAssinatura::Md5Recusado:
       return daPolitica(marca("MD5"), erro);
-    case Problema::RsaRecusado:
+    case ProblemaDaAssinatura::RsaRecusado:
       return daPolitica(marca("RSA with 1024 bits"), erro);
-    case Problema::AssinaturaErrada:
+    case ProblemaDaAssinatura::AssinaturaErrada:
       return traduz("the key does not open what it signs; it is damaged");
-    case Problema::Leitura:
+    case ProblemaDaAssinatura::Leitura:
       return frase("cannot read the report {1} to its end: {2}",
                    {onde, motivoDoSistema(static_cast<int>(erro.numero()))});
-    case Problema::NaoERelatorio:
+    case ProblemaDaAssinatura::NaoERelatorio:
       return frase("{1} is no report, and was not signed: {2}; --force signs it as it is",
                    {onde, textoDaEstranheza(erro.numero(), erro.linha())});
     default:

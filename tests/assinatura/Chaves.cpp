@@ -70,7 +70,7 @@ std::string assinado(const std::string& texto, FormaDoBloco forma) {
   return saida;
 }
 
-std::string eadDe(const Bloco& bloco) { return escreveEad(chavePrivada().assina(bloco)); }
+std::string eadDe(const BlocoRsa& bloco) { return escreveEad(chavePrivada().assina(bloco)); }
 
 ResumoMd5 md5De(const std::string& texto) {
   Md5 md5;

@@ -28,7 +28,7 @@ cotepe::Laudo laudoDe(const std::string& texto, const cotepe::ChavePublica& chav
 std::string assinado(const std::string& texto, cotepe::FormaDoBloco forma = cotepe::FormaDoBloco::Lei);
 
 /// An EAD line, without a line end, around a block of any shape.
-std::string eadDe(const cotepe::Bloco& bloco);
+std::string eadDe(const cotepe::BlocoRsa& bloco);
 
 /// MD5 of a text.
 cotepe::ResumoMd5 md5De(const std::string& texto);

@@ -139,8 +139,8 @@ TEST(ChavePrivada, OtherSizesAndKindsAreRefused) {
 }
 
 TEST(ChavePrivada, SignsWhatItsPublicHalfOpens) {
-  const Bloco bloco = compoeBloco(md5De("x"), FormaDoBloco::Lei);
-  Bloco aberto{};
+  const BlocoRsa bloco = compoeBloco(md5De("x"), FormaDoBloco::Lei);
+  BlocoRsa aberto{};
   EXPECT_TRUE(chavePublica().abre(chavePrivada().assina(bloco), aberto));
   EXPECT_EQ(aberto, bloco);
 }

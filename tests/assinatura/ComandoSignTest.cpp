@@ -24,7 +24,7 @@ class Sign : public CenaDeAssinatura {
   // The signature of the last line into "sig.bin".
   void tiraAssinatura(const std::string& relatorio) const {
     const std::string texto = leArquivo(em(relatorio));
-    const Bloco bytes = leEad(texto.substr(texto.size() - 261, 259)).assinatura;
+    const BlocoRsa bytes = leEad(texto.substr(texto.size() - 261, 259)).assinatura;
     escreveArquivo(em("sig.bin"), std::string(bytes.begin(), bytes.end()));
   }
   std::string corpo() const { return pronto_.substr(0, pronto_.size() - 261); }
@@ -120,7 +120,7 @@ TEST_F(Sign, OpensslOpensOurSignatures) {
   const ResumoMd5 resumo = md5De(corpo());
   for (const char* nome : {"lei.txt", "pkcs1.txt"}) {
     tiraAssinatura(nome);
-    const Bloco bloco =
+    const BlocoRsa bloco =
         compoeBloco(resumo, std::string(nome) == "lei.txt" ? FormaDoBloco::Lei : FormaDoBloco::Pkcs1);
     const std::string esperado(bloco.begin(), bloco.end());
     EXPECT_EQ(shell(COTEPE_OPENSSL " rsautl -verify -raw -pubin -inkey p.pem -in sig.bin 2>/dev/null"),
@@ -138,14 +138,14 @@ TEST_F(Sign, OpensslOpensOurSignatures) {
 TEST_F(Sign, WhatOpensslSignsIsValid) {
   const std::string corpoDela = corpo();
   const ResumoMd5 resumo = md5De(corpoDela);
-  const Bloco bloco = compoeBloco(resumo, FormaDoBloco::Lei);
+  const BlocoRsa bloco = compoeBloco(resumo, FormaDoBloco::Lei);
   escreveArquivo(em("bloco.bin"), std::string(bloco.begin(), bloco.end()));
   escreveArquivo(em("corpo.txt"), corpoDela);
   for (const char* comando : {" rsautl -sign -raw -inkey k.pem -in bloco.bin 2>/dev/null",
                               " pkeyutl -decrypt -pkeyopt rsa_padding_mode:none -inkey k.pem -in bloco.bin",
                               " dgst -md5 -sign k.pem corpo.txt"}) {
     const std::string assinatura = shell(std::string(COTEPE_OPENSSL) + comando);
-    Bloco bytes{};
+    BlocoRsa bytes{};
     ASSERT_EQ(assinatura.size(), bytes.size());
     std::copy(assinatura.begin(), assinatura.end(), bytes.begin());
     escreveArquivo(em("o.txt"), corpoDela + escreveEad(bytes));

@@ -39,8 +39,8 @@ ResumoMd5 invertido(ResumoMd5 resumo) {
 }
 
 // The law's block with other filler.
-Bloco comEnchimento(std::uint8_t passo) {
-  Bloco bloco = compoeBloco(md5De(kCorpo), FormaDoBloco::Lei);
+BlocoRsa comEnchimento(std::uint8_t passo) {
+  BlocoRsa bloco = compoeBloco(md5De(kCorpo), FormaDoBloco::Lei);
   for (std::size_t i = 17; i < bloco.size(); ++i) bloco[i] = static_cast<std::uint8_t>(passo * i + 3);
   return bloco;
 }
@@ -144,12 +144,12 @@ TEST(Verifica, HashSignedAsTextIsSaid) {
       std::transform(digitos.begin(), digitos.end(), digitos.begin(),
                      [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     for (const int inicio : {-1, 0x10, 0x20}) {
-      Bloco bloco{};
+      BlocoRsa bloco{};
       if (inicio >= 0) bloco[0] = static_cast<std::uint8_t>(inicio);
       std::copy(digitos.begin(), digitos.end(), bloco.begin() + (inicio >= 0 ? 1 : 0));
       espera(kCorpo + eadDe(bloco), Parecer::Alterada, Conteudo::Confere, {D::ResumoEmTexto});
     }
-    Bloco pkcs1{};
+    BlocoRsa pkcs1{};
     pkcs1.fill(0xFF);
     pkcs1[0] = 0;
     pkcs1[1] = 1;
@@ -215,19 +215,19 @@ TEST(Verifica, NumberAboveTheModulusCannotBeTold) {
 
 // The first byte alone is the mark.
 TEST(Verifica, RandomFillerAndAnotherHashIsNotSaidToBeChanged) {
-  Bloco bloco = comEnchimento(7);
+  BlocoRsa bloco = comEnchimento(7);
   bloco[5] = static_cast<std::uint8_t>(bloco[5] + 1);
   espera(kCorpo + eadDe(bloco), Parecer::NaoSeSabe, Conteudo::NaoSeSabe, {D::OutroOuOutraChave});
 }
 
 TEST(Verifica, Pkcs1AroundAnotherHashIsSaid) {
-  Bloco bloco = compoeBloco(md5De(kCorpo), FormaDoBloco::Pkcs1);
+  BlocoRsa bloco = compoeBloco(md5De(kCorpo), FormaDoBloco::Pkcs1);
   bloco[104] = 0x1A;  // of the name of the hash
   espera(kCorpo + eadDe(bloco), Parecer::NaoSeSabe, Conteudo::NaoSeSabe, {D::OutroResumo});
 }
 
 TEST(Verifica, Pkcs1AroundTheHashAloneIsValid) {
-  Bloco bloco{};
+  BlocoRsa bloco{};
   bloco.fill(0xFF);
   bloco[0] = 0;
   bloco[1] = 1;

@@ -70,10 +70,10 @@ TEST(Vetores, AnotherBodyIsChanged) {
 TEST(Vetores, BlocksAreTheLawsByteForByte) {
   ResumoMd5 resumo{};
   for (std::size_t i = 0; i < resumo.size(); ++i) resumo[i] = static_cast<std::uint8_t>(0xA0 + i);
-  const Bloco lei = compoeBloco(resumo, FormaDoBloco::Lei);
+  const BlocoRsa lei = compoeBloco(resumo, FormaDoBloco::Lei);
   EXPECT_EQ(emHexadecimal(lei.data(), lei.size()),
             "10A0A1A2A3A4A5A6A7A8A9AAABACADAEAF" + std::string(222, '0'));
-  const Bloco pkcs1 = compoeBloco(resumo, FormaDoBloco::Pkcs1);
+  const BlocoRsa pkcs1 = compoeBloco(resumo, FormaDoBloco::Pkcs1);
   EXPECT_EQ(emHexadecimal(pkcs1.data(), pkcs1.size()),
             "0001" + std::string(2 * 91, 'F') +
                 "003020300C06082A864886F70D020505000410A0A1A2A3A4A5A6A7A8A9AAABACADAEAF");

@@ -14,7 +14,8 @@ import sys
 from frases import ROTULOS, ingles, textos
 from po import entradas
 
-COMANDOS = ["generate", "sample", "schema", "layout", "check", "validate", "show", "explain", "diff", "verify"]
+COMANDOS = ["generate", "sample", "schema", "layout", "check", "validate", "show", "explain", "diff", "verify", "sign", "verify-signature",
+            "public-key"]
 CABECA = r'''msgid ""
 msgstr "Content-Type: text/plain; charset=UTF-8\nPlural-Forms: nplurals=2; plural=(n > 1);\n"
 '''

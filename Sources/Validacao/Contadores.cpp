@@ -14,7 +14,8 @@ namespace cotepe {
 const Regra validacao::kContadorRepetido{"counter-repeat", Severidade::Erro, marca("A counter is used once."),
                                          kVejaOsDocumentos};
 const Regra validacao::kContadorAusente{"counter-gap", Severidade::Erro,
-                                        marca("CRZ, COO, CCF and GNF have no gaps."), kVejaOsDocumentos};
+                                        marca("CRZ, COO, CCF, GNF, GRG and CDC have no gaps."),
+                                        kVejaOsDocumentos};
 const Regra validacao::kItemAusente{"item-gap", Severidade::Aviso,
                                     marca("The items of a coupon are numbered from 1 without gaps."),
                                     kVejaOsDocumentos};
@@ -199,6 +200,10 @@ class RegrasDeContadores final : public Familia {
       std::int64_t gnf = 0;
       const bool semGnf = gnf_.coluna().le(lido, gnf) && gnf == 0;  // a document of another type
       if (!semGnf) gnf_.confere(relator_, lido, false);
+      const std::string_view tipo = simbolo_.bytes(lido);
+      if (tipo == "RG") grg_.confere(relator_, lido, false);
+      if (tipo == "CC") cdc_.confere(relator_, lido, false);
+      if (tipo == "RZ") crz16_.confere(relator_, lido, true);  // under another CRO
       coos_.documento(relator_, lido);
     } else if (lido.registro == &kE20) {
       itensNaoFiscais_.confere(relator_, lido);
@@ -209,7 +214,9 @@ class RegrasDeContadores final : public Familia {
 
  private:
   Relator& relator_;
-  Contador crz_{kE12, "CRZ"}, ccf_{kE14, "CCF"}, gnf_{kE16, "GNF"};
+  Contador crz_{kE12, "CRZ"}, ccf_{kE14, "CCF"}, gnf_{kE16, "GNF"}, grg_{kE16, "GRG"}, cdc_{kE16, "CDC"},
+      crz16_{kE16, "CRZ"};
+  Coluna simbolo_{kE16, "Símbolo do documento"};
   Coos coos_;
   Itens itens_{kE15, "CCF"}, itensNaoFiscais_{kE20, "GNF"};
 };

@@ -7,7 +7,7 @@
 #include "Idioma/Idioma.h"
 #include "Leiaute/Releitura.h"
 #include "Validacao/Familia.h"
-#include "Validacao/TabelaDeDocumentos.h"
+#include "Validacao/TabelaPorCoo.h"
 
 namespace cotepe {
 
@@ -35,6 +35,17 @@ const Regra validacao::kSemDocumento{
 namespace {
 
 constexpr std::string_view kTroco = "TROCO";  // the means of payment that stands for change handed back
+
+struct Documento {
+  std::int64_t faltaDeItens = 0;       // cents: the subtotal less the items read so far
+  std::int64_t faltaDePagamentos = 0;  // cents: the net total less the payments read so far
+  std::uint32_t coo = 0;
+  std::uint32_t contador = 0;  // CCF or GNF
+  std::uint32_t linha = 0;     // of the file; the last number that fits where there are more
+  bool cancelado = false;
+  bool comItem = false;  // that is not cancelled
+  bool itensIncertos = false, pagamentosIncertos = false;
+};
 
 /// A kind of coupon and its items.
 struct Papel {
@@ -171,7 +182,7 @@ class Cupons {
   const Papel& papel_;
   Coluna coo_, contador_, subtotal_, total_, cancelado_, itemCoo_, itemContador_, itemValor_, itemCancelado_;
   LugarDoCampo lugarSubtotal_, lugarTotal_;  // the same on every line
-  TabelaDeDocumentos tabela_;
+  TabelaPorCoo<Documento> tabela_;
   bool algumIlegivel_ = false, itensIlegiveis_ = false, pagamentosIlegiveis_ = false;
   bool viuItens_ = false, viuPagamentos_ = false;
 };

@@ -27,9 +27,21 @@ Achado Relator::novo(const Regra& regra, std::string encontrado, std::string esp
   return achado;
 }
 
+// A rule that is switched off has found something all the same.
+bool Relator::fala(const Regra& regra) {
+  if (!ligada(regra)) ++achados_;
+  return ligada(regra);
+}
+
+void Relator::entrega(const Achado& achado) {
+  if (retidos_ != nullptr) return retidos_->push_back(achado);
+  ++achados_;
+  recebe_.recebe(achado);
+}
+
 void Relator::noCampo(const Regra& regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
                       std::string esperado) {
-  if (!ligada(regra)) return;
+  if (!fala(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   const CampoLido& lugar = lido.campos[campo];
   achado.linha = lido.linha.numero;
@@ -39,22 +51,22 @@ void Relator::noCampo(const Regra& regra, const RegistroLido& lido, std::size_t 
   achado.registro = lido.registro->codigo;
   achado.campo = lugar.campo->rotulo;
   achado.numero = lugar.numero;
-  recebe_.recebe(achado);
+  entrega(achado);
 }
 
 void Relator::naLinha(const Regra& regra, const RegistroLido& lido, std::string encontrado,
                       std::string esperado) {
-  if (!ligada(regra)) return;
+  if (!fala(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   achado.linha = lido.linha.numero;
   achado.conteudo = lido.linha.texto.substr(0, kConteudoMostrado);
   if (lido.registro != nullptr) achado.registro = lido.registro->codigo;
-  recebe_.recebe(achado);
+  entrega(achado);
 }
 
 void Relator::naLinhaLida(const Regra& regra, long linha, const Registro& registro, const LugarDoCampo& lugar,
                           std::string encontrado, std::string esperado) {
-  if (!ligada(regra)) return;
+  if (!fala(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   achado.linha = linha;
   achado.registro = registro.codigo;
@@ -64,15 +76,15 @@ void Relator::naLinhaLida(const Regra& regra, long linha, const Registro& regist
     achado.de = linha > 0 ? lugar.de : 0;
     achado.ate = linha > 0 ? lugar.ate : 0;
   }
-  recebe_.recebe(achado);
+  entrega(achado);
 }
 
 void Relator::noArquivo(const Regra& regra, const Registro* registro, std::string encontrado,
                         std::string esperado) {
-  if (!ligada(regra)) return;
+  if (!fala(regra)) return;
   Achado achado = novo(regra, std::move(encontrado), std::move(esperado));
   if (registro != nullptr) achado.registro = registro->codigo;
-  recebe_.recebe(achado);
+  entrega(achado);
 }
 
 std::string reais(std::int64_t centavos) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Achados/Citacao.h"
 #include "Leitor/Coluna.h"
@@ -28,6 +29,18 @@ class Relator {
 
   bool ligada(const Regra& regra) const { return desligadas_.ligada(regra); }
 
+  ///@{
+  /// Rules that rest on the whole file are the last to speak: whether all others have spoken, and found
+  /// nothing, since a line that is damaged would be found again by everything that rests on it.
+  void encerraPrimeiras() { limpo_ = achados_ == 0; }
+  bool limpo() const { return limpo_; }
+  ///@}
+
+  /// Gives a finding that was held back.
+  void entrega(const Achado& achado);
+  /// From now on findings go to `onde`, until null is given.
+  void retem(std::vector<Achado>* onde) { retidos_ = onde; }
+
   /// About a field of a line, counted from 0 among those that stand on it.
   void noCampo(const Regra& regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
                std::string esperado);
@@ -40,11 +53,15 @@ class Relator {
   void noArquivo(const Regra& regra, const Registro* registro, std::string encontrado, std::string esperado);
 
  private:
+  bool fala(const Regra& regra);
   Achado novo(const Regra& regra, std::string encontrado, std::string esperado) const;
 
   RecebeAchados& recebe_;
   std::string arquivo_;
   Supressoes desligadas_;
+  std::vector<Achado>* retidos_ = nullptr;
+  long achados_ = 0;
+  bool limpo_ = false;
 };
 
 /// Some rules that look at the same things.
@@ -61,7 +78,7 @@ using NovaFamilia = std::unique_ptr<Familia>(Relator& relator, const LeitorDeReg
 
 NovaFamilia regrasDeLinhas, regrasDeOrdem, regrasDeCampos, regrasDeIdentidade, regrasDeChaves,
     regrasDeContadores, regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa,
-    regrasDePosicao;
+    regrasDePosicao, regrasDeTotalizadores, regrasDeCorrespondencias;
 
 /// Texts for findings: cents as 1.234,56, a counter as it would stand in `largura` digits.
 std::string reais(std::int64_t centavos);

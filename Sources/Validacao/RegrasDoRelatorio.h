@@ -12,7 +12,9 @@ extern const Regra kFimDeLinha, kRegistroDesconhecido, kComprimento, kOrdemDosRe
     kItemAusente, kDataRetrocede, kContadoresDoTipo, kLetraDoAjuste, kTotalDoDocumento, kTotalDoItem,
     kItensDoCupom, kPagamentosDoCupom, kItensDoNaoFiscal, kPagamentosDoNaoFiscal, kPagamentoAMais,
     kSemDocumento, kTotaisDaReducao, kNaoFiscaisDaReducao, kDocumentoDaReducao, kFaixaDasReducoes,
-    kGrandeTotal, kPosicao;
+    kGrandeTotal, kPosicao, kItensDoTotalizador, kAjustesDaReducao, kNaoFiscaisDosItens, kMeiosDaReducao,
+    kMomentoDaReducao, kDocumentoDoComprovante, kFaixaDaFita, kReinicioConhecido, kVersaoDoSoftware, kEstorno,
+    kDiaDoDocumento, kDiaDaReducao, kLinhaRepetida, kAcrescimoCancelado;
 
 // clang-format off
 /// All of them, in the order in which they are listed.
@@ -24,6 +26,9 @@ inline constexpr const Regra* kRegras[] = {
     &kTotalDoDocumento, &kTotalDoItem, &kItensDoCupom, &kPagamentosDoCupom, &kItensDoNaoFiscal,
     &kPagamentosDoNaoFiscal, &kPagamentoAMais, &kSemDocumento, &kTotaisDaReducao, &kNaoFiscaisDaReducao,
     &kDocumentoDaReducao, &kFaixaDasReducoes, &kGrandeTotal, &kPosicao,
+    &kItensDoTotalizador, &kAjustesDaReducao, &kNaoFiscaisDosItens, &kMeiosDaReducao, &kMomentoDaReducao,
+    &kDocumentoDoComprovante, &kFaixaDaFita, &kReinicioConhecido, &kVersaoDoSoftware, &kEstorno, &kDiaDoDocumento,
+    &kDiaDaReducao, &kLinhaRepetida, &kAcrescimoCancelado,
 };
 // clang-format on
 

@@ -10,7 +10,28 @@ const Regra validacao::kTotalDoItem{
     "item-total", Severidade::Aviso,
     marca("Net total of an item = quantity x unit value - discount + surcharge."), kVejaOBanco};
 
+const Regra validacao::kAcrescimoCancelado{"surcharge-cancelled", Severidade::Erro,
+                                           marca("No more of a surcharge is cancelled than was charged."),
+                                           kVejaOBanco};
+
 namespace {
+
+/// A surcharge, and what of it was cancelled.
+class AcrescimoCancelado {
+ public:
+  explicit AcrescimoCancelado(const Registro& registro)
+      : acrescimo_(registro, "Acréscimo"), cancelado_(registro, "Cancelamento de acréscimo") {}
+
+  void confere(Relator& relator, const RegistroLido& lido) const {
+    std::int64_t acrescimo = 0, cancelado = 0;
+    if (!acrescimo_.le(lido, acrescimo) || !cancelado_.le(lido, cancelado) || cancelado <= acrescimo) return;
+    relator.noCampo(validacao::kAcrescimoCancelado, lido, cancelado_.lugar(lido), reais(cancelado),
+                    frase("at most {1}, the surcharge", {reais(acrescimo)}));
+  }
+
+ private:
+  Coluna acrescimo_, cancelado_;
+};
 
 /// Subtotal or value, less the discount, plus the surcharge, is the net total.
 class TotalDoDocumento {
@@ -64,6 +85,9 @@ class RegrasDeTotais final : public Familia {
   explicit RegrasDeTotais(Relator& relator) : relator_(relator) {}
 
   void linha(const RegistroLido& lido) override {
+    if (lido.registro == &kE14) cupomCancelado_.confere(relator_, lido);
+    if (lido.registro == &kE15) itemCancelado_.confere(relator_, lido);
+    if (lido.registro == &kE20) operacaoCancelada_.confere(relator_, lido);
     if (lido.registro == &kE15)
       item_.confere(relator_, lido);
     else if (lido.registro == &kE14)
@@ -77,6 +101,7 @@ class RegrasDeTotais final : public Familia {
  private:
   Relator& relator_;
   TotalDoItem item_;
+  AcrescimoCancelado cupomCancelado_{kE14}, itemCancelado_{kE15}, operacaoCancelada_{kE20};
   TotalDoDocumento cupom_{kE14, "Subtotal", "Valor total líquido"},
       naoFiscal_{kE19, "Subtotal", "Valor total líquido"}, operacao_{kE20, "Valor", "Valor líquido"};
   Coluna tipoDesconto_{kE19, "Tipo do desconto"}, tipoAcrescimo_{kE19, "Tipo do acréscimo"};  // P is per cent

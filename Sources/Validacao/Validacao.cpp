@@ -13,12 +13,17 @@ bool Validacao::valida(LeitorDeLinhas& linhas, const Observa& observa) {
        {regrasDeLinhas, regrasDeOrdem, regrasDeIdentidade, regrasDeCampos, regrasDeChaves, regrasDeContadores,
         regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa, regrasDePosicao})
     familias_.push_back(nova(relator_, leitor));
+  const std::size_t primeiras = familias_.size();
+  for (NovaFamilia* nova : {regrasDeCorrespondencias, regrasDeTotalizadores})
+    familias_.push_back(nova(relator_, leitor));
   for (RegistroLido lido; leitor.proximo(lido); ++linhas_) {
     if (observa) observa(lido, leitor);
     for (const auto& familia : familias_) familia->linha(lido);
   }
-  if (linhas.erro() == 0)
-    for (const auto& familia : familias_) familia->fim();
+  for (std::size_t i = 0; linhas.erro() == 0 && i < familias_.size(); ++i) {
+    if (i == primeiras) relator_.encerraPrimeiras();
+    familias_[i]->fim();
+  }
   familias_.clear();
   return linhas.erro() == 0;
 }

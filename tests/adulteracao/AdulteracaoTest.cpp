@@ -16,7 +16,7 @@
 namespace cotepe {
 namespace {
 
-constexpr double kTaxaQueSeGuarda = 82;  // per cent
+constexpr double kTaxaQueSeGuarda = 88;  // per cent
 
 struct Guarda : RecebeAchados {
   void recebe(const Achado& achado) override { achados.push_back({achado.linha, achado.registro}); }
@@ -31,7 +31,7 @@ std::vector<std::pair<long, std::string>> achadosDe(const std::string& relatorio
   return guarda.achados;
 }
 
-/// Good reports: each command in both layouts, of a shop of four days.
+/// Good reports: each command in both layouts, of a shop of nine days.
 class Adulteracao : public testing::Test {
  protected:
   void SetUp() override {
@@ -39,8 +39,8 @@ class Adulteracao : public testing::Test {
     ASSERT_NE(mkdtemp(molde.data()), nullptr);
     const std::string banco = molde + "/loja.db", nome = molde + "/loja.txt";
     OpcoesDaAmostra opcoes;
-    opcoes.dias = 4;
-    opcoes.cuponsPorDia = 12;
+    opcoes.dias = 9;
+    opcoes.cuponsPorDia = 5;
     criaBancoDeAmostra(banco, opcoes);
     sqlite3* aberto = nullptr;
     ASSERT_EQ(sqlite3_open(banco.c_str(), &aberto), SQLITE_OK);

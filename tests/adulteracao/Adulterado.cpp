@@ -49,6 +49,7 @@ bool Adulterado::poe(std::size_t linha, const std::string& chave, const std::str
   if (l == nullptr || bytes.size() > l->largura) return false;
   const std::string cheio = bytes + std::string(l->largura - bytes.size(), ' ');
   if (campo(linha, chave) == cheio) return false;
+  culpaParentes(linha);
   linhas_[linha].texto.replace(l->posicao, l->largura, cheio);
   culpaParentes(linha);
   return true;
@@ -66,15 +67,29 @@ bool Adulterado::soma(std::size_t linha, const std::string& chave, std::int64_t 
   return poe(linha, chave, std::string(lugar(linha, chave)->largura - digitos.size(), '0') + digitos);
 }
 
+// The lines that no longer agree with it: of the same document, of its reduction or restart, E11 over all of
+// them, and E01 over the software's versions.
 void Adulterado::culpaParentes(std::size_t linha) {
-  static constexpr std::array<const char*, 2> kChaves = {"coo", "crz"};
+  static constexpr std::array<const char*, 3> kChaves = {"coo", "crz", "cro"};
+  const std::string codigo = registro(linha);
   culpa(linha);
-  for (const char* chave : kChaves) {
-    const std::string valor = campo(linha, chave);
-    if (valor.empty() || registro(linha) < "E12") continue;
-    for (std::size_t i = 0; i < linhas_.size(); ++i)
-      if (registro(i) >= "E12" && campo(i, chave) == valor) culpa(i);
-  }
+  if (codigo < "E07") return;
+  for (const char* chave : kChaves) culpaIguais(chave, campo(linha, chave));
+  if (codigo >= "E14") culpaIguais("crz", reducaoDe(campo(linha, "coo")));
+  for (const std::size_t i : de(codigo == "E07" ? "E01" : "E11")) culpa(i);
+}
+
+void Adulterado::culpaIguais(const std::string& chave, const std::string& valor) {
+  if (valor.empty() || valor.find_first_not_of('0') == std::string::npos) return;
+  for (std::size_t i = 0; i < linhas_.size(); ++i)
+    if (campo(i, chave) == valor) culpa(i);
+}
+
+// The CRZ of the reduction that a document belongs to.
+std::string Adulterado::reducaoDe(const std::string& coo) const {
+  for (const std::size_t i : de("E12"))
+    if (campo(i, "coo") >= coo) return campo(i, "crz");
+  return "";
 }
 
 void Adulterado::trocaTexto(std::size_t linha, const std::string& texto) {

@@ -60,6 +60,8 @@ class Adulterado {
 
   const Lugar* lugar(std::size_t linha, const std::string& chave) const;
   void culpaParentes(std::size_t linha);
+  void culpaIguais(const std::string& chave, const std::string& valor);
+  std::string reducaoDe(const std::string& coo) const;
   void culpaEmVolta(std::size_t linha);
 
   std::vector<LinhaAdulterada> linhas_;

@@ -12,7 +12,7 @@
 
 #include "Achados/SaidaDeAchados.h"
 #include "Relatorio.h"
-#include "Validacao/TabelaDeDocumentos.h"
+#include "Validacao/TabelaPorCoo.h"
 
 namespace cotepe {
 namespace {
@@ -90,8 +90,12 @@ TEST(ArquivoTemporario, WithoutRoomIsNotWritten) {
   static_cast<void>(std::signal(SIGXFSZ, antes));
 }
 
-TEST(TabelaDeDocumentos, FindsTheFirstOneWithACooWhateverTheOrder) {
-  TabelaDeDocumentos tabela;
+struct Documento {
+  std::uint32_t coo = 0, linha = 0;
+};
+
+TEST(TabelaPorCoo, FindsTheFirstOneWithACooWhateverTheOrder) {
+  TabelaPorCoo<Documento> tabela;
   std::uint32_t linha = 0;
   std::vector<std::uint32_t> coos;
   for (std::uint32_t i = 1; i <= 50000; ++i) coos.push_back(2 * i);

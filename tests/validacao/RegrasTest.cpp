@@ -302,6 +302,162 @@ const std::vector<Caso>& casos() {
        {R"(:9:63-68: error position E11.8 "GNF": found "000053", expected no less than "000054" of E16)" +
         kBanco},
        [](Relatorio& r) { r.troca(9, 63, "000054", "000055"); }},
+      {"totalizer-items",
+       [](Relatorio& r) {
+         r.troca(12, 60, "0000000003400", "0000000003300");
+         r.troca(10, 87, "00000000003800", "00000000003700");
+       },
+       {R"(:12:60-72: error totalizer-items E13.8 "Valor acumulado": found "01T1800" of 33,00, expected 34,00, the )"
+        "sum in E15" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(25, 176, "0000100", "0000090");
+         r.troca(25, 210, "00000000000500", "00000000000450");
+         r.troca(21, 67, "00000000000500", "00000000000450");
+         r.troca(21, 109, "00000000000500", "00000000000450");
+         r.troca(45, 80, "0000000000500", "0000000000450");
+         r.troca(36, 68, "0000000000500", "0000000000450");
+         r.troca(12, 60, "0000000003400", "0000000003350");
+         r.troca(10, 87, "00000000003800", "00000000003750");
+       }},
+      {"totalizer-adjustments",
+       [](Relatorio& r) {
+         r.troca(15, 60, "0000000000100", "0000000000200");
+         r.troca(10, 87, "00000000003800", "00000000003900");
+       },
+       {R"(:15:60-72: error totalizer-adjustments E13.8 "Valor acumulado": found discounts of 2,00, expected 1,00, )"
+        "as the coupons of the reduction and their items have it" +
+        kBanco},
+       [](Relatorio& r) { r.troca(15, 53, "DT     ", "DS     "); }},
+      {"nonfiscal-totals",
+       [](Relatorio& r) {
+         r.troca(34, 68, "0000000001200", "0000000001100");
+         r.troca(18, 60, "0000000001200", "0000000001100");
+       },
+       {R"(:34:68-80: error nonfiscal-totals E17.8 "Valor acumulado": found "CONTA DE LUZ" of 11,00, expected )"
+        "12,00, the sum in E20" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(41, 90, "0000000000000", "0000000000100");
+         r.troca(41, 116, "0000000001200", "0000000001100");
+         r.troca(39, 67, "00000000001200", "00000000001100");
+         r.troca(39, 109, "00000000001200", "00000000001100");
+         r.troca(46, 80, "0000000001200", "0000000001100");
+         r.troca(34, 68, "0000000001200", "0000000001100");
+         r.troca(18, 60, "0000000001200", "0000000001100");
+         r.troca(37, 68, "0000000004100", "0000000004000");
+       }},
+      {"payment-totals",
+       [](Relatorio& r) { r.troca(36, 68, "0000000000500", "0000000000600"); },
+       {R"(:36:68-80: error payment-totals E18.8 "Valor acumulado": found "CARTAO" of 6,00, expected 5,00, the )"
+        "sum in E21" +
+        kBanco},
+       [](Relatorio& r) {
+         std::string troco = r[37];
+         troco.replace(52, 28, "TROCO          0000000002100");
+         r.troca(37, 68, "0000000004100", "0000000006200");
+         r.insere(38, troco);
+       }},
+      {"reduction-moment",
+       [](Relatorio& r) { r.troca(30, 85, "200100", "200101"); },
+       {R"(:30:85-90: error reduction-moment E16.13 "Hora final de emissão": found "200101", expected "200100" as )"
+        "in E12" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(30, 85, "200100", "200101");
+         r.troca(10, 81, "200100", "200101");
+       }},
+      {"receipt-document",
+       [](Relatorio& r) { r.troca(29, 75, "CN", "NC"); },
+       {R"(:39:47-52: error receipt-document E19.6 "COO": found "000104", expected a document CN of E16 with that )"
+        "COO" +
+        kDocumentos},
+       [](Relatorio& r) {
+         r.troca(32, 75, "CC", "CN");
+         r.troca(32, 65, "0007", "0000");
+       }},
+      {"tape-range",
+       [](Relatorio& r) {
+         std::string fita = r[8];
+         fita.replace(44, 6, "000004").replace(58, 12, "000111000112");
+         r.troca(9, 99, "000003", "000004");
+         r.insere(9, fita);
+       },
+       {R"(:9:59-64: error tape-range E10.7 "COO inicial": found "000111", expected "000110")" + kDocumentos},
+       [](Relatorio& r) {
+         std::string fita = r[8];
+         fita.replace(44, 6, "000004").replace(58, 12, "000110000112");
+         r.troca(9, 99, "000003", "000004");
+         r.insere(9, fita);
+       }},
+      {"restart-known",
+       [](Relatorio& r) { r.poe(2, 247, "000002"); },
+       {R"(:2:247-252: error restart-known E02.11 "CRO": found "000002", expected a CRO of E09)" + kBanco},
+       [](Relatorio& r) { r.poe(2, 247, "000000"); }},
+      {"software-version",
+       [](Relatorio& r) { r.troca(5, 45, "01.00.00  ", "01.00.01  "); },
+       {R"(:1:72-81: error software-version E01.7 "Versão do software básico": found "01.00.00", expected )"
+        R"("01.00.01" as in E07)" +
+        kBanco},
+       [](Relatorio& r) {
+         std::string anterior = r[5];
+         anterior.replace(44, 18, "00.09.00  20230101");
+         r.insere(5, anterior);
+       }},
+      {"reversal",
+       [](Relatorio& r) { r.troca(43, 93, "N", "S"); },
+       {":43:93-93: error reversal E21.11 \"Estornado (S/N)\": found \"S\", expected \"N\" with a reversed "
+        "amount "
+        "of 0,00" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(43, 80, "0000000005000", "0000000005100");
+         r.troca(43, 93, "N0000000000000", "S0000000000100");
+       }},
+      {"document-day",
+       [](Relatorio& r) { r.troca(22, 59, "20240103", "20240105"); },
+       {R"(:22:59-66: warning document-day E14.8 "Data de emissão": found "20240105", expected "20240103" or the )"
+        "day after, as its reduction 11" +
+        kBanco},
+       [](Relatorio& r) { r.troca(22, 59, "20240103", "20240104"); }},
+      {"reduction-day",
+       [](Relatorio& r) {
+         r.troca(11, 73, "20240103", "20240105");
+         r.troca(33, 77, "20240103", "20240105");
+         r.troca(1, 136, "20240103", "20240105");
+       },
+       {R"(:11:73-80: warning reduction-day E12.10 "Data de emissão": found "20240105", expected "20240103" or the )"
+        "day after" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(11, 73, "20240103", "20240104");
+         r.troca(33, 77, "20240103", "20240104");
+         r.troca(1, 136, "20240103", "20240104");
+       }},
+      {"repeated-line",
+       [](Relatorio& r) { r.insere(6, r[5]); },
+       {":6: warning repeated-line E07: found the same line as the one before, expected a line of its own" +
+        kDocumentos},
+       [](Relatorio& r) {
+         std::string anterior = r[5];
+         anterior.replace(44, 18, "00.09.00  20230101");
+         r.insere(5, anterior);
+       }},
+      {"surcharge-cancelled",
+       [](Relatorio& r) { r.troca(21, 124, "0000000000000", "0000000000001"); },
+       {R"(:21:124-136: error surcharge-cancelled E14.16 "Cancelamento de acréscimo": found 0,01, expected at most )"
+        "0,00, the surcharge" +
+        kBanco},
+       [](Relatorio& r) {
+         r.troca(21, 95, "0000000000000", "0000000000001");
+         r.troca(21, 109, "00000000000500", "00000000000501");
+         r.troca(21, 124, "0000000000000 ", "0000000000001A");
+         r.troca(45, 80, "0000000000500", "0000000000501");
+         r.troca(36, 68, "0000000000500", "0000000000501");
+         r.troca(12, 60, "0000000003400", "0000000003401");
+         r.troca(13, 60, "0000000000000", "0000000000001");
+         r.troca(10, 87, "00000000003800", "00000000003801");
+       }},
   };
   return todos;
 }
@@ -324,11 +480,22 @@ TEST(Regras, EachOneIsBrokenAloneAndSaysSo) {
   }
 }
 
+// Those that rest on the whole file: a change that another rule just allows may well be one for them.
+Supressoes doArquivoInteiroMenos(const std::string& uma) {
+  Supressoes desligadas;
+  for (const char* nome : {"totalizer-items", "totalizer-adjustments", "nonfiscal-totals", "payment-totals",
+                           "reduction-moment", "receipt-document", "tape-range", "restart-known",
+                           "software-version", "reversal", "document-day", "reduction-day", "repeated-line"})
+    if (nome != uma) desligadas.desliga(*Regras(validacao::kRegras).acha(nome));
+  return desligadas;
+}
+
 TEST(Regras, EachOneIsJustKept) {
   for (const Caso& caso : casos()) {
     Relatorio relatorio = Relatorio::bom();
     caso.quase(relatorio);
-    EXPECT_EQ(achados(relatorio.texto()), std::vector<std::string>()) << caso.regra;
+    EXPECT_EQ(achados(relatorio.texto(), doArquivoInteiroMenos(caso.regra)), std::vector<std::string>())
+        << caso.regra;
   }
 }
 

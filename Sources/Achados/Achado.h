@@ -31,6 +31,8 @@ struct Achado {
   std::string campo;     ///< its label
   int numero = 0;        ///< its place in the register, from 1
 
+  long outraLinha = 0;  ///< of the report that it was compared with, from 1
+
   std::string encontrado;  ///< what was found
   std::string esperado;    ///< what was expected
   std::string conserto;    ///< what to do

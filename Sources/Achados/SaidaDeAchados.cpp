@@ -1,8 +1,10 @@
 #include "Achados/SaidaDeAchados.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <string_view>
 
 #include "Achados/Json.h"
 #include "Achados/Trecho.h"
@@ -21,6 +23,10 @@ constexpr char kAbreSarif[] =
 
 constexpr char kVermelho[] = "\033[1;31m", kAmarelo[] = "\033[1;33m", kVerde[] = "\033[1;32m",
                kNormal[] = "\033[0m";
+
+constexpr std::size_t kRecuo = 2;               // of the line under a finding
+constexpr std::size_t kColunasMinimas = 20;     // of that line
+constexpr std::size_t kLarguraDaContagem = 11;  // of the table of rules
 
 // For programs; for people it is translated.
 const char* palavra(Severidade severidade) {
@@ -95,7 +101,11 @@ SaidaDeAchados::Opcoes SaidaDeAchados::opcoesPara(int descritor) {
   Opcoes opcoes;
   opcoes.comLinha = ehTerminal(descritor);
   const char* semCores = std::getenv("NO_COLOR");
-  opcoes.cores = opcoes.comLinha && (semCores == nullptr || *semCores == '\0');
+  const char* terminal = std::getenv("TERM");
+  opcoes.cores = opcoes.comLinha && (semCores == nullptr || *semCores == '\0') &&
+                 (terminal == nullptr || std::string_view(terminal) != "dumb");
+  if (const std::size_t colunas = colunasDoTerminal(descritor); colunas > kRecuo)
+    opcoes.colunas = std::max(colunas - kRecuo, kColunasMinimas);
   return opcoes;
 }
 
@@ -103,7 +113,10 @@ SaidaDeAchados::SaidaDeAchados(std::ostream& saida, const Opcoes& opcoes) : said
 
 void SaidaDeAchados::recebe(const Achado& achado) {
   ++(achado.severidade == Severidade::Erro ? erros_ : avisos_);
-  if (opcoes_.maximo >= 0 && escritos_ >= opcoes_.maximo) return;
+  Contagem& contagem = regras_[achado.regra];
+  ++contagem.todos;
+  if (opcoes_.maximo >= 0 && contagem.escritos >= opcoes_.maximo) return;
+  ++contagem.escritos;
   switch (opcoes_.formato) {
     case FormatoDeAchados::Texto:
       escreveTexto(achado);
@@ -139,17 +152,35 @@ void SaidaDeAchados::escreveTexto(const Achado& achado) {
     saida_ << textoDoAchado(achado) << '\n';
   }
   if (!opcoes_.comLinha || achado.conteudo.empty()) return;
-  const Trecho trecho = trechoDaLinha(achado.conteudo, achado.de, achado.ate);
+  const Trecho trecho = trechoDaLinha(achado.conteudo, achado.de, achado.ate, opcoes_.colunas);
   saida_ << "  " << trecho.linha << '\n';
   if (trecho.marca.empty()) return;
   saida_ << "  " << (opcoes_.cores ? kVerde : "") << trecho.marca << (opcoes_.cores ? kNormal : "") << '\n';
 }
 
+// The rules and how often each was broken, the names in one column.
+void SaidaDeAchados::escreveTabela() {
+  std::size_t largura = 0;
+  for (const auto& [nome, contagem] : regras_) largura = std::max(largura, nome.size());
+  for (const auto& [nome, contagem] : regras_) {
+    const std::string quantos = contado(contagem.todos);
+    saida_ << "  " << nome << std::string(largura - nome.size() + 2, ' ')
+           << std::string(kLarguraDaContagem - std::min(kLarguraDaContagem, quantos.size()), ' ') << quantos
+           << '\n';
+  }
+}
+
 void SaidaDeAchados::terminaTexto() {
   if (total() == 0) return;
-  const std::string contagem =
-      fraseDe("{n} error", "{n} errors", erros_) + ", " + fraseDe("{n} warning", "{n} warnings", avisos_);
-  saida_ << (escritos_ < total() ? frase("{1} ({2} shown)", {contagem, std::to_string(escritos_)}) : contagem)
+  for (const auto& [nome, contagem] : regras_)
+    if (contagem.escritos > 0 && contagem.escritos < contagem.todos)
+      saida_ << frase("{1}: ... and {2} more like this; --all shows them",
+                      {nome, contado(contagem.todos - contagem.escritos)})
+             << '\n';
+  if (regras_.size() > 1) escreveTabela();
+  const std::string contagem = fraseDe("{1} error", "{1} errors", erros_, {contado(erros_)}) + ", " +
+                               fraseDe("{1} warning", "{1} warnings", avisos_, {contado(avisos_)});
+  saida_ << (escritos_ < total() ? frase("{1} ({2} shown)", {contagem, contado(escritos_)}) : contagem)
          << '\n';
 }
 
@@ -160,7 +191,8 @@ void SaidaDeAchados::escreveJson(const Achado& achado) {
   };
   texto("file", achado.arquivo);
   if (achado.linha != 0) objeto["line"] = achado.linha;
-  if (achado.de > 0) objeto["from"] = achado.de, objeto["to"] = achado.ate;
+  if (achado.de > 0) objeto["columns"] = {achado.de, achado.ate};
+  if (achado.outraLinha != 0) objeto["other_line"] = achado.outraLinha;
   texto("table", achado.tabela);
   texto("key", achado.chave);
   texto("column", achado.coluna);
@@ -179,7 +211,6 @@ void SaidaDeAchados::terminaJson() {
 }
 
 void SaidaDeAchados::escreveSarif(const Achado& achado) {
-  regras_.insert(achado.regra);
   ordered_json fisico = {{"artifactLocation", {{"uri", uriDoArquivo(achado.arquivo)}}}};
   if (achado.linha > 0) {
     ordered_json& regiao = fisico["region"] = {{"startLine", achado.linha}};
@@ -197,7 +228,8 @@ void SaidaDeAchados::escreveSarif(const Achado& achado) {
 // The document is written as its results come; what follows them closes what kAbreSarif opened.
 void SaidaDeAchados::terminaSarif() {
   auto regras = ordered_json::array();
-  for (const std::string& regra : regras_) regras.push_back({{"id", regra}});
+  for (const auto& [nome, contagem] : regras_)
+    if (contagem.escritos > 0) regras.push_back({{"id", nome}});
   ordered_json fim;
   fim["tool"]["driver"] = {{"name", "cotepe"}, {"rules", std::move(regras)}};
   fim["properties"] = {{"errors", erros_}, {"warnings", avisos_}, {"shown", escritos_}};

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <iosfwd>
-#include <set>
+#include <map>
 #include <string>
 
 #include "Achados/Achado.h"
@@ -32,22 +32,24 @@ class SaidaDeAchados : public RecebeAchados {
   /// How, and how many.
   struct Opcoes {
     FormatoDeAchados formato = FormatoDeAchados::Texto;  ///< text, JSON lines or SARIF
-    long maximo = -1;       ///< how many are written; below 0 all of them. The counts stay whole.
-    bool comLinha = false;  ///< of text: under each finding its line, and a caret under the bytes meant
-    bool cores = false;     ///< of text
+    long maximo = -1;  ///< how many of each rule are written; below 0 all of them. The counts stay whole.
+    bool comLinha = false;      ///< of text: under each finding its line, and a caret under the bytes meant
+    bool cores = false;         ///< of text
+    std::size_t colunas = 100;  ///< of text: how wide the line under a finding may be
   };
 
   /// Options of a text for the file descriptor given: the line and the caret on a terminal, colours there too
-  /// unless NO_COLOR is set and not empty.
+  /// unless NO_COLOR is set and not empty, or TERM is dumb.
   static Opcoes opcoesPara(int descritor);
 
   /// Borrows the stream, and copies the options.
   SaidaDeAchados(std::ostream& saida, const Opcoes& opcoes);
 
-  /// Writes one, unless there were `maximo`, and counts it.
+  /// Writes one, unless there were `maximo` of its rule, and counts it.
   void recebe(const Achado& achado) override;
 
-  /// Ends the document; nothing may follow. Text ends with a line of counts when there was a finding.
+  /// Ends the document; nothing may follow. Text ends with what was not written of each rule, a table of the
+  /// rules where there are several, and a line of counts, when there was a finding.
   void termina();
 
   ///@{
@@ -58,17 +60,22 @@ class SaidaDeAchados : public RecebeAchados {
   ///@}
 
  private:
+  struct Contagem {
+    long todos = 0, escritos = 0;
+  };
+
   void escreveTexto(const Achado& achado);
   void escreveJson(const Achado& achado);
   void escreveSarif(const Achado& achado);
   void terminaTexto();
+  void escreveTabela();
   void terminaJson();
   void terminaSarif();
 
   std::ostream& saida_;
   Opcoes opcoes_;
   long erros_ = 0, avisos_ = 0, escritos_ = 0;
-  std::set<std::string> regras_;  // of SARIF: the names that occurred
+  std::map<std::string, Contagem> regras_;  // those that occurred
 };
 
 }  // namespace cotepe

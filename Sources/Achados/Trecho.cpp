@@ -12,10 +12,12 @@ constexpr std::string_view kReticencias = "...";
 
 }  // namespace
 
-Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura) {
-  const std::size_t primeiro = de > 0 ? static_cast<std::size_t>(de) - 1 : 0;
+Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t colunas) {
+  const std::size_t primeiro = de > 0 ? std::min(static_cast<std::size_t>(de) - 1, linha.size()) : 0;
+  const bool cabe = linha.size() <= colunas;
+  const std::size_t largura = cabe ? linha.size() : colunas - 2 * kReticencias.size();
   std::size_t inicio = 0;
-  if (linha.size() > largura && primeiro > largura / 2)
+  if (!cabe && primeiro > largura / 2)
     inicio = std::min(primeiro - largura / 2, linha.size() - std::min(linha.size(), largura / 2));
   const std::string_view visto = linha.substr(inicio, largura);
 

@@ -11,8 +11,8 @@ struct Trecho {
   std::string marca;  // a caret and tildes under the bytes meant; empty when there are none
 };
 
-/// At most `largura` columns of the line around the bytes `de` to `ate` (from 1; 0 for none meant); "..."
-/// stands where something is left out.
-Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t largura = 100);
+/// At most `colunas` columns of the line around the bytes `de` to `ate` (from 1; 0 for none meant); "..."
+/// stands where something is left out. Bytes behind the end of the line are meant at its end.
+Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t colunas = 100);
 
 }  // namespace cotepe

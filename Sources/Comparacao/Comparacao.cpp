@@ -289,10 +289,11 @@ void Comparacao::faltaOuSobra(Pendentes& pendentes, bool falta) {
     const std::string qual = registroComChave(lido, guardado->ordem);
     achado.encontrado = falta ? traduz("none") : qual;
     achado.esperado = falta ? qual : traduz("none");
-    if (falta)
+    if (falta) {
+      achado.outraLinha = lido.linha.numero;
       achado.conserto = frase("line {1} of {2}", {std::to_string(lido.linha.numero), opcoes_.esperado});
-    else
-      achado.linha = lido.linha.numero;
+    }
+    if (!falta) achado.linha = lido.linha.numero;
     saida_.recebe(achado);
   }
   pendentes.clear();
@@ -304,6 +305,7 @@ Achado Comparacao::achadoEm(const Regra& regra, const RegistroLido& esperado, co
   achado.linha = encontrado.linha.numero;
   achado.conteudo = std::string(encontrado.linha.texto);
   if (encontrado.registro != nullptr) achado.registro = encontrado.registro->codigo;
+  achado.outraLinha = esperado.linha.numero;
   const std::string chave = chaveParaPessoas(encontrado, ordem);
   achado.conserto = (chave.empty() ? "" : chave + "; ") +
                     frase("line {1} of {2}", {std::to_string(esperado.linha.numero), opcoes_.esperado});

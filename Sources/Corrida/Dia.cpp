@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "Idioma/Idioma.h"
+
 #include "Leiaute/Releitura.h"
 
 namespace cotepe::programa {
@@ -42,6 +44,11 @@ std::optional<Dia> Dia::le(std::string_view texto) {
 
 std::string Dia::ddmmaaaa() const { return comFormato("%02d%02d%04d", dia_, mes_, ano_); }
 std::string Dia::iso() const { return comFormato("%04d-%02d-%02d", ano_, mes_, dia_); }
+
+std::string Dia::paraPessoas() const {
+  const std::string texto = iso();
+  return frase("{1}-{2}-{3}", {texto.substr(0, 4), texto.substr(5, 2), texto.substr(8)});
+}
 
 Dia Dia::ultimoDoMes() const { return {ano_, mes_, diasDoMes(ano_, mes_)}; }
 

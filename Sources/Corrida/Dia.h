@@ -15,7 +15,8 @@ class Dia {
   static std::optional<Dia> le(std::string_view texto);
 
   std::string ddmmaaaa() const;
-  std::string iso() const;  // YYYY-MM-DD
+  std::string iso() const;          // YYYY-MM-DD
+  std::string paraPessoas() const;  // as the user's language has it
   int ano() const { return ano_; }
   Dia ultimoDoMes() const;
 

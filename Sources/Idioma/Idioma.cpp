@@ -16,6 +16,8 @@ namespace {
     marca("Not enough space"),          marca("Too many open files"),
 };
 
+int g_emIngles = 0;  // how many there are of them
+
 // What fills a place such as "{1}" or "{n}"; null where these three bytes are none, or nothing is given for
 // it.
 const std::string_view* parteDe(std::string_view lugar, const std::string_view& contagem, Partes partes) {
@@ -39,8 +41,11 @@ std::string preenche(std::string_view modelo, const std::string_view& contagem, 
 
 void escolheIdioma() { abreCatalogo(); }
 
+EmIngles::EmIngles() { ++g_emIngles; }
+EmIngles::~EmIngles() { --g_emIngles; }
+
 const char* traduz(const char* mensagem) {
-  return mensagem[0] != '\0' ? doCatalogo(mensagem) : mensagem;  // the empty message is the catalogue's head
+  return mensagem[0] != '\0' && g_emIngles == 0 ? doCatalogo(mensagem) : mensagem;  // the empty message is the catalogue's head
 }
 
 std::string motivoDoSistema(int codigo) {
@@ -52,9 +57,18 @@ std::string preenche(const char* modelo, Partes partes) { return preenche(modelo
 
 std::string frase(const char* modelo, Partes partes) { return preenche(traduz(modelo), {}, partes); }
 
+std::string contado(long long quantos) {
+  const char separador = traduz("1,000")[1];
+  std::string texto = std::to_string(quantos);
+  const std::size_t inicio = quantos < 0 ? 1 : 0;
+  for (std::size_t i = texto.size(); i > inicio + 3; i -= 3) texto.insert(i - 3, 1, separador);
+  return texto;
+}
+
 std::string fraseDe(const char* um, const char* varios, long long quantos, Partes partes) {
   const auto forma = static_cast<unsigned long>(quantos);
-  return preenche(doCatalogo(um, varios, forma), std::to_string(quantos), partes);
+  const char* modelo = g_emIngles == 0 ? doCatalogo(um, varios, forma) : quantos == 1 ? um : varios;
+  return preenche(modelo, std::to_string(quantos), partes);
 }
 
 }  // namespace cotepe

@@ -33,6 +33,18 @@ std::string fraseDe(const char* um, const char* varios, long long quantos, Parte
 /// The system's words for a value of errno, in the user's language.
 std::string motivoDoSistema(int codigo);
 
+/// A count as people write it, with a separator between thousands.
+std::string contado(long long quantos);
+
+/// While one lives messages are English whatever the user's language: for what programs read.
+class EmIngles {
+ public:
+  EmIngles();
+  ~EmIngles();
+  EmIngles(const EmIngles&) = delete;
+  EmIngles& operator=(const EmIngles&) = delete;
+};
+
 /// Marks a message of a table for the catalogue; traduz gives it in the user's language where it is shown.
 constexpr const char* marca(const char* mensagem) { return mensagem; }
 

@@ -61,28 +61,36 @@ void soVersao2(std::vector<AjusteDoLeiaute>& leiautes) {
 
 }  // namespace
 
-AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas, Catalogo catalogo) {
-  AjustesDoRelatorio ajustes;
+ColetaDeAjustes::ColetaDeAjustes(Catalogo catalogo) : catalogo_(catalogo), presentes_(catalogo.size()) {}
+
+void ColetaDeAjustes::le(const RegistroLido& lido) {
   static const Coluna fita(kE10, "Data de emissão"), movimento(kE12, "Data do movimento");
-  LeitorDeRegistros registros(linhas, catalogo);
-  Presentes presentes(catalogo.size());
-  for (RegistroLido lido; registros.proximo(lido);) {
-    if (lido.registro == nullptr) continue;
-    presentes[static_cast<std::size_t>(lido.indice)] = true;
-    if (lido.registro == &kE01) leE01(ajustes, lido);
-    if (lido.registro == &kE10) estende(ajustes, valor(lido, fita));
-    if (lido.registro == &kE12) estende(ajustes, valor(lido, movimento));
-  }
-  if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(catalogo, presentes);
+  if (lido.registro == nullptr) return;
+  presentes_[static_cast<std::size_t>(lido.indice)] = true;
+  if (lido.registro == &kE01) leE01(lidos_, lido);
+  if (lido.registro == &kE10) estende(lidos_, valor(lido, fita));
+  if (lido.registro == &kE12) estende(lidos_, valor(lido, movimento));
+}
+
+AjustesDoRelatorio ColetaDeAjustes::ajustes(const LeitorDeRegistros& leitor) const {
+  AjustesDoRelatorio ajustes = lidos_;
+  if (!ajustes.comandoDoE01) ajustes.comando = comandoDe(catalogo_, presentes_);
   for (std::size_t i = 0; i < kAjustesPossiveis.size(); ++i)
-    if ((registros.ajustes() >> i & 1) != 0) ajustes.leiautes.push_back(kAjustesPossiveis[i]);
-  for (std::size_t i = 0; i < catalogo.size(); ++i)
-    if (presentes[i] && catalogo[i]->soNaVersao2) soVersao2(ajustes.leiautes);
-  ajustes.faltaVazio = faltaVazio(catalogo, presentes, ajustes.comando, ajustes.leiautes.front().versao);
+    if ((leitor.ajustes() >> i & 1) != 0) ajustes.leiautes.push_back(kAjustesPossiveis[i]);
+  for (std::size_t i = 0; i < catalogo_.size(); ++i)
+    if (presentes_[i] && catalogo_[i]->soNaVersao2) soVersao2(ajustes.leiautes);
+  ajustes.faltaVazio = faltaVazio(catalogo_, presentes_, ajustes.comando, ajustes.leiautes.front().versao);
   if (ajustes.faltaVazio)
     std::stable_partition(ajustes.leiautes.begin(), ajustes.leiautes.end(),
                           [](const AjusteDoLeiaute& a) { return a.cat52; });
   return ajustes;
+}
+
+AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas, Catalogo catalogo) {
+  ColetaDeAjustes coleta(catalogo);
+  LeitorDeRegistros registros(linhas, catalogo);
+  for (RegistroLido lido; registros.proximo(lido);) coleta.le(lido);
+  return coleta.ajustes(registros);
 }
 
 }  // namespace cotepe

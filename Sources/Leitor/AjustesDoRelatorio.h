@@ -22,6 +22,23 @@ struct AjustesDoRelatorio {
   std::string ultimoCrz;         // of E01, digits; or empty
 };
 
+/// Works them out along with somebody else who reads the report.
+class ColetaDeAjustes {
+ public:
+  /// The catalogue is the one that the report is read with.
+  explicit ColetaDeAjustes(Catalogo catalogo = kCatalogo);
+
+  /// Takes the next record.
+  void le(const RegistroLido& lido);
+  /// What all of them say. `leitor` read them.
+  AjustesDoRelatorio ajustes(const LeitorDeRegistros& leitor) const;
+
+ private:
+  AjustesDoRelatorio lidos_;
+  Catalogo catalogo_;
+  std::vector<bool> presentes_;
+};
+
 /// Reads a report to its end.
 AjustesDoRelatorio ajustesDe(LeitorDeLinhas& linhas, Catalogo catalogo = kCatalogo);
 

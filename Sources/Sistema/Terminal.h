@@ -1,12 +1,16 @@
 // The program's place among others: its three streams, its executable, and those who ask it to stop.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace cotepe {
 
 /// Whether a descriptor is a terminal, where people read.
 bool ehTerminal(int descritor);
+
+/// How many columns a terminal has; 0 where the descriptor is none, or it does not say.
+std::size_t colunasDoTerminal(int descritor);
 
 /// Asks on the terminal, whatever stdin and stderr are, and reads one line without showing it. False where
 /// there is no terminal, no answer, or a signal came; the terminal is left as it was.

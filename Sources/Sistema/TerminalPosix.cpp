@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -88,6 +89,11 @@ bool perguntaEmSegredo(const std::string& pergunta, std::string& resposta) {
 }
 
 bool ehTerminal(int descritor) { return isatty(descritor) != 0; }
+
+std::size_t colunasDoTerminal(int descritor) {
+  winsize tamanho{};
+  return ehTerminal(descritor) && ioctl(descritor, TIOCGWINSZ, &tamanho) == 0 ? tamanho.ws_col : 0;
+}
 
 void preparaFluxosPadrao() noexcept {
   for (int numero = 0; numero <= 2; ++numero) {

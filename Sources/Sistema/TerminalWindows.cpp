@@ -42,6 +42,13 @@ bool ehTerminal(int descritor) {
   return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(descritor)), &modo) != 0;
 }
 
+std::size_t colunasDoTerminal(int descritor) {
+  CONSOLE_SCREEN_BUFFER_INFO tela{};
+  const auto terminal = reinterpret_cast<HANDLE>(_get_osfhandle(descritor));
+  if (GetConsoleScreenBufferInfo(terminal, &tela) == 0) return 0;
+  return static_cast<std::size_t>(tela.srWindow.Right - tela.srWindow.Left + 1);
+}
+
 void preparaFluxosPadrao() noexcept {
   for (int numero = 0; numero <= 2; ++numero) {
     if (_get_osfhandle(numero) < 0) {

@@ -11,7 +11,7 @@ namespace cotepe {
 
 const Regra validacao::kOrdemDasChaves{
     "key-order", Severidade::Erro, marca("The keys of a register ascend."),
-    marca("check that the database stores counters as numbers: as text, 9 comes after 11")};
+    marca("where counters are stored as texts 9 comes after 11; cotepe check tells")};
 const Regra validacao::kDataRetrocede{"date-backwards", Severidade::Aviso,
                                       marca("Dates do not go back while counters go on."), kVejaOBanco};
 

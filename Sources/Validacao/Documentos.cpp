@@ -20,7 +20,7 @@ const Regra validacao::kPagamentosDoCupom{
 const Regra validacao::kItensDoNaoFiscal{
     "nonfiscal-items", Severidade::Erro,
     marca("E20's items that are not cancelled add up to E19's subtotal."),
-    marca("an item whose totalizer is not registered is left out: check the database")};
+    marca("an item whose totalizer is not registered is left out; cotepe check names it")};
 const Regra validacao::kPagamentosDoNaoFiscal{
     "nonfiscal-payments", Severidade::Erro,
     marca("E21's payments, less reversals and change, are no less than E19's net total."), kVejaOBanco};

@@ -15,7 +15,8 @@ const Regra validacao::kRegistroDesconhecido{"unknown-register", Severidade::Err
 const Regra validacao::kComprimento{
     "line-length", Severidade::Erro,
     marca("A line is as long as its register is in the file's layout and mode."),
-    marca("look for an empty flag, a short date or an over-long last text in the database")};
+    marca("an empty flag, a short date or an over-long last text makes it so; cotepe explain --db shows the "
+          "row")};
 
 namespace {
 

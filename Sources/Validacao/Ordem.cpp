@@ -11,9 +11,9 @@ namespace cotepe {
 const Regra validacao::kOrdemDosRegistros{"register-order", Severidade::Erro,
                                           marca("The registers stand in ascending order, each in one block."),
                                           kGereDeNovo};
-const Regra validacao::kRegistroAusente{
-    "register-missing", Severidade::Erro, marca("Every register that the command writes is there."),
-    marca("look into the log for the query that failed, and generate again")};
+const Regra validacao::kRegistroAusente{"register-missing", Severidade::Erro,
+                                        marca("Every register that the command writes is there."),
+                                        marca("cotepe generate names the registers whose query fails")};
 const Regra validacao::kRegistroSobrando{
     "register-extra", Severidade::Erro,
     marca("No register is there that the command or the layout does not write, none too often."),

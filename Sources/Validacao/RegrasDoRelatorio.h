@@ -34,12 +34,10 @@ inline constexpr const Regra* kRegras[] = {
 
 ///@{
 /// What to do about findings of many rules, to be translated.
-inline constexpr const char* kGereDeNovo =
-    marca("the file was changed after it was generated: generate it again");
-inline constexpr const char* kVejaOBanco =
-    marca("check the value in the database, correct it and generate again");
+inline constexpr const char* kGereDeNovo = marca("cotepe verify compares it with the database");
+inline constexpr const char* kVejaOBanco = marca("cotepe explain --db shows the rows behind it");
 inline constexpr const char* kVejaOsDocumentos =
-    marca("check the documents in the database: one is missing or was stored twice");
+    marca("cotepe check looks for missing and repeated documents in the database");
 ///@}
 
 }  // namespace cotepe::validacao

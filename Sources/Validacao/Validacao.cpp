@@ -16,10 +16,13 @@ bool Validacao::valida(LeitorDeLinhas& linhas, const Observa& observa) {
   const std::size_t primeiras = familias_.size();
   for (NovaFamilia* nova : {regrasDeCorrespondencias, regrasDeTotalizadores})
     familias_.push_back(nova(relator_, leitor));
+  ColetaDeAjustes coleta(catalogo_);
   for (RegistroLido lido; leitor.proximo(lido); ++linhas_) {
+    coleta.le(lido);
     if (observa) observa(lido, leitor);
     for (const auto& familia : familias_) familia->linha(lido);
   }
+  ajustes_ = coleta.ajustes(leitor);
   for (std::size_t i = 0; linhas.erro() == 0 && i < familias_.size(); ++i) {
     if (i == primeiras) relator_.encerraPrimeiras();
     familias_[i]->fim();

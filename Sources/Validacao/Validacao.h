@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Leitor/AjustesDoRelatorio.h"
 #include "Leitor/LeitorDeRegistros.h"
 #include "Validacao/Familia.h"
 #include "Validacao/RegrasDoRelatorio.h"
@@ -46,10 +47,14 @@ class Validacao {
   /// Lines read.
   long linhas() const { return linhas_; }
 
+  /// What the report was made with, once it is read.
+  const AjustesDoRelatorio& ajustes() const { return ajustes_; }
+
  private:
   Relator relator_;
   Catalogo catalogo_;
   std::vector<std::unique_ptr<Familia>> familias_;
+  AjustesDoRelatorio ajustes_;
   long linhas_ = 0;
 };
 

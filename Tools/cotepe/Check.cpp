@@ -54,14 +54,23 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificaca
   }
 }
 
+// What a database without findings is.
+std::string emOrdem(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao) {
+  const std::string texto =
+      frase("{1}: OK, {2}", {opcoes.banco, quantasRegras(conferencia::kRegras, verificacao.desligadas)});
+  if (verificacao.de.empty()) return texto;
+  return frase("{1}, {2} to {3}",
+               {texto, Dia::le(verificacao.de)->paraPessoas(), Dia::le(verificacao.ate)->paraPessoas()});
+}
+
 void executa(const OpcoesDoCheck& opcoes) {
   if (opcoes.achados.regras) return listaRegras(conferencia::kRegras);
   const OpcoesDaConferencia verificacao = confere(opcoes);
   const long total =
       imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verifica(opcoes, verificacao, saida); });
   if (total > 0)
-    throw Veredito(
-        frase("{1}: not clean; cotepe {2} --rules says what the rules are", {opcoes.banco, "check"}));
+    throw Veredito(frase("{1}: problems found; cotepe {2} --rules lists the rules", {opcoes.banco, "check"}));
+  dizQueEstaCerto(opcoes.achados, emOrdem(opcoes, verificacao));
 }
 
 }  // namespace

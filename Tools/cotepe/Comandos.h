@@ -17,6 +17,7 @@ Acao declaraLayout(CLI::App& comando);
 Acao declaraCheck(CLI::App& comando);
 Acao declaraValidate(CLI::App& comando);
 Acao declaraShow(CLI::App& comando);
+Acao declaraSummary(CLI::App& comando);
 Acao declaraDiff(CLI::App& comando);
 Acao declaraExport(CLI::App& comando);
 Acao declaraReport(CLI::App& comando);

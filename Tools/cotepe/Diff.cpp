@@ -28,6 +28,7 @@ void executa(const OpcoesDoDiff& opcoes) {
   a.confereLeitura();
   b.confereLeitura();
   if (total > 0) throw Veredito(frase("{1} and {2} differ", {a.nome(), b.nome()}));
+  dizQueEstaCerto(opcoes.achados, frase("{1} and {2}: OK, the same records", {a.nome(), b.nome()}));
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ constexpr struct {
     {"check", marca("Check a fiscal database against what the registers need"), declaraCheck},
     {"validate", marca("Check a report against the rules"), declaraValidate},
     {"show", marca("Print the records of a report by label and value"), declaraShow},
+    {"summary", marca("Sum reports up: days, taxes, payments, counters"), declaraSummary},
     {"explain", marca("Say what a line of a report means, field by field"), declaraExplain},
     {"report", marca("Make a page of a report that opens in any browser"), declaraReport},
     {"export", marca("Turn reports into tables: a database, CSV files, a spreadsheet"), declaraExport},

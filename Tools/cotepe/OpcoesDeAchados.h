@@ -12,13 +12,17 @@ namespace cotepe::programa {
 
 /// As the command line gives them.
 struct OpcoesDeAchados {
+  static constexpr long kPadrao = -1;  // of `maximo`: 20 of each rule in text, all of them in other formats
+
   std::string formato = "text";
-  long maximo = -1;
+  long maximo = kPadrao;
+  bool todos = false, calado = false;
+  std::string cores = "auto";
   bool regras = false;
   std::vector<std::string> desligadas;
 };
 
-/// --format and --max-findings.
+/// --format, --max-findings, --all, --color and --quiet.
 void declaraAchados(CLI::App& comando, OpcoesDeAchados& opcoes);
 
 /// --disable and --rules, for commands whose rules have names.
@@ -31,8 +35,14 @@ void listaRegras(Regras regras);
 /// up.
 Supressoes regrasDesligadas(const OpcoesDeAchados& opcoes, Regras regras, const std::string& comando);
 
+/// "39 rules": those that are looked at.
+std::string quantasRegras(Regras regras, const Supressoes& desligadas);
+
+/// What was looked at and found to be right, said in one line on stderr.
+void dizQueEstaCerto(const OpcoesDeAchados& opcoes, const std::string& texto);
+
 /// Prints on stdout what `acha` finds, and returns how many findings there were. Throws Falha where stdout
-/// fails.
+/// fails. In the formats for programs nothing is in the user's language.
 long imprimeAchados(const OpcoesDeAchados& opcoes, const std::function<void(RecebeAchados&)>& acha);
 
 }  // namespace cotepe::programa

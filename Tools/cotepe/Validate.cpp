@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "Comandos.h"
+#include "Corrida/Dia.h"
 #include "Entrada/RelatorioLido.h"
 #include "FormaEntregue.h"
 #include "Idioma/Idioma.h"
@@ -18,24 +19,45 @@ struct OpcoesDoValidate {
   bool entregue = false;
 };
 
+std::string diaParaPessoas(const std::string& aaaammdd) {
+  return Dia::le(aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2))
+      ->paraPessoas();
+}
+
+// What a report without findings is.
+std::string emOrdem(const std::string& nome, const Validacao& validacao, const Supressoes& desligadas) {
+  const AjustesDoRelatorio& ajustes = validacao.ajustes();
+  const std::string texto =
+      frase("{1}: OK, {2}, {3}, {4}, layout {5}",
+            {nome, fraseDe("{1} record", "{1} records", validacao.linhas(), {contado(validacao.linhas())}),
+             quantasRegras(validacao::kRegras, desligadas), ajustes.comando,
+             std::to_string(ajustes.leiautes.front().versao)});
+  if (ajustes.primeiro.empty()) return texto;
+  return frase("{1}, {2} to {3}", {texto, diaParaPessoas(ajustes.primeiro), diaParaPessoas(ajustes.ultimo)});
+}
+
 void executa(const OpcoesDoValidate& opcoes) {
   if (opcoes.achados.regras) return listaRegras(validacao::kRegras);
   if (opcoes.arquivo.empty())
     throw Falha(kUsoErrado, traduz("FILE is missing; name a report, or - for stdin"));
   const Supressoes desligadas = regrasDesligadas(opcoes.achados, validacao::kRegras, "validate");
   RelatorioLido relatorio(opcoes.arquivo);
+  std::string certo;
   const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
     FormaEntregue forma(saida, relatorio.nome());
     const auto observa = [&](const RegistroLido& lido, const LeitorDeRegistros& /*leitor*/) {
       if (opcoes.entregue) forma.linha(lido);
     };
-    Validacao(saida, {relatorio.nome(), desligadas}).valida(relatorio.linhas(), observa);
+    Validacao validacao(saida, {relatorio.nome(), desligadas});
+    validacao.valida(relatorio.linhas(), observa);
     if (opcoes.entregue) forma.fim();
+    certo = emOrdem(relatorio.nome(), validacao, desligadas);
   });
   relatorio.confereLeitura();
   if (total > 0)
     throw Veredito(
-        frase("{1}: not clean; cotepe {2} --rules says what the rules are", {relatorio.nome(), "validate"}));
+        frase("{1}: problems found; cotepe {2} --rules lists the rules", {relatorio.nome(), "validate"}));
+  dizQueEstaCerto(opcoes.achados, certo);
 }
 
 }  // namespace

@@ -18,7 +18,6 @@ struct OpcoesDoVerify {
   std::string banco, relatorio;
   OpcoesDoPedido pedido;
   int espera = 5000;  // milliseconds
-  bool calado = false;
   OpcoesDeAchados achados;
 };
 
@@ -29,9 +28,9 @@ void executa(const OpcoesDoVerify& opcoes) {
   relatorio.confereLeitura();
   const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
   Verificacao verificacao(
-      {opcoes.relatorio, opcoes.banco, opcoes.pedido.identidade, opcoes.pedido.dado(), opcoes.calado}, lidos,
-      banco.banco());
-  if (!opcoes.calado) avisa(relatorio.nome() + ": " + verificacao.pedidoEmPalavras());
+      {opcoes.relatorio, opcoes.banco, opcoes.pedido.identidade, opcoes.pedido.dado(), opcoes.achados.calado},
+      lidos, banco.banco());
+  if (!opcoes.achados.calado) avisa(relatorio.nome() + ": " + verificacao.pedidoEmPalavras());
   const long total =
       imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) { verificacao.compara(saida); });
   if (total > 0)
@@ -39,6 +38,8 @@ void executa(const OpcoesDoVerify& opcoes) {
         frase("{1}: not what the database gives; cotepe check looks for faults in the database, cotepe "
               "validate in the report",
               {relatorio.nome()}));
+  dizQueEstaCerto(opcoes.achados,
+                  frase("{1}: OK, identical to what {2} gives", {relatorio.nome(), opcoes.banco}));
 }
 
 }  // namespace
@@ -51,7 +52,6 @@ Acao declaraVerify(CLI::App& comando) {
   comando.add_option("REPORT", o->relatorio, traduz("The report, a file"))->required();
   declaraPedido(comando, o->pedido);
   declaraEspera(comando, o->espera);
-  comando.add_flag("--quiet", o->calado, traduz("Do not say what was derived"));
   declaraAchados(comando, o->achados);
   comando.footer(traduz(
       "What is not given is derived from the report: layout and CAT52 mode from its lines (where they leave\n"

@@ -1,7 +1,9 @@
 // Findings as people and programs get them, word for word.
 #include <gtest/gtest.h>
 
+#include <sys/ioctl.h>
 #include <cstdlib>
+
 #include <sstream>
 
 #include "Achados/Citacao.h"
@@ -57,6 +59,8 @@ TEST(SaidaDeAchados, TextIsALineAFindingAndTheCounts) {
             "r.txt:2:3-5: error field-letter E14.15 \"Cancelado (S/N)\": found \"xyz\", expected S or N "
             "(correct it)\n"
             "loja.db: cupom_fiscal[cont_coo=12].id_cancelado: warning text-length: found an empty text\n"
+            "  field-letter            1\n"
+            "  text-length             1\n"
             "1 error, 1 warning\n");
 }
 
@@ -73,9 +77,14 @@ TEST(SaidaDeAchados, WhatAFindingLacksIsLeftOut) {
 TEST(SaidaDeAchados, CountsStayWholeBeyondTheLimit) {
   SaidaDeAchados::Opcoes opcoes;
   opcoes.maximo = 1;
-  EXPECT_EQ(saida(opcoes, {noBanco(), noRelatorio(), noRelatorio()}),
+  EXPECT_EQ(saida(opcoes, {noBanco(), noRelatorio(), noRelatorio(), noRelatorio()}),
             "loja.db: cupom_fiscal[cont_coo=12].id_cancelado: warning text-length: found an empty text\n"
-            "2 errors, 1 warning (1 shown)\n");
+            "r.txt:2:3-5: error field-letter E14.15 \"Cancelado (S/N)\": found \"xyz\", expected S or N "
+            "(correct it)\n"
+            "field-letter: ... and 2 more like this; --all shows them\n"
+            "  field-letter            3\n"
+            "  text-length             1\n"
+            "3 errors, 1 warning (2 shown)\n");
   opcoes.formato = FormatoDeAchados::Json;
   opcoes.maximo = 0;
   EXPECT_EQ(saida(opcoes, {noBanco(), noRelatorio(), noRelatorio()}),
@@ -106,7 +115,7 @@ TEST(SaidaDeAchados, JsonIsAnObjectALine) {
   opcoes.formato = FormatoDeAchados::Json;
   EXPECT_EQ(
       saida(opcoes, {noRelatorio(), noBanco()}),
-      "{\"severity\":\"error\",\"rule\":\"field-letter\",\"file\":\"r.txt\",\"line\":2,\"from\":3,\"to\":5,"
+      "{\"severity\":\"error\",\"rule\":\"field-letter\",\"file\":\"r.txt\",\"line\":2,\"columns\":[3,5],"
       "\"register\":\"E14\",\"field\":15,\"label\":\"Cancelado (S/N)\",\"found\":\"\\\"xyz\\\"\","
       "\"expected\":\"S or N\",\"fix\":\"correct it\"}\n"
       "{\"severity\":\"warning\",\"rule\":\"text-length\",\"file\":\"loja.db\",\"table\":\"cupom_fiscal\","
@@ -187,6 +196,41 @@ TEST(Utf8, BytesThatAreNoneAreTakenAsLatin1) {
   EXPECT_EQ(caracteresUtf8(extremos), 4U);
 }
 
+TEST(SaidaDeAchados, ADumbTerminalHasNoColours) {
+  EXIGE_TERMINAL();
+  const PseudoTerminal aberto;
+  unsetenv("NO_COLOR");
+  const char* antes = getenv("TERM");
+  const std::string guardado = antes != nullptr ? antes : "";
+  setenv("TERM", "dumb", 1);
+  EXPECT_FALSE(SaidaDeAchados::opcoesPara(aberto.descritor()).cores);
+  EXPECT_TRUE(SaidaDeAchados::opcoesPara(aberto.descritor()).comLinha);
+  setenv("TERM", guardado.c_str(), 1);
+}
+
+TEST(SaidaDeAchados, TheLineFitsTheTerminal) {
+  EXIGE_TERMINAL();
+  const PseudoTerminal aberto;
+  Achado achado = noRelatorio();
+  achado.conteudo = std::string(885, 'a');
+  achado.de = 700;
+  achado.ate = 702;
+  for (const unsigned short colunas : std::initializer_list<unsigned short>{60, 80, 200}) {
+    const winsize tamanho{24, colunas, 0, 0};
+    ASSERT_EQ(ioctl(aberto.descritor(), TIOCSWINSZ, &tamanho), 0);
+    SaidaDeAchados::Opcoes opcoes = SaidaDeAchados::opcoesPara(aberto.descritor());
+    opcoes.cores = false;
+    std::istringstream texto(saida(opcoes, {achado}));
+    std::string lugar, linha, marca;
+    std::getline(std::getline(std::getline(texto, lugar), linha), marca);
+    EXPECT_EQ(linha.size(), colunas) << linha;
+    EXPECT_EQ(linha.substr(0, 5), "  ...") << linha;
+    EXPECT_EQ(linha.substr(linha.size() - 3), "...") << linha;
+    EXPECT_LE(marca.size(), colunas);
+    EXPECT_EQ(marca.substr(marca.size() - 3), "^~~");
+  }
+}
+
 TEST(Json, UriOfAFileKeepsLettersDigitsAndSeparatorsAlone) {
   EXPECT_EQ(uriDoArquivo("/azAZ09-._~/a b"), "/azAZ09-._~/a%20b");
   EXPECT_EQ(uriDoArquivo("m\xC3\xAAs%#?.txt"), "m%C3%AAs%25%23%3F.txt");
@@ -196,13 +240,17 @@ TEST(Trecho, LongLineIsCutAroundTheBytesMeant) {
   std::string linha(300, 'a');
   linha.replace(199, 3, "XYZ");
   const Trecho meio = trechoDaLinha(linha, 200, 202, 20);
-  EXPECT_EQ(meio.linha, "...aaaaaaaaaaXYZaaaaaaa...");
-  EXPECT_EQ(meio.marca, "             ^~~");
+  EXPECT_EQ(meio.linha, "...aaaaaaaXYZaaaa...");
+  EXPECT_EQ(meio.marca, "          ^~~");
   const Trecho comeco = trechoDaLinha(linha, 1, 3, 20);
-  EXPECT_EQ(comeco.linha, "aaaaaaaaaaaaaaaaaaaa...");
+  EXPECT_EQ(comeco.linha, "aaaaaaaaaaaaaa...");
   EXPECT_EQ(comeco.marca, "^~~");
   const Trecho alem = trechoDaLinha("abc", 200, 202, 20);
   EXPECT_EQ(alem.linha, "abc");
+  EXPECT_EQ(alem.marca, "   ^");
+  const Trecho fim = trechoDaLinha(linha, 299, 300, 20);
+  EXPECT_EQ(fim.linha, "...aaaaaaaaa");
+  EXPECT_EQ(fim.marca, "          ^~");
 }
 
 TEST(Trecho, WhatCannotBeShownIsAQuestionMark) { EXPECT_EQ(mostravel("a\tb\xC1~\x7F"), "a?b?~?"); }

@@ -15,11 +15,12 @@ class Diff : public Cena {
   }
 };
 
-TEST_F(Diff, EqualReportsEndWith0AndSayNothing) {
+TEST_F(Diff, EqualReportsEndWith0AndOneLine) {
   const Fim fim = roda({"diff", "a.txt", "a.txt"}, pasta());
   EXPECT_EQ(fim.situacao, 0);
   EXPECT_EQ(fim.saida, "");
-  EXPECT_EQ(fim.erros, "");
+  EXPECT_EQ(fim.erros, "cotepe: a.txt and a.txt: OK, the same records\n");
+  EXPECT_EQ(roda({"diff", "--quiet", "a.txt", "a.txt"}, pasta()).erros, "");
 }
 
 TEST_F(Diff, ADifferenceEndsWith1) {

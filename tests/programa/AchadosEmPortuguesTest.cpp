@@ -22,24 +22,27 @@ TEST_F(AchadosEmPortugues, ReportIsHeldToItsRules) {
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(
       fim.saida,
-      "r.txt:1: erro unknown-register: encontrado: \"XYZ\", esperado: E01 a E22 (o arquivo foi alterado "
-      "depois de gerado: gere-o de novo)\n"
-      "r.txt:2: erro line-length E22: encontrado: 3 bytes, esperado: 55 (procure no banco de dados um "
-      "indicador vazio, uma data curta ou um último texto longo demais)\n"
+      "r.txt:1: erro unknown-register: encontrado: \"XYZ\", esperado: E01 a E22 (cotepe verify compara com o "
+      "banco de dados)\n"
+      "r.txt:2: erro line-length E22: encontrado: 3 bytes, esperado: 55 (um indicador vazio, uma data curta "
+      "ou um último texto longo demais causa isso; cotepe explain --db mostra a linha do banco)\n"
       "r.txt: erro register-missing E01: encontrado: nenhuma linha do E01, esperado: o E01 como primeiro "
-      "registro (procure no log a consulta que falhou e gere de novo)\n"
-      "3 erros, 0 aviso\n");
+      "registro (cotepe generate diz de que registros a consulta falha)\n"
+      "  line-length                 1\n"
+      "  register-missing            1\n"
+      "  unknown-register            1\n"
+      "3 erros, 0 avisos\n");
 }
 
-TEST_F(AchadosEmPortugues, WordsForProgramsStayEnglish) {
+TEST_F(AchadosEmPortugues, WhatProgramsReadIsEnglish) {
   escreve("r.txt", "XYZ\n");
   EXPECT_EQ(roda({"validate", "--format", "json", "r.txt"}).saida,
             R"({"severity":"error","rule":"unknown-register","file":"r.txt","line":1,"found":"\"XYZ\"",)"
-            R"("expected":"E01 a E22","fix":"o arquivo foi alterado depois de gerado: gere-o de novo"})"
+            R"("expected":"E01 to E22","fix":"cotepe verify compares it with the database"})"
             "\n"
             R"({"severity":"error","rule":"register-missing","file":"r.txt","register":"E01",)"
-            R"("found":"nenhuma linha do E01","expected":"o E01 como primeiro registro",)"
-            R"("fix":"procure no log a consulta que falhou e gere de novo"})"
+            R"("found":"no line of E01","expected":"E01 as the first register",)"
+            R"("fix":"cotepe generate names the registers whose query fails"})"
             "\n"
             R"({"summary":{"errors":2,"warnings":0,"shown":2}})"
             "\n");
@@ -70,7 +73,10 @@ TEST_F(AchadosEmPortugues, DatabaseIsHeldToWhatTheRegistersNeed) {
                 "loja.db: reducao_z[cont_crz=681].data_movimento: erro date-form E01.15 \"Data inicial\": "
                 "encontrado: \"01/01/2024\", que a seleção por período compara errado, esperado: "
                 "AAAA-MM-DD HH:MM:SS (grave data e hora nesse formato)\n"
-                "3 erros, 0 aviso\n");
+                "  date-form                1\n"
+                "  table-missing            1\n"
+                "  text-long                1\n"
+                "3 erros, 0 avisos\n");
 }
 
 TEST_F(AchadosEmPortugues, ReportsAreCompared) {
@@ -84,7 +90,10 @@ TEST_F(AchadosEmPortugues, ReportsAreCompared) {
       "a.txt)\n"
       "b.txt:1: erro line-end E22: encontrado: CR e LF, esperado: LF (Número ; linha 2, a.txt)\n"
       "b.txt:2: erro added E14: encontrado: um registro: CCF , esperado: nenhum\n"
-      "3 erros, 0 aviso\n");
+      "  added               1\n"
+      "  line-end            1\n"
+      "  missing             1\n"
+      "3 erros, 0 avisos\n");
 }
 
 TEST_F(AchadosEmPortugues, RecordsAreShown) {

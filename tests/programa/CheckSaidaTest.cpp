@@ -72,7 +72,8 @@ TEST_F(CheckSaida, AZeroByteInAValueIsShownInEveryFormat) {
 
 TEST_F(CheckSaida, TheCountsStayWholeWhateverIsShown) {
   sql("DROP TABLE moeda; DROP TABLE codificacao_gt; DROP INDEX pagamento_cupom_coo");
-  EXPECT_EQ(checa({"--max-findings", "0"}).saida, "2 errors, 1 warning (0 shown)\n");
+  EXPECT_EQ(checa({"--max-findings", "0"}).saida,
+            "  index-missing            1\n  table-missing            2\n2 errors, 1 warning (0 shown)\n");
   const std::string todos = checa().saida;
   EXPECT_EQ(todos.substr(todos.rfind('\n', todos.size() - 2) + 1), "2 errors, 1 warning\n");
   EXPECT_EQ(checa({"--max-findings", "3"}).saida, todos);

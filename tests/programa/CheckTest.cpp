@@ -21,11 +21,13 @@ constexpr char kCodificacao[] =
     "expected "
     "the table (create it; cotepe schema shows how)\n";
 
-TEST_F(Check, ACleanDatabaseIsSilent) {
+TEST_F(Check, ACleanDatabaseIsSaidToBeInOneLine) {
   const Fim fim = checa({});
   EXPECT_EQ(fim.situacao, 0);
   EXPECT_EQ(fim.saida, "");
-  EXPECT_EQ(fim.erros, "");
+  EXPECT_EQ(fim.erros, "cotepe: loja.db: OK, 30 rules\n");
+  EXPECT_EQ(checa({"--quiet"}).erros, "");
+  EXPECT_EQ(checa({"--month", "01/2024"}).erros, "cotepe: loja.db: OK, 30 rules, 2024-01-01 to 2024-01-31\n");
   EXPECT_EQ(checa({"--from", "01012024", "--to", "2024-01-01", "--layout", "2", "--cat52"}).situacao, 0);
 }
 
@@ -33,8 +35,10 @@ TEST_F(Check, FindingsArePrintedAndCounted) {
   estraga();
   const Fim fim = checa({"--max-findings", "1"});
   EXPECT_EQ(fim.situacao, 1);
-  EXPECT_EQ(fim.saida, std::string(kCodificacao) + "2 errors, 0 warnings (1 shown)\n");
-  EXPECT_EQ(fim.erros, "cotepe: loja.db: not clean; cotepe check --rules says what the rules are\n");
+  EXPECT_EQ(fim.saida, std::string(kCodificacao) +
+                           "table-missing: ... and 1 more like this; --all shows them\n"
+                           "2 errors, 0 warnings (1 shown)\n");
+  EXPECT_EQ(fim.erros, "cotepe: loja.db: problems found; cotepe check --rules lists the rules\n");
 }
 
 TEST_F(Check, FindingsAreJsonToo) {

@@ -8,7 +8,7 @@ namespace {
 
 using Achados = std::vector<std::string>;
 
-const std::string kDocumentos = " (check the documents in the database: one is missing or was stored twice)";
+const std::string kDocumentos = " (cotepe check looks for missing and repeated documents in the database)";
 
 /// A record of E14 (its CCF) or E16 (its GNF), and its COO.
 struct Documento {
@@ -93,8 +93,7 @@ TEST(Contadores, GnfIsUsedOnce) {
 }
 
 TEST(Contadores, KeysAscendUntilTheyBeginAgain) {
-  const std::string ordem =
-      " (check that the database stores counters as numbers: as text, 9 comes after 11)";
+  const std::string ordem = " (where counters are stored as texts 9 comes after 11; cotepe check tells)";
   EXPECT_EQ(achadosDe("key-order", {{"E14", "999990", "000101"}, {"E14", "000002", "000102"}}), Achados());
   EXPECT_EQ(
       achadosDe("key-order", {{"E14", "999990", "000101"}, {"E14", "500000", "000102"}}),

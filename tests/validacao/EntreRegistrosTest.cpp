@@ -9,9 +9,9 @@ namespace {
 
 using Achados = std::vector<std::string>;
 
-const std::string kBanco = " (check the value in the database, correct it and generate again)";
-const std::string kDocumentos = " (check the documents in the database: one is missing or was stored twice)";
-const std::string kGere = " (the file was changed after it was generated: generate it again)";
+const std::string kBanco = " (cotepe explain --db shows the rows behind it)";
+const std::string kDocumentos = " (cotepe check looks for missing and repeated documents in the database)";
+const std::string kGere = " (cotepe verify compares it with the database)";
 
 TEST(EntreRegistros, ReductionIsNotIssuedBeforeItsDay) {
   Relatorio relatorio = Relatorio::bom();

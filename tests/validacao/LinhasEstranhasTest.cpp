@@ -86,19 +86,19 @@ TEST(LinhasEstranhas, TheSameReductionUnderAnotherCroSharesItsSums) {
 TEST(LinhasEstranhas, FiscalTotalizersStandBeforeTheSums) {
   Relatorio relatorio = Relatorio::bom();
   relatorio.permuta(17, 18);
-  EXPECT_EQ(soDe({"key-order"}, relatorio),
-            Achados{"r.txt:18:53-59: error key-order E13.7 \"Totalizador parcial\": found \"Can-T  \", "
-                    "expected ascending "
-                    "keys (check that the database stores counters as numbers: as text, 9 comes after 11)"});
+  EXPECT_EQ(
+      soDe({"key-order"}, relatorio),
+      Achados{"r.txt:18:53-59: error key-order E13.7 \"Totalizador parcial\": found \"Can-T  \", expected "
+              "ascending keys (where counters are stored as texts 9 comes after 11; cotepe check tells)"});
 }
 
 TEST(LinhasEstranhas, ItemsOfACouponAscend) {
   Relatorio relatorio = Relatorio::bom();
   relatorio.permuta(23, 24);
-  EXPECT_EQ(soDe({"key-order"}, relatorio),
-            Achados{"r.txt:24:59-61: error key-order E15.8 \"Nº do item\": found \"001\" after \"002\", "
-                    "expected ascending "
-                    "keys (check that the database stores counters as numbers: as text, 9 comes after 11)"});
+  EXPECT_EQ(
+      soDe({"key-order"}, relatorio),
+      Achados{"r.txt:24:59-61: error key-order E15.8 \"Nº do item\": found \"001\" after \"002\", expected "
+              "ascending keys (where counters are stored as texts 9 comes after 11; cotepe check tells)"});
 }
 
 TEST(LinhasEstranhas, MeansOfPaymentAreSortedAsTheDatabaseSortsThem) {
@@ -156,8 +156,7 @@ TEST(LinhasEstranhas, APlaceholderNamesItsUserOrNone) {
   relatorio.poe(3, 45, "11444777000161");
   EXPECT_EQ(soDe({"identity"}, relatorio),
             Achados{"r.txt:3:45-58: error identity E05.5 \"CNPJ do usuário\": found \"11444777000161\", "
-                    "expected \"11222333000181\" as in E01 (the file was changed after it was generated: "
-                    "generate it again)"});
+                    "expected \"11222333000181\" as in E01 (cotepe verify compares it with the database)"});
 }
 
 TEST(LinhasEstranhas, ACodingThatEndsBeforeWhatItRepeatsIsToldItsWholeLength) {
@@ -167,7 +166,8 @@ TEST(LinhasEstranhas, ACodingThatEndsBeforeWhatItRepeatsIsToldItsWholeLength) {
     EXPECT_EQ(soDe({"line-length"}, relatorio),
               Achados{"r.txt:" + std::to_string(linha + 1) + ": error line-length " +
                       relatorio[linha].substr(0, 3) + ": found 30 bytes, expected " + esperado +
-                      " (look for an empty flag, a short date or an over-long last text in the database)"});
+                      " (an empty flag, a short date or an over-long last text makes it so; cotepe explain "
+                      "--db shows the row)"});
   }
 }
 

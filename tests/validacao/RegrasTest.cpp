@@ -18,12 +18,12 @@ struct Caso {
   Mudanca quase;
 };
 
-const std::string kGere = " (the file was changed after it was generated: generate it again)";
-const std::string kBanco = " (check the value in the database, correct it and generate again)";
-const std::string kDocumentos = " (check the documents in the database: one is missing or was stored twice)";
+const std::string kGere = " (cotepe verify compares it with the database)";
+const std::string kBanco = " (cotepe explain --db shows the rows behind it)";
+const std::string kDocumentos = " (cotepe check looks for missing and repeated documents in the database)";
 const std::string kFim = " (the file was converted or cut: take it as it was generated)";
 const std::string kMedida =
-    " (look for an empty flag, a short date or an over-long last text in the database)";
+    " (an empty flag, a short date or an over-long last text makes it so; cotepe explain --db shows the row)";
 
 // The lines of the report: 1 E01, 2 E02, 3 E05, 4 E06, 5 E07, 6 E08, 7 E09, 8 E10, 9 E11, 10-11 E12, 12-19
 // E13, 20-22 E14, 23-27 E15, 28-33 E16, 34-35 E17, 36-38 E18, 39-40 E19, 41-42 E20, 43-47 E21.
@@ -51,8 +51,8 @@ const std::vector<Caso>& casos() {
        [](Relatorio& r) { r.insere(6, r[5]); }},
       {"register-missing",
        [](Relatorio& r) { r.remove(6); },
-       {": error register-missing E08: found no line of E08, expected at least one with the command \"TDM\""
-        " (look into the log for the query that failed, and generate again)"},
+       {": error register-missing E08: found no line of E08, expected at least one with the command \"TDM\" "
+        "(cotepe generate names the registers whose query fails)"},
        [](Relatorio& r) { r.remove(7); }},
       {"register-extra",
        [](Relatorio& r) { r.insere(6, r[6]); },
@@ -142,10 +142,9 @@ const std::vector<Caso>& casos() {
        }},
       {"key-order",
        [](Relatorio& r) { r.permuta(36, 37); },
-       {":37:53-67: error key-order E18.7 \"Meio de pagamento\": found \"CARTAO         \" after "
-        "\"DINHEIRO       \", expected ascending keys (check that the database stores counters as numbers: "
-        "as text, 9 "
-        "comes after 11)"},
+       {":37:53-67: error key-order E18.7 \"Meio de pagamento\": found \"CARTAO         \" after \"DINHEIRO  "
+        "     \", expected ascending keys (where counters are stored as texts 9 comes after 11; cotepe check "
+        "tells)"},
        [](Relatorio& r) { r.troca(37, 53, "DINHEIRO", "dinheiro"); }},
       {"counter-repeat",
        [](Relatorio& r) { r.insere(9, r[8]); },
@@ -222,9 +221,8 @@ const std::vector<Caso>& casos() {
          r.troca(41, 116, "0000000001200", "0000000001300");
        },
        {":39:67-80: error nonfiscal-items E19.9 \"Subtotal\": found items in E20 of 1,00 more, expected "
-        "items that "
-        "add up "
-        "to it (an item whose totalizer is not registered is left out: check the database)"},
+        "items that add up to it (an item whose totalizer is not registered is left out; cotepe check names "
+        "it)"},
        [](Relatorio& r) {
          r.insere(42, r[41]);
          r.troca(42, 59, "001", "002");

@@ -44,7 +44,8 @@ TEST_F(Verify, AReportOfTheDatabaseEndsWith0AndSaysWhatWasDerived) {
   EXPECT_EQ(fim.erros,
             "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from 2024-01-10 "
             "(derived) "
-            "to 2024-01-11 (derived)\n");
+            "to 2024-01-11 (derived)\n"
+            "cotepe: r.txt: OK, identical to what base.db gives\n");
 }
 
 TEST_F(Verify, GivenSettingsAreTaken) {
@@ -56,7 +57,8 @@ TEST_F(Verify, GivenSettingsAreTaken) {
   EXPECT_EQ(
       fim.erros,
       "cotepe: r.txt: layout 1 (given), CAT52 off (given), command TDM (given), from 2024-01-01 (given) to "
-      "2024-01-31 (given)\n");
+      "2024-01-31 (given)\n"
+      "cotepe: r.txt: OK, identical to what base.db gives\n");
 }
 
 TEST_F(Verify, AChangedAmountEndsWith1) {
@@ -138,7 +140,8 @@ TEST_F(Verify, SettingsThatGiveTheSameBytesAreNotToldApart) {
   EXPECT_EQ(
       verifica().erros,
       "cotepe: r.txt: layout 2 (taken, it makes no difference), CAT52 on (derived), command MFD (derived), "
-      "from 2024-01-10 (derived) to 2024-01-11 (derived); the same bytes come of layout 3 with CAT52 on\n");
+      "from 2024-01-10 (derived) to 2024-01-11 (derived); the same bytes come of layout 3 with CAT52 on\n"
+      "cotepe: r.txt: OK, identical to what base.db gives\n");
   EXPECT_EQ(verifica({"--layout", "3", "--cat52"}).situacao, 0);
   EXPECT_EQ(verifica({"--layout", "3", "--no-cat52"}).situacao, 1);
 }
@@ -149,7 +152,8 @@ TEST_F(Verify, AnAttemptOfTheBasicSoftwareSpeaksForLayout2) {
   EXPECT_EQ(verifica().erros,
             "cotepe: r.txt: layout 2 (derived), CAT52 on (derived), command MF (derived), from 2024-01-10 "
             "(derived) "
-            "to 2024-01-11 (derived)\n");
+            "to 2024-01-11 (derived)\n"
+            "cotepe: r.txt: OK, identical to what base.db gives\n");
   EXPECT_EQ(verifica({"--layout", "3", "--cat52"}).situacao, 1);
 }
 
@@ -160,7 +164,8 @@ TEST_F(Verify, AReportWithoutReductionsIsProved) {
   EXPECT_EQ(fim.situacao, 0) << fim.saida;
   EXPECT_EQ(fim.erros,
             "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command TDM (derived), from no day "
-            "(derived) to no day (derived)\n");
+            "(derived) to no day (derived)\n"
+            "cotepe: r.txt: OK, identical to what base.db gives\n");
 }
 
 // Of MFD no record has the movement, and E01 has the day of issue alone, which here is another reduction's
@@ -178,7 +183,8 @@ TEST_F(Verify, AReductionIssuedAfterMidnightDoesNotMoveThePeriod) {
   EXPECT_EQ(fim.erros,
             "cotepe: r.txt: layout 1 (derived), CAT52 off (derived), command MFD (derived), from 2024-01-10 "
             "(derived) "
-            "to 2024-01-10 (derived)\n");
+            "to 2024-01-10 (derived)\n"
+            "cotepe: r.txt: OK, identical to what base.db gives\n");
 }
 
 TEST_F(Verify, WithoutE01TheRegistersTellTheCommand) {

@@ -31,7 +31,8 @@ std::string horaDe(std::string_view bytes) {
 
 }  // namespace
 
-Pedaco Documentos::pedacoDe(const RegistroLido& lido, std::int64_t chave, std::string_view dia) const {
+Pedaco DocumentosDaPagina::pedacoDe(const RegistroLido& lido, std::int64_t chave,
+                                    std::string_view dia) const {
   Pedaco pedaco;
   pedaco.chave = chave;
   pedaco.linha = lido.linha.numero;
@@ -40,11 +41,11 @@ Pedaco Documentos::pedacoDe(const RegistroLido& lido, std::int64_t chave, std::s
   return pedaco;
 }
 
-void Documentos::poeCampo(const RegistroLido& lido, const Coluna& coluna) {
+void DocumentosDaPagina::poeCampo(const RegistroLido& lido, const Coluna& coluna) {
   poeTexto(html_, semBrancosNoFim(coluna.bytes(lido)));
 }
 
-void Documentos::poeDinheiro(const RegistroLido& lido, const Coluna& coluna) {
+void DocumentosDaPagina::poeDinheiro(const RegistroLido& lido, const Coluna& coluna) {
   std::int64_t centavos = 0;
   if (coluna.le(lido, centavos))
     poeReais(html_, centavos);
@@ -52,18 +53,18 @@ void Documentos::poeDinheiro(const RegistroLido& lido, const Coluna& coluna) {
     poeTexto(html_, coluna.bytes(lido));
 }
 
-void Documentos::poeCelula(const RegistroLido& lido, const Coluna& coluna, bool dinheiro) {
+void DocumentosDaPagina::poeCelula(const RegistroLido& lido, const Coluna& coluna, bool dinheiro) {
   html_ += dinheiro ? "<td class=\"n\">" : "<td>";
   dinheiro ? poeDinheiro(lido, coluna) : poeCampo(lido, coluna);
   html_ += "</td>";
 }
 
-void Documentos::abreLinha(const RegistroLido& lido, bool cancelado) {
+void DocumentosDaPagina::abreLinha(const RegistroLido& lido, bool cancelado) {
   html_ = "<tr id=\"l" + std::to_string(lido.linha.numero) + (cancelado ? "\" class=\"cancelado\">" : "\">");
 }
 
 // What follows the last field, and what is short of it, is said.
-void Documentos::poeResto(const RegistroLido& lido) {
+void DocumentosDaPagina::poeResto(const RegistroLido& lido) {
   if (lido.medidaCerta) return;
   html_ += "<p class=\"ruim\">" +
            frase("{1} bytes instead of {2}",
@@ -71,7 +72,7 @@ void Documentos::poeResto(const RegistroLido& lido) {
            "</p>";
 }
 
-bool Documentos::acrescenta(const RegistroLido& lido) {
+bool DocumentosDaPagina::acrescenta(const RegistroLido& lido) {
   if (lido.vazio || lido.registro == nullptr) return false;
   if (lido.registro == &kE14) return cupom(lido);
   if (lido.registro == &kE15) return item(lido);
@@ -82,7 +83,8 @@ bool Documentos::acrescenta(const RegistroLido& lido) {
 }
 
 // The fields beyond those that every coupon shows, where they hold something.
-void Documentos::poeDetalhes(const RegistroLido& lido, std::initializer_list<const Coluna*> mostradas) {
+void DocumentosDaPagina::poeDetalhes(const RegistroLido& lido,
+                                     std::initializer_list<const Coluna*> mostradas) {
   html_ += "<dl>";
   for (std::size_t i = 0; i < lido.quantos; ++i) {
     const Campo& campo = *lido.campos[i].campo;
@@ -102,7 +104,7 @@ void Documentos::poeDetalhes(const RegistroLido& lido, std::initializer_list<con
   poeResto(lido);
 }
 
-bool Documentos::cupom(const RegistroLido& lido) {
+bool DocumentosDaPagina::cupom(const RegistroLido& lido) {
   static const Coluna ccf(kE14, "CCF"), coo(kE14, "COO"), data(kE14, "Data de emissão"),
       total(kE14, "Valor total líquido"), cancelado(kE14, "Cancelado (S/N)");
   std::int64_t chave = 0, outra = 0;
@@ -125,7 +127,7 @@ bool Documentos::cupom(const RegistroLido& lido) {
   return true;
 }
 
-bool Documentos::naoFiscal(const RegistroLido& lido) {
+bool DocumentosDaPagina::naoFiscal(const RegistroLido& lido) {
   static const Coluna gnf(kE19, "GNF"), coo(kE19, "COO"), data(kE19, "Data de emissão"),
       total(kE19, "Valor total líquido"), cancelado(kE19, "Cancelado (S/N)");
   std::int64_t chave = 0, outra = 0;
@@ -148,7 +150,7 @@ bool Documentos::naoFiscal(const RegistroLido& lido) {
   return true;
 }
 
-bool Documentos::outroDocumento(const RegistroLido& lido) {
+bool DocumentosDaPagina::outroDocumento(const RegistroLido& lido) {
   static const Coluna coo(kE16, "COO"), simbolo(kE16, "Símbolo do documento"),
       data(kE16, "Data final de emissão"), hora(kE16, "Hora final de emissão");
   std::int64_t chave = 0;
@@ -171,7 +173,7 @@ bool Documentos::outroDocumento(const RegistroLido& lido) {
   return true;
 }
 
-bool Documentos::item(const RegistroLido& lido) {
+bool DocumentosDaPagina::item(const RegistroLido& lido) {
   static const Coluna ccf(kE15, "CCF"), numero(kE15, "Nº do item"), codigo(kE15, "Código"),
       descricao(kE15, "Descrição"), unidade(kE15, "Unidade"), desconto(kE15, "Desconto"),
       acrescimo(kE15, "Acréscimo"), total(kE15, "Valor total líquido"),
@@ -207,7 +209,7 @@ bool Documentos::item(const RegistroLido& lido) {
   return true;
 }
 
-bool Documentos::itemNaoFiscal(const RegistroLido& lido) {
+bool DocumentosDaPagina::itemNaoFiscal(const RegistroLido& lido) {
   static const Coluna gnf(kE20, "GNF"), numero(kE20, "Nº do item"), operacao(kE20, "Denominação da operação"),
       valor(kE20, "Valor"), desconto(kE20, "Desconto"), acrescimo(kE20, "Acréscimo"),
       liquido(kE20, "Valor líquido"), cancelado(kE20, "Cancelado (S/N)");
@@ -227,7 +229,7 @@ bool Documentos::itemNaoFiscal(const RegistroLido& lido) {
   return true;
 }
 
-bool Documentos::pagamento(const RegistroLido& lido) {
+bool DocumentosDaPagina::pagamento(const RegistroLido& lido) {
   static const Coluna coo(kE21, "COO"), meio(kE21, "Meio de pagamento"), pago(kE21, "Valor pago"),
       estornado(kE21, "Valor estornado");
   std::int64_t chave = 0;

@@ -15,9 +15,9 @@ namespace cotepe::pagina {
 /// Takes records in the order of the file. They come register by register, each in the order of its counter:
 /// the documents of all are put together by their COO, items by CCF and GNF, payments by COO. What does not
 /// follow that order, or has no document, is written at the end, nothing is left out.
-class Documentos {
+class DocumentosDaPagina {
  public:
-  explicit Documentos(bool mascara) : mascara_(mascara) {}
+  explicit DocumentosDaPagina(bool mascara) : mascara_(mascara) {}
 
   /// False, and nothing taken, for a record that is no document nor part of one, or whose counter cannot be
   /// read.

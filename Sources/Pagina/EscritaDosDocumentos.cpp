@@ -16,7 +16,7 @@ struct TituloDeColuna {
   bool aDireita;
 };
 
-// The labels of the law, in the order in which Documentos writes the cells.
+// The labels of the law, in the order in which DocumentosDaPagina writes the cells.
 constexpr TituloDeColuna kDosItens[] = {
     {"Nº do item", false},         {"Código", false},  {"Descrição", false}, {"Quantidade", true},
     {"Valor unitário", true},      {"Desconto", true}, {"Acréscimo", true},  {"Valor total líquido", true},
@@ -199,7 +199,7 @@ void sobras(EscritorDeDias& escritor, PontaDaFita& cabeca, Fita& fita, const Reg
 
 }  // namespace
 
-void Documentos::escreve(Folhas& folhas, const ResumoDoRelatorio& resumo) {
+void DocumentosDaPagina::escreve(Folhas& folhas, const ResumoDoRelatorio& resumo) {
   EscritorDeDias escritor(folhas, resumo, sumario_);
   PontaDaFita cupom(cupons_), outro(outros_), naoFiscal(naoFiscais_);
   PontaDaFita item(itens_), itemNaoFiscal(itensNaoFiscais_), pagamento(pagamentos_);

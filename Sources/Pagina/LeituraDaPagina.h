@@ -31,7 +31,7 @@ class LeituraDaPagina {
   const Digestos& digestos() const { return digestos_; }
   /// Whether a line of the file is a signature's.
   bool comAssinatura() const { return comAssinatura_; }
-  Documentos& documentos() { return documentos_; }
+  DocumentosDaPagina& documentos() { return documentos_; }
   RegistrosSoltos& registros() { return registros_; }
 
  private:
@@ -45,7 +45,7 @@ class LeituraDaPagina {
   ResumoDoRelatorio resumo_;
   AchadosAgrupados achados_;
   Digestos digestos_;
-  Documentos documentos_;
+  DocumentosDaPagina documentos_;
   RegistrosSoltos registros_;
 };
 

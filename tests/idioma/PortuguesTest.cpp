@@ -33,6 +33,7 @@ constexpr char kAjudaDoSchema[] =
     "  3  o banco de dados ou a saída não pode ser aberto\n"
     "  4  a gravação falhou\n"
     "  5  a consulta da identidade falhou\n"
+    "  6  nada se pode dizer da assinatura\n"
     "  128 mais o número do sinal: interrompido\n";
 
 TEST_F(Portugues, HelpIsComplete) {

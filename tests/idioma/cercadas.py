@@ -142,6 +142,7 @@ class Pratica:
         if fim.returncode != situacao:
             self.acha(argumentos, f"status {fim.returncode} instead of {situacao}: {dito[-300:]}")
         for linha in fora(dito).splitlines():
+            linha = re.sub(r"\b([A-Z][a-z]+) +(?i:\1)\b", "", linha)  # a label of one word, and its key
             for rotulo in self.rotulos:
                 linha = linha.replace(rotulo, "")
             if ingles(NOMES.sub(" ", linha)):

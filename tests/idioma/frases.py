@@ -23,7 +23,9 @@ PECAS = re.compile(
     re.S | re.M)
 ROTULOS = "Sources/CotepeManager"  # the law's words, Portuguese in every language
 FRASE = re.compile(r"[A-Za-z]*[a-z]{2,}[,;:.]? +[({\"'-]*[a-z]{2,}")
-SQL = re.compile(r"\b(SELECT|FROM|WHERE|JOIN|PRAGMA|INSERT|UPDATE|DELETE|CREATE|BEGIN)\b|^[a-z_]+\([a-z_, ]+\)$")
+# A tag of a page, whole or begun here, or ended here.
+TAG = re.compile(r"<[^<>]*(>|$)|^[^<>]*>")
+SQL = re.compile(r"\b(PRIMARY KEY|ORDER BY|SELECT|FROM|WHERE|JOIN|PRAGMA|INSERT|UPDATE|DELETE|CREATE|BEGIN)\b|^[a-z_]+\([a-z_, ]+\)$")
 
 
 def sem_fugas(literal):
@@ -63,6 +65,7 @@ def fontes(pasta):
 
 
 def ingles(texto):
+    texto = TAG.sub(" ", texto)
     return FRASE.search(texto) and texto.isascii() and not SQL.search(texto)
 
 

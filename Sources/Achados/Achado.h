@@ -9,8 +9,8 @@ namespace cotepe {
 /// How much a finding weighs.
 enum class Severidade : std::uint8_t { Erro, Aviso };
 
-/// One finding. Texts are for people, in the language of the program but for the law's labels; what does not
-/// apply is empty or 0.
+/// One finding. Texts are for people, in the user's language except for the law's labels; what does not apply
+/// is empty or 0.
 struct Achado {
   Severidade severidade = Severidade::Erro;  ///< of the rule
   std::string regra;  ///< its name: lower case, words joined by hyphens; what --disable takes
@@ -23,10 +23,10 @@ struct Achado {
   std::string conteudo;  ///< the line itself
   // ... or in a database.
   std::string tabela;  ///< its name
-  std::string chave;   ///< what tells the row, such as "cont_coo=12"
+  std::string chave;   ///< what identifies the row, such as "cont_coo=12"
   std::string coluna;  ///< its name
 
-  // Which field it is about, or would hit.
+  // Which field it is about, or would end up in.
   std::string registro;  ///< "E14"
   std::string campo;     ///< its label
   int numero = 0;        ///< its place in the register, from 1
@@ -38,7 +38,7 @@ struct Achado {
   std::string conserto;    ///< what to do
 };
 
-/// Takes findings as they are made.
+/// Receives findings as they are made.
 class RecebeAchados {
  public:
   virtual ~RecebeAchados() = default;

@@ -7,14 +7,14 @@
 
 namespace cotepe {
 
-/// The bytes as they can be shown: printable ASCII as it stands, any other byte a '?'.
+/// The bytes as they can be shown: printable ASCII unchanged, any other byte as '?'.
 std::string mostravel(std::string_view bytes);
 
-/// The same between quotation marks, at most 60 bytes of it; "..." stands where it goes on.
+/// The same between quotation marks, at most 60 bytes of it; "..." marks what is cut off.
 std::string entreAspas(std::string_view bytes);
 
 /// A value of a database between quotation marks: control characters, quotation marks and bytes that are not
-/// UTF-8 escaped, at most 40 bytes of it; "..." stands where it goes on, and its length follows.
+/// UTF-8 escaped, at most 40 bytes of it; "..." marks what is cut off, and its length follows.
 std::string citado(std::string_view valor);
 
 /// Such a value without quotation marks, for keys.

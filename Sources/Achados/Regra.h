@@ -11,12 +11,12 @@
 namespace cotepe {
 
 /// What a report or a database is held to: a constant with static storage duration beside the code that
-/// applies it, told from the others by its address.
+/// applies it, identified by its address.
 struct Regra {
   const char* nome;       ///< as --disable takes it: lower case, words joined by hyphens
   Severidade severidade;  ///< of its findings
-  const char* resumo;     ///< what must hold, in one line, to be translated; null where rules are not listed
-  const char* conserto;   ///< what to do about a finding, to be translated; null where each finding says it
+  const char* resumo;     ///< what must hold, in one line, to be translated; null when the rule is not listed
+  const char* conserto;   ///< what to do about a finding, to be translated; null when the finding says it
 };
 
 /// The rules of one room, in the order in which they are listed; a view of an array that outlives it.
@@ -52,8 +52,7 @@ class Supressoes {
   std::vector<const Regra*> desligadas_;
 };
 
-/// A finding of the rule in the file of that name, with the rule's advice; what else there is to say is
-/// filled in.
+/// A finding of the rule in the file of that name, with the rule's advice; the caller fills in the rest.
 Achado achadoDe(const Regra& regra, const std::string& arquivo);
 
 }  // namespace cotepe

@@ -28,7 +28,7 @@ constexpr std::size_t kRecuo = 2;               // of the line under a finding
 constexpr std::size_t kColunasMinimas = 20;     // of that line
 constexpr std::size_t kLarguraDaContagem = 11;  // of the table of rules
 
-// For programs; for people it is translated.
+// For programs; translated for people.
 const char* palavra(Severidade severidade) {
   return severidade == Severidade::Erro ? marca("error") : marca("warning");
 }

@@ -11,19 +11,19 @@ namespace cotepe {
 
 /// How findings are written.
 enum class FormatoDeAchados : std::uint8_t {
-  Texto,  ///< one line a finding
-  Json,   ///< one object a line, and a last one with the counts
+  Texto,  ///< one line per finding
+  Json,   ///< one object per line, and a last one with the counts
   Sarif,  ///< one SARIF 2.1.0 document
 };
 
 /// The format of a name as --format takes it ("text", "json", "sarif"); false for any other name.
 bool formatoDeAchados(const std::string& nome, FormatoDeAchados& formato);
 
-/// What a finding looks like in text, without line end:
+/// What a finding looks like in text, without its line end:
 ///   file:line:from-to: severity rule register.field "label": found ..., expected ... (what to do)
 /// and of a database
 ///   file: table[key].column: severity rule register.field "label": found ..., expected ... (what to do)
-/// What a finding does not have is left out together with its punctuation.
+/// Parts that a finding does not have are left out together with their punctuation.
 std::string textoDoAchado(const Achado& achado);
 
 /// Writes findings to a stream, which must live longer, and counts them.
@@ -32,7 +32,7 @@ class SaidaDeAchados : public RecebeAchados {
   /// How, and how many.
   struct Opcoes {
     FormatoDeAchados formato = FormatoDeAchados::Texto;  ///< text, JSON lines or SARIF
-    long maximo = -1;  ///< how many of each rule are written; below 0 all of them. The counts stay whole.
+    long maximo = -1;  ///< how many of each rule are written; below 0 all of them. The counts include all.
     bool comLinha = false;      ///< of text: under each finding its line, and a caret under the bytes meant
     bool cores = false;         ///< of text
     std::size_t colunas = 100;  ///< of text: how wide the line under a finding may be
@@ -48,8 +48,8 @@ class SaidaDeAchados : public RecebeAchados {
   /// Writes one, unless there were `maximo` of its rule, and counts it.
   void recebe(const Achado& achado) override;
 
-  /// Ends the document; nothing may follow. Text ends with what was not written of each rule, a table of the
-  /// rules where there are several, and a line of counts, when there was a finding.
+  /// Ends the document; nothing may follow. If there was a finding, text ends with how many of each rule were
+  /// not written, a table of the rules when there are several, and a line of counts.
   void termina();
 
   ///@{

@@ -7,12 +7,12 @@
 namespace cotepe {
 
 struct Trecho {
-  std::string linha;  // one column a byte; what cannot be shown in one column is a '?'
+  std::string linha;  // one column per byte; what cannot be shown in one column is '?'
   std::string marca;  // a caret and tildes under the bytes meant; empty when there are none
 };
 
 /// At most `colunas` columns of the line around the bytes `de` to `ate` (from 1; 0 for none meant); "..."
-/// stands where something is left out. Bytes behind the end of the line are meant at its end.
+/// marks what is left out. Bytes past the end of the line are shown as its end.
 Trecho trechoDaLinha(std::string_view linha, int de, int ate, std::size_t colunas = 100);
 
 }  // namespace cotepe

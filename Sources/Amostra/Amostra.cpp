@@ -80,7 +80,7 @@ void exigeLivre(const std::string& caminho) {
 }
 
 // The file has a temporary name and is thrown away on failure: it needs neither a journal nor order of
-// writes, and is brought to the disk once, whole.
+// writes, and is flushed to disk once, when complete.
 Banco abre(const std::string& arquivo, const std::string& caminho) {
   sqlite3* aberto = nullptr;
   const int resultado =
@@ -105,7 +105,7 @@ ResumoDaAmostra cria(const std::string& caminho, const OpcoesDaAmostra& opcoes, 
   executa(banco.get(), esquemaSql(), caminho);
   auto resumo = loja::preencheBanco(banco.get(), opcoes, primeiroDia);
   executa(banco.get(), "ANALYZE; COMMIT", caminho);
-  banco.reset();  // all is written by now, and closing fails only while a statement is open
+  banco.reset();  // everything is written by now, and closing fails only while a statement is open
   exigeLivre(caminho);
   arquivo.publica(comPasta(caminho), false);
   return resumo;

@@ -25,10 +25,10 @@ struct ResumoDaAmostra {
 };
 
 // Makes the database file `caminho` with the reference schema and a month, or `dias`, of a shop; every table
-// has rows. The file appears under its name only when it is whole and on the disk, and never replaces another
+// has rows. The file appears under its name only when it is complete and on disk, and never replaces another
 // one: it is written under a temporary name in the same folder, which is removed on failure. Throws
-// ErroDoBanco when an option is out of range, the file exists or cannot be written; what `progresso` throws
-// passes through, with nothing left behind.
+// ErroDoBanco when an option is out of range, the file exists or cannot be written; exceptions of `progresso`
+// pass through, and nothing is left behind.
 ResumoDaAmostra criaBancoDeAmostra(const std::string& caminho, const OpcoesDaAmostra& opcoes = {});
 
 }  // namespace cotepe

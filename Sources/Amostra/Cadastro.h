@@ -11,7 +11,7 @@ namespace cotepe::loja {
 // What is known before the first day, the day numbered `primeiroDia`. Throws ErroDoBanco.
 void gravaCadastro(sqlite3* banco, Aleatorio& aleatorio, int primeiroDia);
 
-// Where the printer stands after the last document.
+// The printer's counters and totals after the last document.
 void gravaPosicao(sqlite3* banco, const Ecf& ecf);
 
 }  // namespace cotepe::loja

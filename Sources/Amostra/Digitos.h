@@ -11,7 +11,8 @@ namespace cotepe::loja {
 std::string comDigitosCpf(std::string base);
 std::string comDigitosCnpj(std::string base);
 
-// Drawn at random; never one digit repeated, which has right check digits and is refused all the same.
+// Drawn at random; never a single repeated digit, whose check digits are right but which is refused all the
+// same.
 std::string sorteiaCpf(Aleatorio& aleatorio);
 std::string sorteiaCnpj(Aleatorio& aleatorio);
 

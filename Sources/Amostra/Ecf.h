@@ -17,7 +17,7 @@ struct ContadoresDoEcf {
   std::int64_t coo, ccf, gnf, grg, cdc, crz, cro, cfd;
 };
 
-// Documents of the open day already bear the number of the reduction that will close it. `quando` is the end
+// Documents of the open day already carry the number of the reduction that will close it. `quando` is the end
 // of issue and must not run backwards. A card payment is followed by its slip. Borrows the database. Throws
 // ErroDoBanco.
 class Ecf {
@@ -32,7 +32,7 @@ class Ecf {
   void emiteReducao(const DataHora& movimento, const DataHora& quando);
   // Prints the documents since the last detail tape.
   void emiteFitaDetalhe(const DataHora& quando);
-  // To be made between a reduction and the first document of the next day.
+  // To be called between a reduction and the first document of the next day.
   void sofreIntervencao(const DataHora& quando, std::string_view tipo);
 
   const ContadoresDoEcf& contadores() const noexcept { return contadores_; }

@@ -52,7 +52,7 @@ class DiaDaLoja {
   }
 
  private:
-  // The hour is drawn before the document: the order of two arguments would be the compiler's.
+  // The hour is drawn before the document: the compiler chooses the order in which arguments are evaluated.
   template <class Faz>
   void emite(Faz documento) {
     const DataHora quando = agora();

@@ -1,4 +1,4 @@
-// The tables of the fiscal database that grow with every document, open for writing.
+// The tables of the fiscal database that every document adds rows to, open for writing.
 #pragma once
 
 #include <sqlite3.h>

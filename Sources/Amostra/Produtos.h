@@ -33,8 +33,8 @@ constexpr std::size_t kAliquotas = 7;
 
 constexpr std::size_t indice(Parcial totalizador) { return static_cast<std::size_t>(totalizador); }
 
-// How a quantity comes about: in thousandths, from `minimo` to `maximo` by `passo`, printed with `casas`
-// decimals.
+// How a quantity is drawn: in thousandths, from `minimo` to `maximo` in steps of `passo`, printed with
+// `casas` decimals.
 struct Venda {
   int minimo, maximo, passo, casas;
 };

@@ -8,7 +8,7 @@ namespace cotepe::loja {
 
 CupomFiscal sorteiaCupomFiscal(Aleatorio& aleatorio);
 
-// Bills of others that the shop receives: one to three items.
+// Bills that the shop collects for others: one to three items.
 CupomNaoFiscal sorteiaRecebimento(Aleatorio& aleatorio);
 
 // Cash put into or taken out of the drawer: one item, paid in cash.

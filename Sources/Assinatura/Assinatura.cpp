@@ -16,7 +16,7 @@ void exigeRelatorio(const FormaDeEntrega& forma, bool forcado) {
 
 Entregue assina(const LeituraDeBytes& le, const EscritaDeBytes& escreve, const PedidoDeEntrega& pedido) {
   Md5 md5;
-  pedido.chave->assina(compoeBloco({}, pedido.forma));  // what is refused is refused before all is read
+  pedido.chave->assina(compoeBloco({}, pedido.forma));  // so that a refusal comes before everything is read
   FormaDeEntrega forma(FinsDeLinha::CrLf, [&](std::string_view bytes) {
     exigeRelatorio(forma, pedido.forcado);
     md5.soma(bytes);

@@ -30,7 +30,7 @@ bool leTexto(const std::uint8_t* bytes, ResumoMd5& resumo) {
   return true;
 }
 
-// Where the contents of PKCS#1 v1.5 begin; 0 where the block has not that form.
+// Where the contents of PKCS#1 v1.5 begin; 0 when the block does not have that form.
 std::size_t conteudoDePkcs1(const BlocoRsa& bloco) {
   if (bloco[0] != 0 || bloco[1] != 1) return 0;
   std::size_t i = 2;

@@ -10,7 +10,7 @@ namespace cotepe {
 namespace {
 
 constexpr std::string_view kBrancos = " \t\r\n";
-constexpr std::size_t kNiveis = 100;  // of elements in each other
+constexpr std::size_t kNiveis = 100;  // of nested elements
 
 bool comeca(std::string_view texto, std::string_view inicio) {
   return texto.substr(0, inicio.size()) == inicio;
@@ -50,7 +50,7 @@ std::string comEntidades(std::string_view texto) {
   return saida;
 }
 
-// Digits without what may stand among them and in front; false where there are none, or something else.
+// The digits without separators and leading zeros; false when there are none, or something else.
 bool leDigitos(std::string_view texto, std::string& digitos) {
   digitos.clear();
   bool algum = false;
@@ -64,8 +64,8 @@ bool leDigitos(std::string_view texto, std::string& digitos) {
   return algum;
 }
 
-// The elements of a document, one after the other. What it does not know, such as a document type, is no XML
-// to it: a key needs none.
+// The elements of a document, one after the other. Whatever it does not know, such as a document type, it
+// treats as not XML: a key needs none of it.
 class DocumentoXml {
  public:
   explicit DocumentoXml(std::string_view texto) : resto_(texto) {}

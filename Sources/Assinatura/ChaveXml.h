@@ -8,12 +8,12 @@
 namespace cotepe {
 
 struct ChaveXml {
-  std::string nome;      ///< of the one whose key it is, in UTF-8; may be empty
-  std::string modulo;    ///< hexadecimal digits in upper case, without zeros in front
+  std::string nome;      ///< of the key's owner, in UTF-8; may be empty
+  std::string modulo;    ///< hexadecimal digits in upper case, without leading zeros
   std::string expoente;  ///< the same
 };
 
-/// Why a text is no such key.
+/// Why a text is not such a key.
 enum class FaltaDaChaveXml : std::uint8_t {
   Nenhuma,
   NaoEXml,
@@ -23,7 +23,8 @@ enum class FaltaDaChaveXml : std::uint8_t {
   NaoEHexadecimal
 };
 
-/// Reads a key under any root: digits in either case, blanks and line breaks among them, zeros in front.
+/// Reads a key under any root: digits in either case, with blanks and line breaks between them and leading
+/// zeros.
 FaltaDaChaveXml leChaveXml(std::string_view texto, ChaveXml& chave);
 
 /// The whole text: modulus of 256 digits, exponent of an even number of them, and a line-feed.

@@ -47,7 +47,7 @@ Dono<Tipo> dono(Tipo* ponteiro) {
   throw ErroDaAssinatura(problema, numero, erroDaBiblioteca());
 }
 
-// Before a key is read: what is not to be had would make every key unreadable.
+// Called before a key is read: without the algorithm every key would be unreadable.
 void exigeRsa() {
   ERR_clear_error();
   if (Dono<EVP_KEYMGMT>(EVP_KEYMGMT_fetch(nullptr, "RSA", nullptr)) == nullptr)
@@ -69,7 +69,7 @@ void exigeTamanho(const EVP_PKEY* chave) {
     falha(ProblemaDaAssinatura::ExpoenteDaChave);
 }
 
-// Who is asked for the pass phrase, and how that went. Nothing may be thrown through the library.
+// Who is asked for the pass phrase, and how that went. No exception may pass through the library.
 struct PerguntaDaFrase {
   const PedeFrase& pede;
   bool feita = false, respondida = false;
@@ -143,7 +143,7 @@ ChaveXml leXml(std::string_view texto) {
   ChaveXml xml;
   const FaltaDaChaveXml falta = leChaveXml(texto, xml);
   if (falta != FaltaDaChaveXml::Nenhuma) falha(ProblemaDaAssinatura::XmlInvalido, static_cast<long>(falta));
-  constexpr std::size_t kDemais = 8192;  // digits of a number that is no key's
+  constexpr std::size_t kDemais = 8192;  // digits of a number too long for any key
   if (xml.modulo.size() > kDemais || xml.expoente.size() > kDigitosDaAssinatura)
     falha(ProblemaDaAssinatura::TamanhoDaChave,
           static_cast<long>(4 * std::max(xml.modulo.size(), xml.expoente.size())));

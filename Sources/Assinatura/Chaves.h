@@ -1,4 +1,4 @@
-// The keys of a signature: RSA of 1024 bits, as the law has it.
+// The keys of a signature: RSA of 1024 bits, as the law requires.
 #pragma once
 
 #include <functional>
@@ -20,17 +20,17 @@ struct LiberaChave {
 };
 using ChaveDaBiblioteca = std::unique_ptr<evp_pkey_st, LiberaChave>;
 
-/// Throws ErroDaAssinatura (RsaRecusado, AssinaturaErrada) where it cannot do what it is there for.
+/// Throws ErroDaAssinatura (RsaRecusado, AssinaturaErrada) when the operation fails.
 class ChavePublica {
  public:
-  /// Of PEM or XML: the text of a file. Throws ErroDaAssinatura.
+  /// From PEM or XML: the text of a file. Throws ErroDaAssinatura.
   static ChavePublica le(std::string_view texto);
 
-  /// What the signature holds; false where it is no number below the modulus.
+  /// What the signature holds; false when it is not a number below the modulus.
   bool abre(const BlocoRsa& assinatura, BlocoRsa& bloco) const;
 
   std::string pem() const;
-  /// The name is the one it was read with, where none is given.
+  /// Without a name, the one that it was read with is used.
   std::string xml(const std::string& nome = {}) const;
   const std::string& nome() const { return nome_; }
 
@@ -44,14 +44,14 @@ class ChavePublica {
 
 class ChavePrivada {
  public:
-  /// Of PEM, PKCS#8 or the older form of RSA: the text of a file. `pede` is asked where the key is
+  /// From PEM, PKCS#8 or the older form of RSA: the text of a file. `pede` is asked when the key is
   /// encrypted. Throws ErroDaAssinatura.
   static ChavePrivada le(std::string_view texto, const PedeFrase& pede);
 
-  /// The block as RSA makes a signature of it, nothing added, and opened again to see that it is right.
+  /// The block signed by RSA without padding, and opened again to check the result.
   BlocoRsa assina(const BlocoRsa& bloco) const;
 
-  /// The half that others are given.
+  /// The public half.
   ChavePublica publica() const;
 
  private:

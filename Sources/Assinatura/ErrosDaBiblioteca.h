@@ -1,14 +1,14 @@
-// What the cryptography library says of its last failure.
+// What the cryptography library says about its last failure.
 #pragma once
 
 #include <string>
 
 namespace cotepe {
 
-/// The words of its first error since the last call, and forgets all of them; empty when there is none.
+/// Returns the words of its first error since the last call and clears them all; empty when there is none.
 std::string erroDaBiblioteca();
 
-/// Whether the first error is that an algorithm is not to be had; forgets none.
+/// Whether the first error is that an algorithm is not available; clears nothing.
 bool algoritmoFaltando();
 
 }  // namespace cotepe

@@ -11,7 +11,7 @@ namespace cotepe {
 namespace {
 
 constexpr std::string_view kBom = "\xEF\xBB\xBF";
-constexpr std::size_t kE07SemCodigo = 18;  // a placeholder of E07 is that many blanks, and nothing else
+constexpr std::size_t kE07SemCodigo = 18;  // a placeholder of E07 is exactly that many blanks
 
 bool comeca(std::string_view texto, std::string_view inicio) {
   return texto.substr(0, inicio.size()) == inicio;
@@ -47,8 +47,7 @@ void FormaDeEntrega::passa(std::string_view bytes) {
   }
 }
 
-// Of a line that is too long to be seen whole the beginning goes on; a CR at its end may belong to the line
-// end.
+// The beginning of a line too long to be held is passed on; a CR at its end may belong to the line end.
 void FormaDeEntrega::guarda(std::string_view bytes) {
   pendente_.append(bytes);
   if (pendente_.size() <= kLinha) return;
@@ -89,7 +88,7 @@ void FormaDeEntrega::linha(std::string_view texto, bool comLf) {
   dentro_ = false;
 }
 
-// Looks at the first bytes of a line for what it is.
+// Recognizes a line by its first bytes.
 void FormaDeEntrega::comecaLinha(std::string_view texto) {
   ++linhas_;
   if (guardada_) soltaEad();
@@ -114,7 +113,7 @@ void FormaDeEntrega::guardaEad(std::string_view texto, std::uint64_t fim) {
   if (aoAcharEad_) aoAcharEad_(ultima_);
 }
 
-// The line that was held back is not the last one.
+// The line held back is not the last one.
 void FormaDeEntrega::soltaEad() {
   estranha(Estranheza::EadNoMeio);
   guardada_ = false;

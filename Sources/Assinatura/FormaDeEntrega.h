@@ -13,18 +13,18 @@ namespace cotepe {
 using LeituraDeBytes = std::function<long(char* destino, std::size_t tamanho)>;
 using EscritaDeBytes = std::function<void(std::string_view bytes)>;
 
-/// What becomes of the line ends.
+/// What happens to the line ends.
 enum class FinsDeLinha : std::uint8_t { ComoEstao, CrLf, Lf };
 
-/// Why a file is no report to sign.
+/// Why a file is not a report that can be signed.
 enum class Estranheza : std::uint8_t {
   Nenhuma,
   Vazio,            ///< no line at all
-  Bom,              ///< a byte-order mark in front
-  PrimeiraNaoEE01,  ///< the first line is another record than E01
-  SemRegistro,      ///< a line begins with no register's code
+  Bom,              ///< a byte-order mark at the start
+  PrimeiraNaoEE01,  ///< the first line is a record other than E01
+  SemRegistro,      ///< a line does not begin with a register's code
   CrNaLinha,        ///< a carriage return inside a line
-  EadNoMeio,        ///< an EAD line, and something behind it
+  EadNoMeio,        ///< an EAD line with something after it
 };
 
 /// A line that begins with EAD, without its line end.
@@ -32,29 +32,29 @@ struct EadLida {
   std::string texto;
   long linha = 0;             ///< from 1
   std::uint64_t posicao = 0;  ///< of its first byte in the file, from 0
-  std::uint64_t fim = 0;      ///< of what stands behind the line and its line end
+  std::uint64_t fim = 0;      ///< of what follows the line and its line end
 };
 
-/// Takes a file in pieces of any size and gives it on in blocks, with the line ends that are wanted and
-/// without an EAD line at its end. Memory is one block, whatever the file; a line is looked at, for what it
-/// is, in its first `kLinha` bytes.
+/// Takes a file in pieces of any size and passes it on in blocks, with the requested line ends and without an
+/// EAD line at its end. Memory is one block, whatever the file; a line is recognized by its first `kLinha`
+/// bytes.
 class FormaDeEntrega {
  public:
-  static constexpr std::size_t kBloco = std::size_t{1} << 18;  ///< bytes given on at a time
-  static constexpr std::size_t kLinha = std::size_t{1} << 16;  ///< of a line that is seen whole
+  static constexpr std::size_t kBloco = std::size_t{1} << 18;  ///< bytes passed on at a time
+  static constexpr std::size_t kLinha = std::size_t{1} << 16;  ///< of a line that is held whole
 
   using Destino = std::function<void(std::string_view)>;
   using AoAcharEad = std::function<void(const EadLida&)>;
 
-  /// `destino` is given what goes on. `aoAcharEad`, where there is one, is told of each EAD line once
-  /// `destino` has had all that stands before it.
+  /// `destino` receives the output. `aoAcharEad`, if given, is called for each EAD line after `destino` has
+  /// received everything before it.
   FormaDeEntrega(FinsDeLinha fins, Destino destino, AoAcharEad aoAcharEad = nullptr);
 
-  /// Leaves out a byte-order mark in front of the file.
+  /// Leaves out a byte-order mark at the start of the file.
   void tiraBom() { tiraBom_ = true; }
 
   void passa(std::string_view bytes);
-  /// After the last piece.
+  /// To be called after the last piece.
   void termina();
 
   ///@{
@@ -69,7 +69,7 @@ class FormaDeEntrega {
   long eads() const { return eads_; }            ///< how many lines begin with EAD
   const EadLida& primeiraEad() const { return primeira_; }
   const EadLida& ultimaEad() const { return ultima_; }
-  Estranheza estranheza() const { return estranheza_; }  ///< the first that was met
+  Estranheza estranheza() const { return estranheza_; }  ///< the first one found
   long linhaEstranha() const {
     return linhaEstranha_;
   }  ///< its line, from 1
@@ -91,11 +91,11 @@ class FormaDeEntrega {
   AoAcharEad aoAcharEad_;
   bool tiraBom_ = false;
   std::string bloco_;
-  std::string pendente_;       // the beginning of a line whose end has not come
-  bool dentro_ = false;        // more of that line was given on already
-  std::uint64_t posicao_ = 0;  // in the file, of the line that is read
-  std::uint64_t adiante_ = 0;  // of that line, the bytes that were given on already
-  bool guardada_ = false;      // `ultima_` may be the last line, and was not given on
+  std::string pendente_;       // the beginning of a line whose end has not arrived yet
+  bool dentro_ = false;        // part of that line has been passed on already
+  std::uint64_t posicao_ = 0;  // in the file, of the line being read
+  std::uint64_t adiante_ = 0;  // of that line, the bytes passed on already
+  bool guardada_ = false;      // `ultima_` may be the last line and has not been passed on
   bool guardadaComCr_ = false, guardadaComLf_ = false;
   long linhas_ = 0, comLf_ = 0, comCrLf_ = 0, eads_ = 0, linhaEstranha_ = 0;
   bool semFim_ = false, bom_ = false;

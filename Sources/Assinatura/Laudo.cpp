@@ -8,7 +8,7 @@
 namespace cotepe {
 namespace {
 
-// One EAD line, what the bytes before it hash to, and what it says itself.
+// One EAD line, the hash of the bytes before it, and what the line itself says.
 struct Ead {
   EadLida lida;
   ResumoMd5 resumo{};
@@ -20,7 +20,7 @@ struct Ead {
 struct OutraForma {
   FinsDeLinha fins = FinsDeLinha::ComoEstao;
   bool semBom = false;
-  ResumoMd5 resumo{};  // of what stands before the EAD line
+  ResumoMd5 resumo{};  // of what precedes the EAD line
 };
 
 ResumoMd5 invertido(ResumoMd5 resumo) {
@@ -106,7 +106,7 @@ class Exame {
     if (legivel && ead.linha.misturados) nota(Diagnostico::DigitosMisturados);
   }
 
-  // Anybody can write it: where it agrees nothing is known, where it does not something was changed.
+  // Anybody can write it: agreement proves nothing, disagreement means that something was changed.
   void julgaMd5(const Ead& ead) {
     nota(Diagnostico::Md5Puro);
     diz(ead.linha.resumo);
@@ -159,7 +159,7 @@ class Exame {
     laudo_.assinado = assinado;
   }
 
-  // Where the content agrees: what may be said besides of a valid signature.
+  // When the content agrees: what else there is to say about a valid signature.
   bool semFalta() const {
     return !outraForma_ &&
            std::all_of(laudo_.diagnosticos.begin(), laudo_.diagnosticos.end(), [](Diagnostico diagnostico) {
@@ -168,7 +168,7 @@ class Exame {
            });
   }
 
-  // Whether the bytes before the line have that hash, as they stand or in another form.
+  // Whether the bytes before the line have that hash, as they are or in another form.
   bool confronta(const Ead& ead, const ResumoMd5& resumo) {
     if (ead.resumo == resumo) return true;
     if (formas_.empty()) leOutrasFormas(ead);
@@ -208,7 +208,7 @@ class Exame {
   Ead primeira_, ultima_;
   std::uint64_t tamanho_ = 0;  // of the file
   bool temLf_ = false, temCrLf_ = false, temBom_ = false;
-  std::vector<OutraForma> formas_;  // those that were looked at
+  std::vector<OutraForma> formas_;  // those that were examined
   bool outraForma_ = false;         // the hash is that of one of them
 };
 

@@ -1,4 +1,4 @@
-// What can be told of a signed file and a public key.
+// What a signed file and a public key show.
 #pragma once
 
 #include <cstdint>
@@ -10,30 +10,31 @@
 
 namespace cotepe {
 
-/// What is said of a signature.
+/// The verdict on a signature.
 enum class Parecer : std::uint8_t {
   Valida,     ///< the file is what the signature says
-  Alterada,   ///< the signature is of a known shape and says something else
-  NaoSeSabe,  ///< no known shape
+  Alterada,   ///< the signature has a known form and says something else
+  NaoSeSabe,  ///< not a known form
 };
 
-/// Whether the bytes before the EAD line have the hash that it gives, line ends and a byte-order mark apart.
+/// Whether the bytes before the EAD line have the hash that it gives, apart from line ends and a byte-order
+/// mark.
 enum class Conteudo : std::uint8_t { NaoSeSabe, Confere, Difere };
 
 /// What was found, each a cause of its own.
 enum class Diagnostico : std::uint8_t {
   SemEad,             ///< no line begins with EAD
   FinsDeLinha,        ///< the content agrees, with other line ends
-  ResumoInvertido,    ///< the hash stands in the signature with its bytes reversed
+  ResumoInvertido,    ///< the hash is in the signature with its bytes reversed
   DigitosPerdidos,    ///< fewer than 256 digits
   Md5Puro,            ///< 32 digits of a hash that nobody signed
   ResumoEmTexto,      ///< the hash was signed as hexadecimal text
-  TextoDepois,        ///< bytes behind the digits, in the line or after it
+  TextoDepois,        ///< bytes after the digits, on the line or after it
   Bom,                ///< a byte-order mark in front
   DuasEads,           ///< more than one line begins with EAD
   Pkcs1,              ///< signed in the form of PKCS#1
   OutraChave,         ///< another key, or a maker's own form
-  OutroResumo,        ///< PKCS#1 around something that is no MD5
+  OutroResumo,        ///< PKCS#1 around something other than an MD5
   OutroOuOutraChave,  ///< the hash differs, or the key is another
   DigitosMisturados,  ///< digits in upper and lower case: no program writes them so
   SemDigitos,         ///< the EAD line holds no signature
@@ -54,18 +55,18 @@ struct Laudo {
   long linhas = 0;           ///< of the file
   long linhaDaEad = 0;       ///< 0 where there is none
   long eads = 0;             ///< how many lines begin with EAD
-  std::uint64_t depois = 0;  ///< bytes behind the EAD line
+  std::uint64_t depois = 0;  ///< bytes after the EAD line
   std::size_t digitos = 0;   ///< of the EAD line
-  ResumoMd5 resumo{};        ///< of what stands before it
-  bool temAssinado = false;  ///< the signature could be read:
+  ResumoMd5 resumo{};        ///< of what precedes it
+  bool temAssinado = false;  ///< whether the signature could be read
   ResumoMd5 assinado{};      ///< the hash that it holds
 };
 
-/// Begins to read the file anew.
+/// Begins to read the file from its start again.
 using Releitura = std::function<LeituraDeBytes()>;
 
-/// Reads the file once, and where its signature says another hash once more for each other form of the line
-/// ends. Throws ErroDaAssinatura, and what reading throws.
+/// Reads the file once and, when its signature holds another hash, once more for each other form of the line
+/// ends. Throws ErroDaAssinatura and whatever reading throws.
 Laudo verifica(const Releitura& releitura, const ChavePublica& chave);
 
 }  // namespace cotepe

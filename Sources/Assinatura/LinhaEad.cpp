@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::string_view kLetras = "EAD";
 
-// Digits into the end of a number; an odd digit in front is the lower half of its byte.
+// Digits into the end of a number; an odd leading digit is the lower half of its byte.
 template <std::size_t N>
 void poe(std::string_view digitos, std::array<std::uint8_t, N>& numero) {
   std::size_t meio = 2 * N - digitos.size();

@@ -17,12 +17,12 @@ using BlocoRsa = std::array<std::uint8_t, 128>;
 inline constexpr std::size_t kDigitosDaAssinatura = 256;
 inline constexpr std::size_t kDigitosDoResumo = 32;
 
-/// What stands behind the letters.
+/// What follows the letters.
 enum class FormaDaEad : std::uint8_t {
   Assinatura,       ///< 256 hexadecimal digits
-  DigitosPerdidos,  ///< fewer, as where leading zeros were left out
+  DigitosPerdidos,  ///< fewer, as when leading zeros were left out
   SoResumo,         ///< 32 digits: a hash that nobody signed
-  Outra,            ///< no such digits
+  Outra,            ///< anything else
 };
 
 struct LinhaEad {
@@ -30,11 +30,11 @@ struct LinhaEad {
   BlocoRsa assinatura{};    ///< of the first two forms; leading zeros where digits are missing
   ResumoMd5 resumo{};       ///< of the third
   std::size_t digitos = 0;  ///< how many there are
-  std::size_t sobra = 0;    ///< bytes of the line behind them
+  std::size_t sobra = 0;    ///< bytes of the line after them
   bool misturados = false;  ///< digits in upper and in lower case
 };
 
-/// Reads a line that begins with EAD, given without its line end; any bytes will do.
+/// Reads a line that begins with EAD, given without its line end; it may hold any bytes.
 LinhaEad leEad(std::string_view linha);
 
 /// The line of a signature, without a line end: digits in upper case.

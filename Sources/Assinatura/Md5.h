@@ -1,4 +1,4 @@
-// MD5, which the law wants for the hash of a delivered file. It protects against accidents alone.
+// MD5, which the law requires for the hash of a delivered file. It protects against accidents only.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@ struct evp_md_ctx_st;
 
 namespace cotepe {
 
-/// The hash of the bytes that came so far. Throws ErroDaAssinatura (Md5Recusado) and std::bad_alloc.
+/// The hash of the bytes so far. Throws ErroDaAssinatura (Md5Recusado) and std::bad_alloc.
 class Md5 {
  public:
   Md5();

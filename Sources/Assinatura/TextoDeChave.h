@@ -1,4 +1,4 @@
-// The text of a key or a pass phrase, which memory does not keep.
+// The text of a key or a pass phrase, which is not left behind in memory.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 
 namespace cotepe {
 
-/// Overwrites a secret before it is let go.
+/// Overwrites a secret before its memory is released.
 void apagaSegredo(std::string& segredo) noexcept;
 
 /// A whole file, of no more than `kMaximo` bytes.
 class TextoDeChave {
  public:
-  static constexpr std::size_t kMaximo = std::size_t{1} << 16;  ///< no key is as long
+  static constexpr std::size_t kMaximo = std::size_t{1} << 16;  ///< no key is that long
 
   /// Throws ErroDaAssinatura (ChaveNaoAbre, ChaveIlegivel).
   explicit TextoDeChave(const std::string& caminho);

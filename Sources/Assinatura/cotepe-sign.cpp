@@ -75,7 +75,7 @@ int resultadoDe(const ErroDaAssinatura& erro) {
   }
 }
 
-// The result of `funcao`, or the one that stands for what it throws.
+// The result of `funcao`, or the one that corresponds to what it throws.
 template <class Funcao>
 int resultado(Funcao funcao) noexcept {
   try {
@@ -118,7 +118,7 @@ void assinaArquivo(const cotepe_sign_key& chave, const std::string& relatorio, c
                    bool substitui, unsigned modos) {
   exigeDestino(destino, substitui);
   ArquivoSeguro seguro(destino);
-  std::error_code erro;  // who may not read the report may not read it signed
+  std::error_code erro;  // whoever may not read the report may not read the signed copy
   const auto permissoes = std::filesystem::status(relatorio, erro).permissions();
   if (destino == relatorio && !erro) std::filesystem::permissions(seguro.temporario(), permissoes, erro);
   {

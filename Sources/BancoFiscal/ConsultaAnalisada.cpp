@@ -13,7 +13,7 @@ namespace {
 /// A word outside of quotes, or a comma.
 struct Peca {
   std::size_t de, ate;
-  int dentro;         // of how many parentheses
+  int dentro;         // the nesting depth of parentheses
   std::string texto;  // in capitals
 };
 
@@ -62,7 +62,7 @@ std::string_view semEspacos(std::string_view texto) {
   return de == std::string_view::npos ? "" : texto.substr(de, texto.find_last_not_of(" \t") + 1 - de);
 }
 
-// The first name in an expression that is no function.
+// The first name in an expression that is not a function.
 std::string_view nomeDaColuna(std::string_view sql) {
   for (const Peca& peca : pecas(sql)) {
     const bool funcao = peca.ate < sql.size() && sql[peca.ate] == '(';

@@ -1,4 +1,4 @@
-// The queries of the registers taken apart: what each column of a row is made of.
+// The queries of the registers, parsed: what each column of a row is made of.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace cotepe {
 
-/// A name or a text as SQL writes it between quotes of a kind.
+/// A name or a text as SQL quotes it, with the given quote.
 std::string emAspasSql(const std::string& texto, char aspa);
 
 /// One expression of a SELECT's list.
@@ -21,7 +21,7 @@ struct Expressao {
   bool soma() const { return funcao == "SUM"; }
   bool extremo() const { return funcao == "MIN" || funcao == "MAX"; }
 
-  /// The characters that SUBSTR leaves of the column; 0 for all.
+  /// The number of characters that SUBSTR keeps of the column; 0 for all.
   int usados() const;
 
   /// What is read, for people: "the first 39 characters of cupom_fiscal.nome_consumidor".
@@ -37,7 +37,7 @@ struct SelectAnalisado {
   std::vector<Expressao> lista;  // empty where the query says "*"
   std::vector<TabelaNomeada> tabelas;
   std::string resto;               // from FROM on, without GROUP BY and ORDER BY
-  std::vector<std::string> nomes;  // all the words of it, as it writes them, those in parentheses too
+  std::vector<std::string> nomes;  // every word in it, as written, those in parentheses too
 
   /// Whether it reads the table, and names a column of it ("" for any) anywhere.
   bool nomeia(std::string_view tabela, std::string_view coluna) const;
@@ -46,10 +46,10 @@ struct SelectAnalisado {
   SelectAnalisado comColunas(const std::vector<std::string>& daTabela) const;
 };
 
-/// The same of a query that lives for ever, taken apart once; none for null.
+/// The same for a query with static storage duration, parsed once; none for null.
 const std::vector<SelectAnalisado>& analisada(const char* sql);
 
-/// Takes apart SELECTs as the registers have them: tables behind FROM and JOIN, aliases behind AS.
+/// Parses SELECTs as the registers write them: tables after FROM and JOIN, aliases after AS.
 std::vector<SelectAnalisado> analisa(std::string_view sql);
 
 }  // namespace cotepe

@@ -8,7 +8,7 @@
 namespace cotepe {
 
 // Thrown by the functions on fiscal databases. what() is one line made of all the parts, which are in the
-// language of the program; copying never throws.
+// user's language; copying never throws.
 class ErroDoBanco : public std::exception {
  public:
   struct Partes {

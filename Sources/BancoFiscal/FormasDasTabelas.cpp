@@ -17,8 +17,8 @@ constexpr FormaDaColuna letra(const char* nome) { return {nome, FormaDoValor::Le
 constexpr FormaDaColuna simNao(const char* nome) { return {nome, FormaDoValor::SimNao}; }
 constexpr FormaDaColuna naoImpressa(const char* nome) { return {nome, FormaDoValor::NaoImpressa, true}; }
 
-// A period takes its documents through their reductions. Of the reductions and detail tapes themselves, and
-// of all tables of a few rows, every row is looked at: one that has left its period by mistake is meant too.
+// A period takes its documents through their reductions. The reductions and detail tapes themselves, and all
+// small tables, are checked row by row: a row that is outside its period by mistake must be found too.
 constexpr char kDaReducao[] =
     "cont_crz IN (SELECT cont_crz FROM reducao_z WHERE data_movimento >= ?1 AND data_movimento <= ?2)";
 constexpr char kDoCupomFiscal[] =

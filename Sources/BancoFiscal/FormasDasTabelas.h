@@ -8,11 +8,11 @@
 
 namespace cotepe {
 
-/// What a value must look like. How long it may be is said by the fields that it ends up in.
+/// What a value must look like. Its maximum length is that of the fields that it ends up in.
 enum class FormaDoValor : std::uint8_t {
   Texto,            // no longer than its field
   TextoUsado,       // of any length: its field holds the first bytes
-  Inteiro,          // digits alone
+  Inteiro,          // digits only
   Casas,            // 2 or 3
   Dinheiro,         // digits, and a point before the decimal places
   Decimal,          // the same
@@ -22,7 +22,7 @@ enum class FormaDoValor : std::uint8_t {
   Letra,            // one character
   SimNao,           // S or N
   TipoDeDocumento,  // CN, RG, CC, NC or RZ
-  NaoImpressa,      // only has to be there
+  NaoImpressa,      // only has to exist
 };
 
 struct FormaDaColuna {
@@ -31,7 +31,7 @@ struct FormaDaColuna {
   bool aceitaNulo = false;
 };
 
-/// How the queries put rows in order or compare them by a column; what a text of digits may do to that.
+/// How the queries sort rows or compare them by a column, and how digits stored as text may upset that.
 enum class Uso : std::uint8_t { Ordena, Maximo };
 
 struct FormaDaTabela {
@@ -39,7 +39,7 @@ struct FormaDaTabela {
 
   const char* nome;
   const char*
-      chave;  // the columns that tell a row, joined by commas; of `porPosicao` they are counted from 0
+      chave;  // the columns that identify a row, joined by commas; with `porPosicao` they are numbers from 0
   int minimo, maximo;     // rows; 0: any number
   const char* doPeriodo;  // which rows a period reads, "?1" and "?2" being its bounds; null: all of them
   std::array<FormaDaColuna, kColunas> colunas;  // up to the first without a name
@@ -62,11 +62,11 @@ struct Ligacao {
 };
 extern const std::array<Ligacao, 10> kLigacoes;
 
-/// Columns that tell a row to the joins or to the law, joined by commas: two rows of those meant may not
-/// share them.
+/// Columns that identify a row for the joins or for the law, joined by commas: two of the selected rows may
+/// not share them.
 struct Unicidade {
-  const char *tabela, *colunas, *consequencia;  // the last one to be translated
-  const char* quais = nullptr;                  // as a condition; null: all
+  const char *tabela, *colunas, *consequencia;  // `consequencia` is to be translated
+  const char* quais = nullptr;                  // which rows, as an SQL condition; null: all
 };
 extern const std::array<Unicidade, 16> kUnicidades;
 

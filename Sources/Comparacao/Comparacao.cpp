@@ -20,7 +20,7 @@ constexpr Regra kCampo = regraDaDiferenca("field"), kFalta = regraDaDiferenca("m
                 kFimDeLinha = regraDaDiferenca("line-end"), kOrdem = regraDaDiferenca("order"),
                 kLarguras = regraDaDiferenca("layout");
 
-constexpr int kFolga = 16;  // lines that a side may be ahead by register: a lone line out of place is no gap
+constexpr int kFolga = 16;  // lines that one side may be ahead by register: one out of place is not a gap
 
 bool doCarimbo(const RegistroLido& lido, std::size_t campo) {
   return lido.campos[campo].campo->origem.tipo == Origem::Tipo::Relogio;
@@ -34,7 +34,7 @@ bool mesmaLinha(const LinhaLida& a, const LinhaLida& b) {
   return a.texto == b.texto && mesmoFim(a, b) && inteira(a) && inteira(b);
 }
 
-// The value for people and, where that is another text, the bytes too.
+// The value for people and, where that is a different text, the bytes too.
 std::string legivel(const RegistroLido& lido, std::size_t campo) {
   const std::string_view bytes = lido.bytes(campo);
   if (bytes.empty()) return traduz("nothing");
@@ -44,7 +44,7 @@ std::string legivel(const RegistroLido& lido, std::size_t campo) {
   return formado ? paraPessoas(valor, bytes) : entreAspas(bytes);
 }
 
-// Two texts that look the same are told by the first byte that is not.
+// Two texts that look the same are told apart by the first byte that differs.
 std::string primeiroByte(std::string_view bytes, std::size_t i) {
   const std::string lugar = std::to_string(i + 1);
   if (i >= bytes.size()) return frase("the end at byte {1}", {lugar});
@@ -91,7 +91,7 @@ bool soOutraLargura(const CampoLido& a, std::string_view bytesA, const CampoLido
   return semEnchimento(especie, bytesA) == semEnchimento(especie, bytesB);
 }
 
-// What stands behind the last field.
+// What follows the last field.
 std::string_view resto(const RegistroLido& lido) {
   std::size_t fim = 0;
   for (std::size_t i = 0; i < lido.quantos; ++i)
@@ -99,7 +99,7 @@ std::string_view resto(const RegistroLido& lido) {
   return fim < lido.linha.texto.size() ? lido.linha.texto.substr(fim) : std::string_view();
 }
 
-// Its count is that of the file, of which a line too long has only the beginning.
+// The count is that of the file; of a line that is too long only the beginning is kept.
 std::string nomeDoResto(const LinhaLida& linha, std::string_view resto) {
   if (resto.empty()) return traduz("nothing");
   const std::uint64_t quantos = linha.tamanho - (linha.texto.size() - resto.size());

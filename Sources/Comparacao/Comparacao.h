@@ -12,20 +12,20 @@
 namespace cotepe {
 
 /// Compares a report with the one that it should be. Records are aligned by register and natural key, equal
-/// keys in the order of the file. Memory: the lines of the registers under way whose partner has not come
-/// yet; none for files that are equal, at most the records of one register where nothing matches.
+/// keys in the order of the file. Memory: the lines of the current registers whose partner has not been read
+/// yet; none when the files are equal, at most the records of one register when nothing matches.
 ///
-/// A report as it is delivered is the same as the plain one: CR and LF throughout and the EAD line count for
-/// nothing.
+/// A report as it is delivered is the same as the plain one: CR and LF throughout and the EAD line are
+/// ignored.
 ///
 /// Each difference is one finding about the second report. Its rule: "field", "missing" and "added" (a whole
-/// record), "line" (bytes behind the last field, or too many to compare), "line-end", "order" (a record out
-/// of its place), and once, at the end, "layout" for records whose values are the same in fields of other
+/// record), "line" (bytes after the last field, or too many to compare), "line-end", "order" (a record out of
+/// its place), and once, at the end, "layout" for records whose values are the same in fields of other
 /// widths.
 class Comparacao {
  public:
   struct Opcoes {
-    std::string esperado, encontrado;  // what people call the first and the second report
+    std::string esperado, encontrado;  // the names of the first and the second report in messages
     bool comCarimbo = false;           // whether date and hour of E11 count
     bool comOrdem = false;             // whether the order of the lines does
     Catalogo catalogo = kCatalogo;     // the registers that the lines are read by

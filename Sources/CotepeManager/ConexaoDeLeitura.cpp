@@ -10,14 +10,14 @@ namespace {
 constexpr int kPausa = 20;      // milliseconds between two tries for a lock
 constexpr int kTentativas = 6;  // for what may be a writer in the middle of a step
 
-// Reads nothing. Nor does BEGIN: the first reading fixes the state that all others see.
+// Reads nothing. Neither does BEGIN: the first read fixes the state that all later ones see.
 constexpr char kPreparo[] =
     "PRAGMA query_only = ON; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON";
-// The bound of the cache is that of the sorter too: 64 MiB are sorted in memory, 3 % of a run less.
+// The cache limit also bounds the sorter: up to 64 MiB is sorted in memory, which saves 3 % of a run.
 constexpr char kPrimeiraLeitura[] = "SELECT count(*) FROM sqlite_schema; PRAGMA cache_size = -65536";
 
-// A journal that its writer removes just while it is looked at, by a ROLLBACK, seems to be one that was left
-// behind: a connection that may not write cannot make sure, but it can look again.
+// A journal that its writer removes by a ROLLBACK while it is being examined looks like one left behind. A
+// connection that may not write cannot make sure, but it can look again.
 bool talvezPassageira(int resultado) {
   return resultado == SQLITE_READONLY_ROLLBACK || resultado == SQLITE_READONLY_RECOVERY ||
          (resultado & 0xff) == SQLITE_CANTOPEN || (resultado & 0xff) == SQLITE_PROTOCOL;
@@ -35,7 +35,7 @@ ConexaoDeLeitura::~ConexaoDeLeitura() {
 }
 
 int ConexaoDeLeitura::abre(const std::string& caminho) {
-  // Without a mutex, for there is one thread: 7 % fewer instructions.
+  // Without a mutex, since there is only one thread: 7 % fewer instructions.
   constexpr int kModo = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
   const int resultado = sqlite3_open_v2(caminhoDoBanco(caminho).c_str(), &banco_, kModo, vfsDoBanco());
   if (resultado != SQLITE_OK) return resultado;

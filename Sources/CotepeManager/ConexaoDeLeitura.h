@@ -1,4 +1,4 @@
-// A connection of our own to a fiscal database.
+// The library's own connection to a fiscal database.
 #pragma once
 
 #include <chrono>
@@ -17,17 +17,17 @@ class ConexaoDeLeitura {
 
   /// Waits at most `espera` for a lock, and no longer than until `desiste` (null: never) says so.
   explicit ConexaoDeLeitura(std::chrono::milliseconds espera, Desistencia desiste = nullptr);
-  /// What was prepared on it is finalized.
+  /// Every statement prepared on it must have been finalized.
   ~ConexaoDeLeitura();
   ConexaoDeLeitura(const ConexaoDeLeitura&) = delete;
   ConexaoDeLeitura& operator=(const ConexaoDeLeitura&) = delete;
 
-  /// Opens an existing file, which is not read yet. Once only.
+  /// Opens an existing file without reading it yet. To be called once.
   int abre(const std::string& caminho);
 
   /// Begins a read transaction, and reads: all that follows, until `termina`, sees one committed state.
   int comeca();
-  /// Ends it, also where it failed to begin.
+  /// Ends it, even if it failed to begin.
   void termina() noexcept;
 
   /// Null before `abre`.

@@ -7,7 +7,7 @@
 namespace cotepe {
 
 Consulta::Consulta(sqlite3* banco, std::string_view sql) {
-  // A failed preparation leaves no statement, and stepping none fails.
+  // A failed preparation leaves no statement, and stepping a null one fails.
   sqlite3_prepare_v2(banco, sql.data(), static_cast<int>(sql.size() + 1), &declaracao_, nullptr);
 }
 
@@ -25,8 +25,8 @@ void Consulta::finaliza() {
   declaracao_ = nullptr;
 }
 
-// Without memory for a text SQLite gives none, as for NULL, and fails the next step: a step too late for the
-// record at hand.
+// When there is no memory for a text, SQLite returns null, as it does for NULL, and fails only at the next
+// step: too late for the current record.
 const char* Consulta::texto(int coluna) const {
   const unsigned char* texto = sqlite3_column_text(declaracao_, coluna);
   if (texto != nullptr) return reinterpret_cast<const char*>(texto);

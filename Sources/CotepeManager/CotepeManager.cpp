@@ -20,14 +20,14 @@ constexpr char kFalhaDaIdentidade[] = "Erro no select - GeraRegistrosTipoE";
 
 bool diaCompleto(const char* dia) { return dia != nullptr && strnlen(dia, kTamanhoDoDia) == kTamanhoDoDia; }
 
-// DDMMYYYY and an hour as YYYY-MM-DD HH:MM:SS. The characters are taken as they stand.
+// DDMMYYYY and an hour as YYYY-MM-DD HH:MM:SS. The characters are copied unchanged.
 void formataLimite(char (&limite)[20], const char* dia, const char* hora) {
   const char partes[] = {dia[4], dia[5], dia[6], dia[7], '-', dia[2], dia[3], '-', dia[0], dia[1], ' ', '\0'};
   std::memcpy(limite, partes, sizeof partes);
   std::strcat(limite, hora);  // NOLINT(clang-analyzer-security.insecureAPI.strcpy): 11 + 8 characters
 }
 
-// Takes a text where there is one.
+// Replaces a text unless the new one is empty.
 template <std::size_t N>
 void copiaSeHouver(char (&destino)[N], const char* texto) {
   if (*texto != '\0') cotepe::copiaLimitada(destino, texto);
@@ -52,7 +52,7 @@ int CotepeManager::gera(const char* arquivo, const char* dataInicial, const char
   if (aberto != cotepe::kGerado) return aberto;
   fixaPeriodo(dataInicial, dataFinal);
 
-  // Without memory for it the stream has its own smaller one.
+  // When there is no memory for it, the stream uses its own smaller one.
   m_buffer.reset(new (std::nothrow) char[kTamanhoDoBuffer]);
   if (m_buffer != nullptr)
     static_cast<void>(std::setvbuf(ReportFile, m_buffer.get(), _IOFBF, kTamanhoDoBuffer));
@@ -99,7 +99,7 @@ void CotepeManager::fixaPeriodo(const char* dataInicial, const char* dataFinal) 
   formataLimite(dataHoraFinal, dataFinal, "23:59:59");
 }
 
-// The database's texts go before the host's; of several rows the last one counts.
+// The database's texts take precedence over the host's; of several rows the last one counts.
 bool CotepeManager::leIdentidade(cotepe::Hospedeiro& hospedeiro) {
   cotepe::copiaLimitada(modelo, hospedeiro.modelo());
   cotepe::copiaLimitada(nrFabricacao, hospedeiro.serial());

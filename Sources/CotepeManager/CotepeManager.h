@@ -1,5 +1,5 @@
 /// @file
-/// The generator of the type-E register file (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database.
+/// The generator of the type-E register file (Ato COTEPE/ICMS 17/04) from a fiscal printer's database.
 #pragma once
 
 #include <cstdio>
@@ -24,17 +24,17 @@ enum Resultado : int {
 }  // namespace cotepe
 
 /// Generates reports from one database, one at a time, on the caller's thread. An object may run many times
-/// and must not be shared between simultaneous runs. Of the application it needs, at link time, the log
-/// function, the identity globals, the clock and the padding routine that the headers in Host/ declare.
+/// and must not be shared between simultaneous runs. At link time it needs four things from the application:
+/// the log function, the identity globals, the clock and the padding routine declared by the headers in
+/// Host/.
 class CotepeManager {
  public:
-  /// Borrows the open database, which must outlive the object and is never closed or written by it, nor put
-  /// into a transaction: each query sees what is committed when it begins. A host that wants a report of one
-  /// state, while others write, holds a read transaction of its own around the run (BEGIN, COMMIT) and sets
-  /// sqlite3_busy_timeout.
-  /// Starts in layout version 1, CAT52 mode off.
+  /// Borrows the open database, which must outlive the object. The object never closes it, writes to it or
+  /// begins a transaction on it: each query sees what is committed when it begins. A host that wants a report
+  /// of one state while others write holds a read transaction of its own around the run (BEGIN, COMMIT) and
+  /// sets sqlite3_busy_timeout. Starts in layout version 1, CAT52 mode off.
   explicit CotepeManager(sqlite3* banco);
-  /// A report that is still open, of a run that was left by longjmp, is closed and empty.
+  /// A report still open because longjmp left its run is closed and left empty.
   ~CotepeManager();
   CotepeManager(const CotepeManager&) = delete;
   CotepeManager& operator=(const CotepeManager&) = delete;
@@ -50,13 +50,13 @@ class CotepeManager {
   /// The value last set.
   bool isCAT52() const;
 
-  /// Writes the report of a period to the file named, created or truncated: one record a line, LF endings.
-  /// Days are DDMMYYYY, first and last, both included. `szCmd` is "MF", "MFD", "TDM" or "RZ", compared
-  /// whole; any other text gives E01 and E02 only. A register whose query fails is logged through
-  /// Quorvel_GravaLog and the run goes on. A report that would be written over the database, or over a
-  /// journal of it, is refused with result 3 and errno EBUSY before anything is touched. What the
-  /// application's functions throw leaves this one, after the report is closed and empty. Returns a
-  /// cotepe::Resultado.
+  /// Writes the report of a period to the named file, which is created or truncated: one record per line, LF
+  /// line endings. The first and last day are DDMMYYYY, both included. `szCmd` is "MF", "MFD", "TDM" or "RZ",
+  /// compared as a whole; any other text gives E01 and E02 only. A register whose query fails is logged
+  /// through Quorvel_GravaLog and the run goes on. A report that would be written over the database, or over
+  /// a journal of it, is refused with result 3 and errno EBUSY before anything is touched. An exception
+  /// thrown by one of the application's functions leaves this one after the report has been closed and left
+  /// empty. Returns a cotepe::Resultado.
   int GeraRegistrosTipoE(const char* szReportFileName, const char* szDataInicial, const char* szDataFinal,
                          const char* szCmd);
 
@@ -85,8 +85,8 @@ class CotepeManager {
   static char* CharReplace(char* s, char from, char to);
   static char* CharRemoveNonAscii(char* s);
 
-  // One writer a register: each appends its lines to ReportFile, whatever the command. E03 and E04 belong to
-  // no command.
+  // One writer per register: each appends its lines to ReportFile, whatever the command. E03 and E04 belong
+  // to no command.
   void TipoE01();
   void TipoE02();
   void TipoE03();

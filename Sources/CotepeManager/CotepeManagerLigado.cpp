@@ -1,6 +1,6 @@
-// The class over the symbols of the application: log, identity, clock, padding. It is delivered as source,
-// for the application compiles it, with its own headers of those names: sizes and constructors are then its
-// own. C++11 is enough.
+// The class over the symbols of the application: log, identity, clock, padding. It is delivered as source
+// because the application compiles it with its own headers of those names, so that sizes and constructors are
+// its own. C++11 is enough.
 #include <cstddef>
 
 #include "CotepeManager.h"

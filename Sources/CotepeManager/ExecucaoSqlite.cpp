@@ -30,7 +30,7 @@ std::unique_ptr<Leitura> ExecucaoSqlite::consulta(const char* sql) {
 
 void ExecucaoSqlite::grava(Linha& linha) {
   const std::string_view texto = linha.comFimDeLinha();
-  // A failed write stays marked on the stream, where the run looks for it.
+  // A failed write sets the stream's error flag, which the run checks at the end.
   static_cast<void>(std::fwrite(texto.data(), 1, texto.size(), relatorio_));
   ++linhas_;
 }
@@ -38,7 +38,8 @@ void ExecucaoSqlite::grava(Linha& linha) {
 void ExecucaoSqlite::falha(const char* mensagem) {
   completa_ = false;
   if (mensagem != nullptr) return hospedeiro().registraLog(mensagem);
-  // Nothing else tells the caller of the generator: without memory the report must not pass for done.
+  // Nothing else tells the generator's caller: a report cut short by lack of memory must not pass for
+  // complete.
   if (sqlite3_errcode(banco_) == SQLITE_NOMEM) throw std::bad_alloc();
   hospedeiro().falhaSemMensagem();
 }

@@ -8,7 +8,7 @@
 
 namespace cotepe {
 
-/// Borrows all that it is given.
+/// Borrows everything that it is given.
 class ExecucaoSqlite final : public Execucao {
  public:
   ExecucaoSqlite(sqlite3* banco, FILE* relatorio, const Ajustes& ajustes, Hospedeiro& hospedeiro)

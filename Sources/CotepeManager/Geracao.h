@@ -7,7 +7,7 @@
 namespace cotepe {
 
 /// As CotepeManager, with log, identity, clock and padding taken from `hospedeiro`, which is also told of
-/// each register's start and end. Borrows both for its lifetime.
+/// each register's start and end. Borrows both for as long as it exists.
 class Geracao {
  public:
   /// Over an open database, which is only read; layout version 1, CAT52 mode off.
@@ -18,8 +18,8 @@ class Geracao {
   /// As CotepeManager::setCAT52.
   void setCAT52(bool cat52) { gerador_.setCAT52(cat52); }
 
-  /// As CotepeManager::GeraRegistrosTipoE. What the host's functions throw leaves it, after the report is
-  /// closed and empty.
+  /// As CotepeManager::GeraRegistrosTipoE. An exception thrown by the host leaves it after the report has
+  /// been closed, empty.
   int gera(const char* arquivo, const char* dataInicial, const char* dataFinal, const char* comando) {
     return gerador_.gera(arquivo, dataInicial, dataFinal, comando, hospedeiro_);
   }

@@ -3,7 +3,7 @@
 
 namespace cotepe {
 
-/// The services and the knowledge of the application around the generator.
+/// What the application around the generator does for it and knows of the printer.
 class Hospedeiro {
  public:
   virtual ~Hospedeiro() = default;
@@ -19,13 +19,13 @@ class Hospedeiro {
   virtual const char* tipo() = 0;
   ///@}
 
-  /// Leaves the current time in `saida` as AAAAMMDD, one separator, HHMMSS; `saida` holds 41 zeroed bytes.
+  /// Writes the current time to `saida` as AAAAMMDD, one separator, HHMMSS; `saida` holds 41 zeroed bytes.
   virtual void dataHoraAtual(char* saida) = 0;
 
   /// Places `texto` left-aligned and blank-filled into the `largura` bytes at `destino`.
   virtual void preenche(char* texto, char* destino, int largura) = 0;
 
-  /// A query failed whose register logs nothing then.
+  /// Called when a query fails whose register logs nothing for it.
   virtual void falhaSemMensagem() {}
 
   ///@{

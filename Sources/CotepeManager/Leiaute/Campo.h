@@ -51,7 +51,7 @@ struct Origem {
   /// True where the text is the same in every record of a run, placeholders included.
   constexpr bool fixa() const { return tipo == Tipo::Constante || tipo == Tipo::Ajuste; }
 
-  /// True where it is, or rests on, a column of a query of the register.
+  /// True when it is a column of one of the register's queries or is worked out from one.
   constexpr bool deColuna() const { return coluna >= 0 && (tipo == Tipo::Coluna || tipo == Tipo::Funcao); }
 };
 
@@ -64,7 +64,7 @@ constexpr Origem coluna(int numero, int consulta = 0) {
   return o;
 }
 
-/// A text worked out from a row. `lida` is the column that it mainly rests on, for those who trace a field
+/// A text worked out from a row. `lida` is the column that it mainly depends on, for code that traces a field
 /// back to the database.
 constexpr Origem funcao(const char* (*calcula)(const Fonte&, const Execucao&), Origem lida = {}) {
   Origem o = lida;
@@ -73,7 +73,7 @@ constexpr Origem funcao(const char* (*calcula)(const Fonte&, const Execucao&), O
   return o;
 }
 
-/// A text that lives for ever.
+/// A text with static storage duration.
 constexpr Origem constante(const char* texto) {
   Origem o;
   o.tipo = Origem::Tipo::Constante;
@@ -81,7 +81,7 @@ constexpr Origem constante(const char* texto) {
   return o;
 }
 
-/// A text of the run's settings; `colunaDaIdentidade` is where the identity query has it, if it has.
+/// A text of the run's settings; `colunaDaIdentidade` is its column in the identity query, if it has one.
 constexpr Origem ajuste(const char* const Ajustes::*membro, int colunaDaIdentidade = -1) {
   Origem o;
   o.tipo = Origem::Tipo::Ajuste;
@@ -90,7 +90,7 @@ constexpr Origem ajuste(const char* const Ajustes::*membro, int colunaDaIdentida
   return o;
 }
 
-/// A text that tells the layout: one for layout 1, another for the others.
+/// A text that identifies the layout: one for layout 1, another for the rest.
 constexpr Origem doLeiaute(const char* noPrimeiro, const char* nosOutros) {
   Origem o = constante(noPrimeiro);
   o.tipo = Origem::Tipo::DoLeiaute;
@@ -110,10 +110,10 @@ constexpr Origem relogio(int desde) {
 struct Codigo {
   const char* valor;          ///< without the blanks that fill the field up
   const char* palavras = "";  ///< what it means, to be translated; may be empty
-  std::int8_t coluna = -1;    ///< the column that decided for it, from 0, where the field reads none
+  std::int8_t coluna = -1;    ///< the column that selects it, from 0, when the field itself reads none
 };
 
-/// One field of a register's list. Made by the functions below; the members are for those who read the list.
+/// One field of a register's list. Made by the functions below; the members are for code that reads the list.
 struct Campo {
   static constexpr int kLarguraDoContador = -1;  ///< 6 in layout 1, 9 elsewhere
 
@@ -123,39 +123,39 @@ struct Campo {
   Origem origem;                     ///< where its text comes from
   std::int64_t modulo = 0;           ///< of Numero; 0 takes no remainder
   std::int8_t colunaDasCasas = -1;   ///< of Decimal: the column that holds the number of decimal places
-  std::int16_t posicao = 0;          ///< from 1, of a field that does not stand at the cursor; 0 elsewhere
-  const char* textoVazio = nullptr;  ///< what the placeholder holds, where it is not the kind's own
+  std::int16_t posicao = 0;          ///< from 1, for a field that is not placed at the cursor; 0 otherwise
+  const char* textoVazio = nullptr;  ///< what the placeholder holds, when it differs from the kind's default
 
   bool removePontos = false;    ///< '.' left out of the text
   bool removeHifens = false;    ///< '-' left out of the text
   bool trocaNaoAscii = false;   ///< control characters and bytes outside ASCII blanked
-  bool soNaVersao2 = false;     ///< there in layout 2 only
-  bool soForaDoCat52 = false;   ///< not there in CAT52 mode
+  bool soNaVersao2 = false;     ///< present in layout 2 only
+  bool soForaDoCat52 = false;   ///< absent in CAT52 mode
   bool desloca = false;         ///< never clipped: a longer number moves the later fields right
   bool naoAvanca = false;       ///< the cursor stays before the field in a data record ...
   bool naoAvancaVazio = false;  ///< ... and in a placeholder record
 
-  // What the generator does not need, but those who read reports and databases do.
-  bool dadoPessoal = false;          ///< tells about a consumer
-  bool obrigatoria = false;          ///< a date or an hour that is never blank
-  bool podeSerCpf = false;           ///< of Identificador: a consumer's CPF or CNPJ; otherwise a user's CNPJ
-  bool deTotalizador = false;        ///< codes of totalizers such as 01T1800
-  bool cortado = false;              ///< its text is kept in one as short as the field first
-  bool ouDaAplicacao = false;        ///< where its column is empty, the application's
-  std::int8_t maximos = -1;          ///< the first of the queries whose maximum goes before its column
+  // Not needed by the generator, but by the code that reads reports and databases.
+  bool dadoPessoal = false;    ///< tells about a consumer
+  bool obrigatoria = false;    ///< a date or an hour that is never blank
+  bool podeSerCpf = false;     ///< of Identificador: a consumer's CPF or CNPJ; otherwise a user's CNPJ
+  bool deTotalizador = false;  ///< codes of totalizers such as 01T1800
+  bool cortado = false;        ///< its text is first stored in a buffer as short as the field
+  bool ouDaAplicacao = false;  ///< when its column is empty, the application's text is used
+  std::int8_t maximos = -1;    ///< the first of the queries whose maximum takes precedence over its column
   std::int8_t quantosCodigos = 0;    ///< of `codigos`
-  const Codigo* codigos = nullptr;   ///< what a field of one byte is to be one of, and what others may mean
+  const Codigo* codigos = nullptr;   ///< the values of a one-byte field, and what others may mean
   const char* observacao = nullptr;  ///< what is odd about it, to be translated
   const char* fonteDita =
-      nullptr;  ///< where it comes from, to be translated, where `origem` does not say all
+      nullptr;  ///< where it comes from, to be translated, when `origem` does not say everything
 
   constexpr Campo() = default;
-  /// The texts are borrowed and live for ever.
+  /// The texts are borrowed and must have static storage duration.
   constexpr Campo(const char* nome, Especie tipo, int bytes, Origem fonte)
       : rotulo(nome), especie(tipo), largura(bytes), origem(fonte) {}
 
   ///@{
-  /// Returns the field with one thing changed, so that a list reads as a sentence a line.
+  /// Each returns the field with one thing changed, so that every line of a list reads as a sentence.
   // clang-format off
   constexpr Campo vazio(const char* texto)     const { Campo c = *this; c.textoVazio = texto; return c; }
   constexpr Campo naPosicao(std::int16_t de1)  const { Campo c = *this; c.posicao = de1; return c; }
@@ -181,18 +181,18 @@ struct Campo {
   // clang-format on
   ///@}
 
-  /// Whether the field is there under a layout version and a CAT52 mode.
+  /// Whether the field is present under a layout version and a CAT52 mode.
   constexpr bool existe(int versao, bool cat52) const {
     return !(soNaVersao2 && versao != 2) && !(soForaDoCat52 && cat52);
   }
 };
 
-/// A run of fields, borrowed from a list that lives for ever.
+/// A run of fields, borrowed from a list with static storage duration.
 class Campos {
  public:
   constexpr Campos() = default;
   ///@{
-  /// Fields that live for ever.
+  /// Fields with static storage duration.
   constexpr Campos(const Campo* inicio, std::size_t quantos) : inicio_(inicio), quantos_(quantos) {}
   template <std::size_t N>
   constexpr Campos(const std::array<Campo, N>& lista) : inicio_(lista.data()), quantos_(N) {}  // NOLINT
@@ -219,8 +219,8 @@ class Campos {
   std::size_t quantos_ = 0;
 };
 
-/// The place of the field with the label, from 0. The label is written in the code: one that is not there
-/// does not compile, and at run time is a std::logic_error.
+/// The place of the field with the label, from 0. The label is a literal in the code: one that is not in the
+/// list does not compile, and at run time throws std::logic_error.
 constexpr std::size_t indiceDe(Campos campos, std::string_view rotulo) {
   for (std::size_t i = 0; i < campos.size(); ++i)
     if (campos[i].rotulo == rotulo) return i;
@@ -244,20 +244,20 @@ constexpr int larguraNominal(const Campo& campo, int versao) {
   return campo.largura == Campo::kLarguraDoContador ? larguraDoContador(versao) : campo.largura;
 }
 
-/// Where the fields of a record stand, one behind the other.
+/// Computes the positions of the fields of a record, one after another.
 class Cursor {
  public:
   /// Of a data record, or of a placeholder (`vazio`), under a layout version.
   constexpr Cursor(int versao, bool vazio) : versao_(versao), vazio_(vazio) {}
 
-  /// Puts a field that is there, and gives its position, from 0.
+  /// Places a field that is present and returns its position, from 0.
   constexpr int poe(const Campo& campo) {
     const int posicao = campo.posicao != 0 ? campo.posicao - 1 : proxima_;
     fim_ = posicao + larguraNominal(campo, versao_);
     proxima_ = (vazio_ ? campo.naoAvancaVazio : campo.naoAvanca) ? posicao : fim_;
     return posicao;
   }
-  /// Leaves bytes out.
+  /// Skips bytes.
   constexpr void pula(int bytes) { proxima_ += bytes; }
 
   /// Where the next field begins, and where the last one ends.
@@ -270,7 +270,7 @@ class Cursor {
   int proxima_ = 0, fim_ = 0;
 };
 
-/// Length in bytes of a record of these fields in the setting given.
+/// Length in bytes of a record of these fields under the given settings.
 constexpr int comprimento(Campos campos, int versao, bool cat52) {
   Cursor cursor(versao, false);
   for (const Campo& campo : campos)

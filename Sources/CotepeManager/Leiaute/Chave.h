@@ -7,10 +7,10 @@
 
 namespace cotepe {
 
-/// The field's name for JSON, SQL and CSV, unique within its register, made of its label: the capitals that
-/// it has in parentheses ("Totalizador geral (GT)" is `gt`), else its words in lower case without accents,
-/// joined by '_'; "Nº" is `numero`; what else stands in parentheses and the words de, do, da, dos, das and e
-/// are left out ("Data de emissão" is `data_emissao`, "Cancelado (S/N)" is `cancelado`).
+/// The field's name for JSON, SQL and CSV, unique within its register, derived from its label: the capitals
+/// in its parentheses ("Totalizador geral (GT)" is `gt`), else its words in lower case without accents,
+/// joined by '_'; "Nº" is `numero`; anything else in parentheses and the words de, do, da, dos, das and e are
+/// left out ("Data de emissão" is `data_emissao`, "Cancelado (S/N)" is `cancelado`).
 std::string chaveDe(const Campo& campo);
 
 }  // namespace cotepe

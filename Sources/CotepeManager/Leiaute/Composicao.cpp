@@ -45,8 +45,8 @@ std::size_t escreveTexto(Linha& linha, const Campo& campo, const char* texto, st
   return largura;
 }
 
-// The host's routine takes a text that it may change and fills the width; where it puts more or less, the
-// law of the line holds for what it put.
+// The host's routine takes a text that it may modify and fills the width; when it writes more or less, the
+// law of the line applies to what it wrote.
 std::size_t escrevePreenchido(Linha& linha, const Campo& campo, const char* texto, const Execucao& execucao) {
   const std::size_t tamanho = std::strlen(texto);
   const auto largura = static_cast<std::size_t>(campo.largura);
@@ -69,8 +69,8 @@ std::size_t escreveData(Linha& linha, Especie especie, const char* texto) {
   return std::strlen(destino);
 }
 
-// In the next three, most texts are digits that fit their field: these are copied, neither read nor printed,
-// which saves 3.6 % of the instructions of a run. A modulus is never less than the field can hold.
+// In the next three, most texts are digits that fit their field: these are copied without being parsed and
+// printed, which saves 3.6 % of the instructions of a run. A modulus is never less than the field can hold.
 std::size_t escreveInteiro(Linha& linha, const char* texto, std::int64_t modulo, std::size_t largura) {
   if (linha.escreveDigitos(texto, 0, largura)) return largura;
   const std::int64_t valor = leInteiro(texto);
@@ -126,7 +126,7 @@ std::size_t larguraEm(const Campo& campo, const Execucao& execucao) {
       campo.largura == Campo::kLarguraDoContador ? execucao.ajustes().larguraDoContador : campo.largura);
 }
 
-// A field, which is there under the settings, with all that they decide of it.
+// A field that is present under the settings, with everything about it that they decide.
 Campo comAjustes(const Campo& campo, const Execucao& execucao) {
   Campo decidido = campo;
   decidido.largura = static_cast<int>(larguraEm(campo, execucao));
@@ -138,7 +138,7 @@ Campo comAjustes(const Campo& campo, const Execucao& execucao) {
   return decidido;
 }
 
-// The fields that are there. Made once for all rows of a query.
+// The fields that are present. Made once for all rows of a query.
 std::vector<Campo> comAjustes(Campos campos, const Execucao& execucao) {
   std::vector<Campo> decididos;
   decididos.reserve(campos.size());
@@ -149,8 +149,9 @@ std::vector<Campo> comAjustes(Campos campos, const Execucao& execucao) {
   return decididos;
 }
 
-// Appends fields of which the settings have decided. The one place that writes a field: a second one takes
-// the writing out of the loop, which costs 2 % of the instructions of a run.
+// Appends fields already resolved against the settings. This is the only place that writes a field: with a
+// second one the compiler no longer inlines the writing into the loop, which costs 2 % of the instructions of
+// a run.
 void poe(Linha& linha, Campos decididos, const Fonte& fonte, const Execucao& execucao) {
   for (const Campo& campo : decididos) {
     if (campo.posicao != 0) linha.vaiPara(static_cast<std::size_t>(campo.posicao - 1));
@@ -161,7 +162,7 @@ void poe(Linha& linha, Campos decididos, const Fonte& fonte, const Execucao& exe
   }
 }
 
-// Moves the line to where the field stands; false when the field is not there under the run's settings.
+// Moves the line to the field's position; false when the field is absent under the run's settings.
 bool chega(Linha& linha, const Campo& campo, const Execucao& execucao) {
   if (!campo.existe(execucao.ajustes().versao, execucao.ajustes().cat52)) return false;
   if (campo.posicao != 0) linha.vaiPara(static_cast<std::size_t>(campo.posicao - 1));

@@ -35,8 +35,8 @@ class FonteCom final : public Fonte {
 void compoe(Linha& linha, Campos campos, const Fonte& fonte, const Execucao& execucao);
 void compoeVazio(Linha& linha, Campos campos, const Execucao& execucao);
 
-/// Writes one record for each row that is left in `leitura`; the fields read their columns from `fonte`,
-/// which is the query itself or stands before it. Returns the number of records.
+/// Writes one record for each row left in `leitura`; the fields read their columns from `fonte`, which is the
+/// query itself or wraps it. Returns the number of records.
 long gravaLinhas(Execucao& execucao, Campos campos, Leitura& leitura, const Fonte& fonte);
 
 /// Writes one placeholder record.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kSemLimite = std::numeric_limits<int>::max();
 
-/// Puts the fields of a list one behind the other.
+/// Places the fields of a list one after another.
 class Dispositor {
  public:
   Dispositor(Disposicao& disposicao, const AjusteDoLeiaute& ajuste, bool vazio)
@@ -51,7 +51,7 @@ class Dispositor {
  private:
   int ultimo() const { return static_cast<int>(disposicao_.campos.size()) - 1; }
 
-  // Where a later field stands, the earlier ones end at the latest.
+  // Earlier fields end where a later one begins, at the latest.
   void cobre(int posicao) {
     std::vector<CampoLido>& campos = disposicao_.campos;
     while (!campos.empty() && campos.back().posicao + campos.back().largura > posicao) {

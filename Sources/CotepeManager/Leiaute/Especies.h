@@ -1,4 +1,4 @@
-// The words that the lists of fields are written in, and the heads that the registers share.
+// The vocabulary of the lists of fields, and the heads that the registers share.
 #pragma once
 
 #include "Idioma/Idioma.h"
@@ -16,7 +16,7 @@ constexpr Campo comoEsta(const char* rotulo, int largura, Origem origem) {
   return {rotulo, Especie::ComoEsta, largura, origem};
 }
 
-/// A flag of one character, copied as it stands: an empty one ends the line, a longer one is cut by the next
+/// A flag of one character, copied unchanged: an empty one ends the line, a longer one is cut by the next
 /// field.
 constexpr Campo letra(const char* rotulo, Origem origem) { return comoEsta(rotulo, 1, origem); }
 

@@ -41,13 +41,13 @@ class Leitura : public Fonte {
  public:
   virtual ~Leitura() = default;
 
-  /// Goes to the next row; false when there is none, or none can be had.
+  /// Goes to the next row; false when there is none or it cannot be read.
   virtual bool avanca() = 0;
 
   /// After `avanca` returned false: whether the query ended normally.
   virtual bool completa() const = 0;
 
-  /// Ends the query; done by the destructor at the latest.
+  /// Ends the query; the destructor does so at the latest.
   virtual void finaliza() = 0;
 };
 
@@ -65,11 +65,10 @@ class Execucao {
   /// that cannot be prepared has no row and is not complete.
   virtual std::unique_ptr<Leitura> consulta(const char* sql) = 0;
 
-  /// Appends the line and a line-feed to the report. Whether it could be written shows when the report
-  /// closes.
+  /// Appends the line and a line-feed to the report. A write error is reported when the report is closed.
   virtual void grava(Linha& linha) = 0;
 
-  /// Logs the message of a failed query, where it has one (null: none); the register is then incomplete.
+  /// Logs the message of a failed query, if it has one (null: none); the register is then incomplete.
   virtual void falha(const char* mensagem) = 0;
 
  protected:

@@ -5,7 +5,7 @@
 
 namespace cotepe {
 
-/// The query of it; of several rows the last one counts.
+/// Its query; of several rows the last one counts.
 inline constexpr char kConsultaDaIdentidade[] =
     "select ecf.num_serie, ecf.modelo, usuario.seq_usuario from dados_ecf AS ecf LEFT JOIN dados_usuario AS "
     "usuario";

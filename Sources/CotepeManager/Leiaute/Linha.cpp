@@ -86,7 +86,7 @@ std::size_t Linha::escreveSemSinal(std::uint64_t valor, std::size_t largura) {
   const std::size_t total = cabe ? largura : std::max(largura, digitosDe(valor));
   char* destino = espaco(std::max(total, kDigitosMaximos));
   if (total <= kDigitosMaximos)
-    std::memset(destino, '0', kDigitosMaximos);  // of a size known here: two instructions
+    std::memset(destino, '0', kDigitosMaximos);  // a size known at compile time: two instructions
   else
     std::memset(destino, '0', total);
   poeDigitos(destino + total, valor);
@@ -103,7 +103,7 @@ bool Linha::escreveDigitos(const char* texto, std::size_t casas, std::size_t lar
   fim += inteiros;
   if (casas != 0 && *texto == '.') texto += copiaDigitos(fim, texto + 1, casas) + 1;
   if (*texto != '\0') return false;
-  // Of a size known here, the zeros behind the field included: two instructions.
+  // A size known at compile time, including the zeros after the field: two instructions.
   std::memcpy(espaco(kDigitosMaximos), fim + casas - largura, kDigitosMaximos);
   return true;
 }

@@ -8,13 +8,13 @@
 
 namespace cotepe {
 
-/// One line of the report as a zeroed buffer with a cursor. A text is put at the cursor with a terminator
-/// behind it; the cursor then advances by the field's nominal width, whatever was put; a later text
-/// overwrites the surplus of an earlier one; the finished line is what stands before the first terminator.
-/// The buffer grows when a line needs it (std::bad_alloc when it cannot) and is kept from line to line.
+/// One line of the report as a zeroed buffer with a cursor. A text is put at the cursor, followed by a
+/// terminator; the cursor then advances by the field's nominal width, whatever was put; a later text
+/// overwrites the surplus of an earlier one; the finished line is everything before the first terminator. The
+/// buffer grows when a line needs it (std::bad_alloc when it cannot) and is kept from line to line.
 class Linha {
  public:
-  /// A place to come back to: all that stands on the line at the time of `marca`.
+  /// A place to come back to: everything on the line at the time of `marca`.
   struct Marca {
     std::size_t cursor = 0;
     std::size_t fim = 0;
@@ -30,7 +30,7 @@ class Linha {
   /// Moves the cursor to a position counted from 0, forward or back.
   void vaiPara(std::size_t posicao) noexcept;
 
-  /// Puts `texto` as it stands and advances by `nominal`.
+  /// Puts `texto` unchanged and advances by `nominal`.
   void poe(std::string_view texto, std::size_t nominal);
 
   /// Puts `texto` left-aligned and blank-filled to `largura`.
@@ -39,9 +39,9 @@ class Linha {
   /// Puts `quantos` times the character `c`.
   void poeRepetido(char c, std::size_t quantos, std::size_t nominal);
 
-  /// The two halves of every put, for a text that is made on the spot: room for `tamanho` bytes and a
-  /// terminator at the cursor, valid until the next call; then the count of bytes put there (none of them
-  /// a terminator) and the advance of the cursor.
+  /// The two halves of every put, for a text that is made in place: room for `tamanho` bytes and a terminator
+  /// at the cursor, valid until the next call; then the count of bytes put there (none of them a terminator)
+  /// and the advance of the cursor.
   char* espaco(std::size_t tamanho) {
     const std::size_t necessario = estado_.cursor + tamanho + 1;
     if (necessario > buffer_.size()) cresce(necessario);
@@ -55,14 +55,14 @@ class Linha {
     estado_.cursor += nominal;
   }
 
-  /// A first half of its own: writes a number at the cursor, right-aligned and zero-filled to `largura` (a
-  /// minus sign included), and returns the count of bytes, more than `largura` where the number needs them.
+  /// Another first half: writes a number at the cursor, right-aligned and zero-filled to `largura` (a minus
+  /// sign included), and returns the count of bytes, more than `largura` where the number needs them.
   std::size_t escreveNumero(std::int64_t valor, std::size_t largura);
   std::size_t escreveSemSinal(std::uint64_t valor, std::size_t largura);
 
-  /// A first half of its own: where the terminated `texto` is digits with at most `casas` decimals behind a
-  /// point, writes its value in units of the last of these places, right-aligned and zero-filled. False, and
-  /// nothing written, where it is anything else or longer than `largura`.
+  /// Another first half: where the terminated `texto` is digits with at most `casas` decimals behind a point,
+  /// writes its value in units of the last of these places, right-aligned and zero-filled. False, and nothing
+  /// written, where it is anything else or longer than `largura`.
   bool escreveDigitos(const char* texto, std::size_t casas, std::size_t largura);
 
   /// The finished line, and the same with its line-feed; valid until the line changes.
@@ -75,7 +75,7 @@ class Linha {
   void cresce(std::size_t necessario);
 
   std::vector<char> buffer_;
-  // `fim` is the first terminator. It stands for good once a put left one before the cursor: no later put
+  // `fim` is the first terminator. Once a put has left one before the cursor it is final, since no later put
   // reaches back to it. So the buffer itself need not be cleared.
   Marca estado_;
 };

@@ -6,11 +6,12 @@
 namespace cotepe {
 
 ///@{
-/// The weights of the digits in front of a check digit rise from 2 at the last one to this, and begin again.
+/// The weights of the digits before a check digit rise from 2 at the last one up to this, and then start
+/// again.
 constexpr int kMaiorPesoDoCnpj = 9, kMaiorPesoDoCpf = 11;
 ///@}
 
-/// The check digit (modulo 11) that the digits ask for.
+/// The check digit (modulo 11) that belongs to the digits.
 char digitoVerificador(std::string_view digitos, int maiorPeso) noexcept;
 
 /// The fields hold 14 digits; a CPF has three zeros in front.

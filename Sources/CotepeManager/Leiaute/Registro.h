@@ -12,7 +12,7 @@
 
 namespace cotepe {
 
-/// When a register without a row holds one placeholder record.
+/// When a register without rows gets a placeholder record.
 enum class Vazio : std::uint8_t { Nunca, ForaDoCat52, Sempre };
 
 /// A query of a register, "\%s" standing for the period's bounds, and what is logged when it fails (null:
@@ -25,15 +25,15 @@ struct ConsultaDoRegistro {
 /// The commands under which a register is written, as a set of bits.
 enum Comandos : std::uint8_t { kNenhum = 0, kMF = 1, kMFD = 2, kTDM = 4, kRZ = 8, kOutro = 16, kTodos = 31 };
 
-/// Fields that a line repeats, once for each row of a query or, in records that grow, once more in each
+/// Fields that a line repeats, once for each row of a query or, in records that grow, one more time in each
 /// record.
 struct Grupo {
-  /// What says how often they stand there.
+  /// What determines how often they occur.
   enum class Vezes : std::uint8_t { Linhas, Usuarios, Registros };
 
   std::int8_t primeiro = 0, quantos = 0;  ///< fields of the list, from 0
   std::int8_t minimo = 0, maximo = 0;     ///< of Linhas and of the users that E01 has: how often they may
-  std::int8_t semNenhuma = 0;   ///< how many of them, the last ones, stand there where there is no row
+  std::int8_t semNenhuma = 0;   ///< how many of them, counted from the end, are there when there is no row
   Vezes vezes = Vezes::Linhas;  ///< Usuarios: as often as in E01
 };
 
@@ -43,7 +43,7 @@ enum class Segundo : std::uint8_t { Nenhum, Numero, Texto, TextoSemCaixa, Totali
 /// What the records of a register are sorted by; the fields are places in the list, below 0 for none.
 struct OrdemDosRegistros {
   std::int8_t numero = -1, segundo = -1;  ///< a number, then another field
-  std::int8_t data = -1;                  ///< goes on with the number
+  std::int8_t data = -1;                  ///< advances with the number
   Segundo tipo = Segundo::Nenhum;         ///< of the second field
   bool unica = false;                     ///< no two records have the same key
 };
@@ -55,19 +55,19 @@ struct OutroVazio {
   const char* sozinho = "";  ///< the same, where it is the only placeholder
 };
 
-/// A register as data: its code, its fields, its queries and its writer. All that it points to lives for
-/// ever. Made by the functions below, whose labels are those of its list.
+/// A register as data: its code, its fields, its queries and its writer. Everything that it points to has
+/// static storage duration. Made by the functions below, which take labels of its list.
 struct Registro {
   static constexpr std::size_t kConsultas = 4;  ///< the most queries that a register has
   static constexpr std::size_t kGrupos = 3;     ///< the most groups of fields that a line repeats
   using Escreve = void(Execucao&, const Registro&);
 
   const char* codigo;                             ///< "E01" to "E22"
-  const char* nome;                               ///< the law's, UTF-8
+  const char* nome;                               ///< the law's name for it, UTF-8
   Campos campos;                                  ///< of a record for which every query returns one row
   ConsultaDoRegistro consultas[kConsultas] = {};  ///< null where there are fewer
   unsigned comandos = kNenhum;                    ///< of Comandos
-  bool soNaVersao2 = false;                       ///< dispatched in layout 2 only
+  bool soNaVersao2 = false;                       ///< written in layout 2 only
   Vazio vazio = Vazio::Nunca;                     ///< when it has a placeholder record
   Campos camposVazios;                    ///< of the placeholder record: `campos`, or the last of them
   OutroVazio outroVazio;                  ///< always written, in CAT52 mode too
@@ -83,7 +83,7 @@ struct Registro {
       : codigo(doCodigo), nome(doNome), campos(daLista), camposVazios(daLista), escreve(escritor) {}
 
   ///@{
-  /// Returns the register with one thing changed, so that it reads as a sentence a line.
+  /// Each returns the register with one thing changed, so that every line reads as a sentence.
   constexpr Registro consulta(const char* sql, const char* falha) const {
     Registro r = *this;
     std::size_t i = 0;
@@ -129,7 +129,7 @@ struct Registro {
   // clang-format on
   ///@}
 
-  /// Whether the command given, compared whole, writes this register.
+  /// Whether the command, compared as a whole, writes this register.
   bool despachado(const char* comando, int versao) const;
 
   /// Whether its first placeholder record is written in a mode.
@@ -158,8 +158,8 @@ void escreveTabela(Execucao& execucao, const Registro& registro);
 /// normally.
 bool encerra(Execucao& execucao, const Registro& registro, Leitura& leitura, long linhas, int consulta = 0);
 
-/// Logs and finalizes a failed query in the register's order; true, and nothing done, for one that ended
-/// normally.
+/// Logs and finalizes a failed query in the register's order; for one that ended normally, does nothing and
+/// returns true.
 bool completou(Execucao& execucao, const Registro& registro, Leitura& leitura, int consulta = 0);
 
 /// Appends `campos` to the line once for each row of a query that `aceita` (every row, where it is empty);

@@ -1,4 +1,4 @@
-// The way back of every kind of field: what its bytes say, and whether its writing can have left them.
+// Every kind of field read back: what its bytes say, and whether writing the field can have produced them.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,8 @@ enum class Defeito : std::uint8_t {
   Hora,         // not an hour that exists, as HHMMSS
 };
 
-/// What is wrong with the bytes of a field in a data record, before all for a file of a hundred million
-/// fields. Blanks are no defect of a date or an hour: an absent one is blank.
+/// What is wrong with the bytes of a field in a data record; fast enough for a file of a hundred million
+/// fields. A blank date or hour is not a defect: an absent one is blank.
 Defeito defeito(Especie especie, std::string_view bytes) noexcept;
 
 /// Kinds that are digits, and that a placeholder record fills with zeros.
@@ -35,7 +35,7 @@ constexpr bool numerica(Especie especie) {
 constexpr bool deData(Especie especie) { return especie == Especie::Data || especie == Especie::DataPronta; }
 constexpr bool deHora(Especie especie) { return especie == Especie::Hora || especie == Especie::HoraPronta; }
 
-/// A control character: 0 to 31, and 127. Bytes from 128 on are none, whether char is signed or not.
+/// A control character: 0 to 31, and 127. Bytes from 128 on are not, whether char is signed or not.
 constexpr bool controla(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte < 0x20 || byte == 0x7F;
@@ -44,8 +44,8 @@ constexpr bool controla(char c) {
 bool soDigitos(std::string_view bytes) noexcept;
 bool soBrancos(std::string_view bytes) noexcept;
 
-/// Reads a number of digits alone: of a money field the cents, of a decimal the scaled integer. False, and
-/// nothing read, for other bytes, for none, and beyond 64 bits.
+/// Reads a number of digits alone: of a money field the cents, of a decimal the scaled integer. Returns false
+/// and reads nothing for other bytes, for no bytes, and beyond 64 bits.
 bool leNumero(std::string_view bytes, std::int64_t& valor) noexcept;
 
 /// Days of a month, 1 to 12, of the Gregorian calendar.
@@ -55,7 +55,7 @@ int diasDoMes(int ano, int mes) noexcept;
 bool dataPossivel(std::string_view bytes) noexcept;
 bool horaPossivel(std::string_view bytes) noexcept;
 
-/// The text without the blanks that fill it up.
+/// The text without its trailing blanks.
 std::string_view semBrancosNoFim(std::string_view bytes) noexcept;
 
 }  // namespace cotepe

@@ -14,9 +14,9 @@ namespace {
 bool espaco(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool digito(char c) noexcept { return c >= '0' && c <= '9'; }
 
-constexpr std::ptrdiff_t kDigitosSeguros = 18;  // any number of so many digits fits 64 bits
+constexpr std::ptrdiff_t kDigitosSeguros = 18;  // any number of that many digits fits in 64 bits
 
-// The value of digits, or the limit on the side of their sign where it is beyond.
+// The value of the digits, or beyond the range the limit on the side of their sign.
 std::uint64_t leDigitosSaturando(const char* digitos, bool negativo) noexcept {
   const std::uint64_t limite =
       static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (negativo ? 1 : 0);

@@ -10,27 +10,27 @@ namespace cotepe {
 constexpr std::size_t kLarguraData = 8;  // AAAAMMDD
 constexpr std::size_t kLarguraHora = 6;  // HHMMSS
 
-/// A date-time text that stands for an absent one: 19 blanks, as the queries substitute for NULL.
+/// A date-time text that means an absent one: 19 blanks, as the queries substitute for NULL.
 inline constexpr char kSemDataHora[] = "                   ";
 
 /// Reads a decimal integer as the C library's atoll does (white space, sign, digits up to the first other
 /// character; none gives 0), saturating at the limits of 64 bits.
 std::int64_t leInteiro(const char* texto) noexcept;
 
-/// Reads a floating-point number as strtod does in the C locale; text that is none gives 0.
+/// Reads a floating-point number as strtod does in the C locale; any other text gives 0.
 double leDecimal(const char* texto) noexcept;
 
 /// Halves away from zero: the integer part of x + 0.5 where x > 0, of x - 0.5 elsewhere. Saturates at the
-/// limits of int; not-a-number gives 0.
+/// limits of int; NaN gives 0.
 int arredonda(double x) noexcept;
 
 /// Cuts YYYY-MM-DD HH:MM:SS by position into the 8 characters YYYYMMDD (`formataData`) or the 6 characters
-/// HHMMSS (`formataHora`) and a terminator. Of a shorter text the missing positions are terminators;
-/// separators are not looked at. `destino` holds 9 or 7 bytes.
+/// HHMMSS (`formataHora`) and a terminator. Where the text is shorter, the missing positions are terminators;
+/// separators are not checked. `destino` holds 9 or 7 bytes.
 void formataData(const char* texto, char* destino) noexcept;
 void formataHora(const char* texto, char* destino) noexcept;
 
-/// Work in place on a terminated text and return its new length in bytes.
+/// These work in place on a terminated text and return its new length in bytes.
 std::size_t removeCaractere(char* texto, char caractere) noexcept;
 std::size_t trocaCaractere(char* texto, char de, char para) noexcept;
 

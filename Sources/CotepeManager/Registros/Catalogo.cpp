@@ -2,7 +2,7 @@
 
 namespace cotepe {
 
-// Most codes are the number of their place: they are looked for there first.
+// The number in most codes is their place in the list: look there first.
 int Catalogo::indiceDe(std::string_view codigo) const noexcept {
   if (codigo.size() != 3) return -1;
   const auto numero = static_cast<std::size_t>((codigo[1] - '0') * 10 + (codigo[2] - '0') - 1);

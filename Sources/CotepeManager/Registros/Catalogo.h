@@ -1,4 +1,5 @@
-// Every register of the file, in the order of the file.
+// Every register of the file, in the order of the file. The texts of their queries keep their bytes: they are
+// never reworded or reformatted.
 #pragma once
 
 #include <array>
@@ -11,7 +12,7 @@ namespace cotepe {
 extern const Registro kE01, kE02, kE03, kE04, kE05, kE06, kE07, kE08, kE09, kE10, kE11;
 extern const Registro kE12, kE13, kE14, kE15, kE16, kE17, kE18, kE19, kE20, kE21, kE22;
 
-/// Registers in the order of their file, borrowed from a list that lives for ever.
+/// Registers in the order of their file, borrowed from a list with static storage duration.
 class Catalogo {
  public:
   template <std::size_t N>

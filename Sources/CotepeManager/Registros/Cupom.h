@@ -9,7 +9,7 @@ namespace cotepe {
 /// The columns of a coupon's query that both read.
 inline constexpr std::int8_t kColunaDesconto = 4, kColunaAcrescimo = 5;
 
-/// What their field of the order of discount and surcharge may be.
+/// What the field for the order of discount and surcharge may hold.
 inline constexpr Codigo kOrdens[] = {{"", marca("neither discount nor surcharge"), kColunaAcrescimo},
                                      {"D", marca("a discount"), kColunaDesconto},
                                      {"A", marca("a surcharge"), kColunaAcrescimo}};

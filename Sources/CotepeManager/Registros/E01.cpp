@@ -19,7 +19,7 @@ const char* tipoDoEcf(const Fonte& fonte, const Execucao& execucao) {
   return *tipo != '\0' ? tipo : execucao.hospedeiro().tipo();
 }
 
-// A day that no reduction gives is blank.
+// A day without a reduction is blank.
 template <int kColuna>
 const char* diaOuBrancos(const Fonte& fonte, const Execucao& /*execucao*/) {
   return fonte.bytes(kColuna) != 0 ? fonte.texto(kColuna) : kSemDataHora;

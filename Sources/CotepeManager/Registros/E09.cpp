@@ -8,7 +8,7 @@ namespace {
 constexpr Codigo kPerda[] = {{"S", marca("the working memory lost data")},
                              {"N", marca("the working memory lost no data")}};
 
-// Deliberate: only a leading "T" is rewritten; all else passes as it stands.
+// Deliberate: only a leading "T" is rewritten; everything else passes unchanged.
 const char* tipoDeIntervencao(const Fonte& intervencao, const Execucao& /*execucao*/) {
   const char* tipo = intervencao.texto(3);
   return *tipo == 'T' ? "F" : tipo;

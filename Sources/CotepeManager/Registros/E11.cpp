@@ -9,7 +9,7 @@
 namespace cotepe {
 namespace {
 
-// Deliberate: date and hour stand at fixed positions; with counters of nine digits they overwrite the last
+// Deliberate: date and hour are at fixed positions; with counters of nine digits they overwrite the last
 // twelve of the grand total, and the line has 136 characters in every layout.
 // clang-format off
 constexpr auto kCampos = registroComum("E11", {
@@ -51,7 +51,7 @@ class Agora final : public Fonte {
   std::array<char, 41> agora_{};
 };
 
-// Deliberate: of several rows the last one is written; without a row all is zeros, in CAT52 mode too.
+// Deliberate: of several rows the last one is written; without a row everything is zeros, in CAT52 mode too.
 void escreveE11(Execucao& execucao, const Registro& registro) {
   Linha linha;
   const auto posicoes = execucao.consulta(registro.consultas[0].sql);

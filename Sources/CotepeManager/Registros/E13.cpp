@@ -24,8 +24,8 @@ constexpr auto kCamposNaoFiscais = registroDoUsuario("E13", {
 static_assert(comprimento(kCampos, 1, false) == 72);
 static_assert(comprimento(kCampos, 2, false) == 72);
 
-// Deliberate: the second pass has its placeholder in CAT52 mode too, the first one has not; a failed first
-// pass leaves out the second.
+// Deliberate: the second pass has its placeholder in CAT52 mode too, the first one does not; when the first
+// pass fails the second is skipped.
 void escreveE13(Execucao& execucao, const Registro& registro) {
   const auto fiscais = execucao.consulta(registro.consultas[kFiscais].sql);
   const long linhas = gravaLinhas(execucao, registro.campos, *fiscais, *fiscais);

@@ -50,7 +50,7 @@ class FormaDeEntrega {
   /// received everything before it.
   FormaDeEntrega(FinsDeLinha fins, Destino destino, AoAcharEad aoAcharEad = nullptr);
 
-  /// Leaves out a byte-order mark at the start of the file.
+  /// Skips a byte-order mark at the start of the file.
   void tiraBom() { tiraBom_ = true; }
 
   void passa(std::string_view bytes);

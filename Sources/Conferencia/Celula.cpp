@@ -35,7 +35,7 @@ namespace {
 
 bool qualquer(const Campo& /*campo*/) { return true; }
 
-// Bytes that the field gets: those of the characters that the query leaves, without what the field removes.
+// Bytes that the field gets: those of the characters that the query keeps, without what the field removes.
 std::ptrdiff_t bytesNoCampo(const Destino& destino, std::string_view texto) {
   std::ptrdiff_t bytes = 0;
   int contados = 0;
@@ -117,7 +117,7 @@ const Destino* ConferenciaDaCelula::primeiro(bool (*serve)(const Campo&)) const 
   return nullptr;
 }
 
-// The first field that breaks a rule makes the problem, the others are told with it.
+// The first field that breaks a rule makes the problem; the others are reported with it.
 void ConferenciaDaCelula::acha(const Regra& regra, const Destino* destino, std::string encontrado,
                                std::string esperado, const char* conserto) {
   for (Problema& problema : problemas_) {
@@ -142,8 +142,7 @@ void ConferenciaDaCelula::nulo() {
   acha(conferencia::kNulo, destino, valorCom(consequencia), traduz("a value"));
 }
 
-// A field may write blanks instead, but for the last of them; of what stands behind a zero byte none has
-// anything.
+// All fields but the last may write blanks instead; no field gets what follows a zero byte.
 void ConferenciaDaCelula::controle() {
   const std::string_view texto = celula_.texto;
   const auto* const c = std::find_if(texto.begin(), texto.end(), controla);

@@ -1,4 +1,4 @@
-// One value of the database held to the form of its column and to the fields that it ends up in.
+// One value of the database, checked against the form of its column and the fields that it ends up in.
 #pragma once
 
 #include <initializer_list>
@@ -18,7 +18,7 @@ struct ColunaVerificada {
   FormaDaColuna forma;
   std::vector<Destino> destinos;
   std::string leitores;  // the registers that read it, in words
-  bool filtra = false;   // the period is told by it
+  bool filtra = false;   // it decides which rows are in the period
   bool maximo = false;   // E02 takes its maximum
 };
 
@@ -31,22 +31,22 @@ struct Celula {
   const char* foraDe = nullptr;  // the register that leaves its row out
 };
 
-/// What reports and period are meant.
+/// The reports and the period to check for.
 struct Meta {
   Alcance alcance;
   std::string primeiroDia;  // YYYY-MM-DD; empty without a period
 };
 
-/// Something wrong with a value. Without `destino` it is no field's.
+/// Something wrong with a value. Without `destino` it concerns no field.
 struct Problema {
   const Regra* regra;
   std::string encontrado, esperado;
   const Destino* destino = nullptr;
-  std::vector<const Destino*> outros;  // hit in the same way
-  const char* conserto = nullptr;  // what to do, where the rule's own advice does not do; to be translated
+  std::vector<const Destino*> outros;  // affected in the same way
+  const char* conserto = nullptr;  // what to do, when the rule's own advice does not fit; to be translated
 };
 
-/// Everything that is wrong with a value, one problem for each rule that it breaks.
+/// Finds everything wrong with a value, one problem for each rule that it breaks.
 void confereCelula(const ColunaVerificada& coluna, const Celula& celula, const Meta& meta,
                    std::vector<Problema>& problemas);
 
@@ -62,7 +62,7 @@ class ConferenciaDaCelula {
   void porForma();
 
  private:
-  // For one field; null where the column reaches none.
+  // For one field; null when the column reaches none.
   void texto(const Destino& destino);
   void inteiro(const Destino* destino);
   void dinheiro(const Destino* destino);

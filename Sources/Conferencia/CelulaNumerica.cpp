@@ -51,7 +51,7 @@ const Regra conferencia::kForaDoPeriodo{
 namespace {
 
 constexpr std::size_t kTamanhoDataHora = 19;
-constexpr std::size_t kMaximoDoGt = 18;  // a greatest grand total of as many characters loses the last one
+constexpr std::size_t kMaximoDoGt = 18;  // a greatest grand total of this many characters loses the last one
 constexpr double kSemCentavos = 1e13;    // from here on a binary number has no room for cents in its text
 
 constexpr const char* kEmCampoDe = marca("{1}, which is written as {2} in a field of {3}");
@@ -61,7 +61,7 @@ bool digitos(std::string_view texto) {
   return !texto.empty() && std::all_of(texto.begin(), texto.end(), digito);
 }
 
-// A number as it is stored: sign, digits, digits behind the point.
+// A number as it is stored: sign, digits, digits after the point.
 struct NumeroGuardado {
   bool valido = false, negativo = false;
   std::string_view inteiros, decimais;
@@ -89,7 +89,7 @@ std::string formatado(const char* formato, Valores... valores) {
 
 std::string ateDigitos(int n) { return fraseDe("at most {n} digit", "at most {n} digits", n); }
 
-// Blanks in the places of a date-time stand for none.
+// Blanks in the places of a date-time mean that there is none.
 bool ausente(std::string_view texto) { return texto == kSemDataHora; }
 
 bool naForma(std::string_view texto) {
@@ -108,7 +108,7 @@ bool existe(std::string_view dataHora) {
   return dataPossivel(digitos.substr(0, 8)) && horaPossivel(digitos.substr(8));
 }
 
-// The user's and the printer's number are kept in texts as short as their fields, and so lose their end.
+// The user's and the printer's number are kept in buffers as short as their fields, and so lose their end.
 bool cortadoAntes(const Destino& destino) {
   const bool naCabeca = destino.campo->origem.tipo == Origem::Tipo::Ajuste;
   return destino.campo->especie == Especie::Numero && (naCabeca || destino.campo->cortado);
@@ -116,7 +116,7 @@ bool cortadoAntes(const Destino& destino) {
 
 }  // namespace
 
-// What stands in the report for the value; empty where that is no number.
+// What the report holds for the value; empty when that is not a number.
 std::string ConferenciaDaCelula::escrito(const Destino& destino) const {
   const Campo& campo = *destino.campo;
   std::string texto(celula_.texto);
@@ -217,7 +217,7 @@ void ConferenciaDaCelula::numeroFiscal(const Destino* destino) {
        coluna_.forma.forma == FormaDoValor::Cnpj ? fraseDe("{n} digit", "{n} digits", 14) : ateDigitos(14));
 }
 
-// A number that is wrong in form has been told already; one of zeros alone is none.
+// A number that is wrong in form has been reported already; one of zeros only counts as absent.
 void ConferenciaDaCelula::digitosVerificadores() {
   if (!problemas_.empty() || celula_.texto.empty() || soZeros(celula_.texto)) return;
   const std::string catorze = std::string(14 - celula_.texto.size(), '0') + std::string(celula_.texto);

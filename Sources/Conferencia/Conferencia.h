@@ -1,4 +1,4 @@
-// Holds a fiscal database to what the registers need of it.
+// Checks a fiscal database against what the registers need of it.
 #pragma once
 
 #include <string>
@@ -13,14 +13,14 @@ namespace cotepe {
 
 struct OpcoesDaConferencia {
   std::string arquivo;  // its name in the findings
-  Alcance alcance;      // which reports are meant
+  Alcance alcance;      // which reports to check for
   std::string de, ate;  // the period, YYYY-MM-DD; both empty for all that is stored
   Supressoes desligadas;
 };
 
-/// Reads every table that the reports meant read, once and row by row, and then asks for what does not match
-/// between them; gives every finding to `recebe`. The database is only read. Memory does not grow with the
-/// rows; SQLite may sort keys in temporary files. Throws ErroDoBanco when the database cannot be read.
+/// Reads every table that the selected reports read, once and row by row, then queries for what does not
+/// match between them; gives every finding to `recebe`. The database is only read. Memory does not grow with
+/// the rows; SQLite may sort keys in temporary files. Throws ErroDoBanco when the database cannot be read.
 void confereBanco(sqlite3* banco, const OpcoesDaConferencia& opcoes, RecebeAchados& recebe);
 
 }  // namespace cotepe

@@ -11,7 +11,7 @@
 namespace cotepe {
 namespace {
 
-// Finds among SELECTs the one that gives the column as that of the number.
+// Finds among SELECTs the one whose result column of that number is the column.
 const Expressao* daColuna(const std::vector<SelectAnalisado>& selects, int numero, std::string_view tabela,
                           std::string_view coluna) {
   static const Expressao porPosicao;
@@ -25,8 +25,8 @@ const Expressao* daColuna(const std::vector<SelectAnalisado>& selects, int numer
   return nullptr;
 }
 
-// How the field reads the column: by its own query, by one whose maximum goes before it, or as a part of the
-// printer's identity.
+// How the field reads the column: by its own query, by one whose maximum takes precedence over it, or as a
+// part of the printer's identity.
 const Expressao* lidaPelo(const Registro& registro, const Campo& campo, std::string_view tabela,
                           std::string_view coluna) {
   const Origem& origem = campo.origem;

@@ -1,4 +1,4 @@
-// One pass over a table: every value held to its form, and what only the rows together tell.
+// One pass over a table: every value is checked against its form, then what only all rows together show.
 #include <algorithm>
 #include <optional>
 
@@ -116,7 +116,7 @@ void Passada::liga(const std::string& nome, const std::string& comoLida, const F
                        contexto_.leitores(tabela, forma_.porPosicao ? "" : comoLida),
                        dizOPeriodo(tabela, nome),
                        false};
-  // What is printed in other reports only is no matter of these.
+  // What is printed only in other reports does not matter here.
   if (coluna.verificada.destinos.empty() && !destinosDe(tabela, comoLida, Alcance()).empty())
     coluna.verificada.forma.forma = FormaDoValor::NaoImpressa;
   coluna.ordem.uso = usoDe(tabela, nome);

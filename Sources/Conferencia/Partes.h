@@ -1,4 +1,4 @@
-// What the parts of the checker share: a query, what is there of a table, and how findings are made.
+// What the parts of the checker share: a query, what a table contains, and how findings are made.
 #pragma once
 
 #include <sqlite3.h>
@@ -13,7 +13,7 @@
 
 namespace cotepe {
 
-/// One SQL statement. Throws ErroDoBanco wherever SQLite fails.
+/// One SQL statement. Throws ErroDoBanco when SQLite fails.
 class Pergunta {
  public:
   Pergunta(sqlite3* banco, const std::string& sql);
@@ -21,11 +21,11 @@ class Pergunta {
   Pergunta(const Pergunta&) = delete;
   Pergunta& operator=(const Pergunta&) = delete;
 
-  /// Parameters are counted from 1 and are those of the text that the statement has.
+  /// Parameters are counted from 1, in the order of the statement's text.
   void vincula(int parametro, const std::string& texto);
   bool avanca();
   int tipo(int coluna) const { return sqlite3_column_type(declaracao_, coluna); }
-  /// Of the present row, until the next one; empty for NULL.
+  /// Of the current row, valid until the next one; empty for NULL.
   std::string_view texto(int coluna) const;
 
  private:
@@ -39,7 +39,7 @@ struct Lugar {
   std::string tabela, chave, coluna;
 };
 
-/// The tables as they are, the reports meant, and the findings.
+/// The tables as they are, the selected reports, and the findings.
 class Contexto {
  public:
   Contexto(sqlite3* banco, const OpcoesDaConferencia& opcoes, RecebeAchados& recebe)
@@ -49,16 +49,16 @@ class Contexto {
   const OpcoesDaConferencia& opcoes() const { return opcoes_; }
   bool ligada(const Regra& regra) const { return opcoes_.desligadas.ligada(regra); }
 
-  /// The columns of a table, in their order; none where there is no such table.
+  /// The columns of a table, in their order; none when there is no such table.
   std::vector<std::string> colunas(const std::string& tabela) const;
   bool tem(const std::string& tabela, const std::string& coluna) const;
-  /// Whether the reports meant read it.
+  /// Whether the selected reports read it.
   bool lida(std::string_view tabela) const { return !leitores(tabela, "").empty(); }
-  /// The registers that read the column ("" for any), in words; those of the identity query are all of them.
+  /// The registers that read the column ("" for any), in words; the identity query counts as all of them.
   std::string leitores(std::string_view tabela, std::string_view coluna) const;
 
-  /// A finding of a rule that is on; `registro` is one or more codes, the field may be null. `conserto`, to
-  /// be translated, stands for the rule's own advice.
+  /// Reports a finding if its rule is on; `registro` is one or more codes, the field may be null. `conserto`,
+  /// to be translated, replaces the rule's own advice.
   void relata(const Regra& regra, const Lugar& lugar, const std::string& registro, const Destino* destino,
               std::string encontrado, std::string esperado, const char* conserto = nullptr) const;
 

@@ -1,4 +1,5 @@
-// The rules that a fiscal database is held to. Each is defined, with its words, in the file that applies it.
+// The rules that a fiscal database is checked against. Each is defined, with its words, in the file that
+// applies it.
 #pragma once
 
 #include "Achados/Regra.h"

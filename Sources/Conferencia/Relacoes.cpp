@@ -1,4 +1,4 @@
-// What must match between tables, and what must be there once.
+// What must match between tables, and what must exist once.
 #include <algorithm>
 
 #include "Achados/Citacao.h"
@@ -48,7 +48,7 @@ std::string ausenteDe(const std::string& coluna, const std::string& alvo, const 
          " IS NOT NULL)";
 }
 
-// The columns of the row's key that are there; null texts where it has none.
+// The existing columns of the row's key; null texts when there are none.
 std::vector<std::string> chavePresente(const Contexto& contexto, const std::string& tabela) {
   std::vector<std::string> nomes;
   for (const std::string& nome : separa(chaveDa(tabela)))
@@ -63,7 +63,7 @@ std::string sqlDaLigacao(const Ligacao& ligacao, const std::vector<std::string>&
          ausenteDe(ligacao.coluna, ligacao.alvo, ligacao.colunaDoAlvo);
   if (ligacao.outroAlvo != nullptr)
     sql += " AND " + ausenteDe(ligacao.coluna, ligacao.outroAlvo, ligacao.colunaDoAlvo);
-  // The open day's documents stand before their reduction.
+  // The open day's documents come before their reduction.
   if (std::string_view(ligacao.alvo) == "reducao_z")
     sql += std::string(" AND CAST(") + ligacao.coluna +
            " AS INTEGER) <> (SELECT ifnull(max(CAST(cont_crz AS INTEGER)), 0) + 1 FROM reducao_z)";
@@ -150,7 +150,7 @@ void confereCooUnico(const Contexto& contexto) {
                     traduz("a counter of its own"));
 }
 
-// E13 writes the sum of what is not fiscal, which may be wider than its field though no part of it is.
+// E13 writes the sum of what is not fiscal, which may be wider than its field even if no part of it is.
 void confereSomaNaoFiscal(const Contexto& contexto) {
   const std::vector<Destino> destinos =
       destinosDe("totalizador_reducao", "valor_base_calculo", contexto.opcoes().alcance);

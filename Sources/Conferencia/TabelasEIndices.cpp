@@ -40,7 +40,7 @@ void confereQuantasColunas(const Contexto& contexto, const FormaDaTabela& forma,
                   frase("at least {1}", {std::to_string(precisas)}));
 }
 
-// The first column of each index of a table, and its row number where a column stands for it.
+// The first column of each index of a table, and its row number where a column is an alias of it.
 std::vector<std::string> colunasComIndice(const Contexto& contexto, const std::string& tabela) {
   std::vector<std::string> nomes;
   Pergunta indices(contexto.banco(), "SELECT c.name FROM pragma_index_list('" + tabela +

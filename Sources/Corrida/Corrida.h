@@ -1,4 +1,4 @@
-// A run of the generator inside the program, and what is said of it when it is over.
+// A run of the generator inside the program, and what is reported about it afterwards.
 #pragma once
 
 #include <string>
@@ -22,20 +22,20 @@ struct PedidoDeGeracao {
 /// How a run ended.
 struct FimDaCorrida {
   int resultado;  ///< a cotepe::Resultado
-  int erro;       ///< errno where the report could not be written; 0 where the system does not say
+  int erro;       ///< errno when the report could not be written; 0 when the system does not say
 };
 
-/// Writes the report into the file. Throws Interrupcao when a signal came, after the report is closed.
+/// Writes the report into the file. When a signal came, throws Interrupcao after closing the report.
 FimDaCorrida corre(sqlite3* banco, const PedidoDeGeracao& pedido, const std::string& arquivo,
                    HospedeiroDoPrograma& hospedeiro);
 
 /// The present local time as AAAAMMDD, a blank, HHMMSS.
 std::string momentoAtual();
 
-/// A file without a name for a report that is not delivered, or not yet. Throws Falha (kNaoAbre).
+/// A file without a name, for a report that is not delivered or not yet delivered. Throws Falha (kNaoAbre).
 ArquivoSemNome arquivoTemporario();
 
-/// The failure of a run whose database does not say which printer it is of.
+/// The failure of a run whose database does not say which printer it belongs to.
 std::string semIdentidade(const std::string& banco, const std::string& motivo);
 
 /// The registers that are not complete, each with its reason: "E06 (no such table: moeda), E09 (...)"; empty

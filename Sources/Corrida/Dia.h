@@ -1,4 +1,4 @@
-// A day of the calendar, as the command line gives it.
+// A calendar day, as given on the command line.
 #pragma once
 
 #include <optional>
@@ -10,13 +10,13 @@ namespace cotepe::programa {
 /// A day that exists in the Gregorian calendar, of the years 1 to 9999.
 class Dia {
  public:
-  /// Reads DD/MM/YYYY, DDMMYYYY or YYYY-MM-DD, whole; nothing when the text has another form or there is no
-  /// such day.
+  /// Reads DD/MM/YYYY, DDMMYYYY or YYYY-MM-DD, whole; nothing when the text has another form or the day does
+  /// not exist.
   static std::optional<Dia> le(std::string_view texto);
 
   std::string ddmmaaaa() const;
   std::string iso() const;          // YYYY-MM-DD
-  std::string paraPessoas() const;  // as the user's language has it
+  std::string paraPessoas() const;  // as written in the user's language
   int ano() const { return ano_; }
   Dia ultimoDoMes() const;
 

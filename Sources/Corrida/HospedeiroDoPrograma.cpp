@@ -16,7 +16,7 @@
 namespace cotepe::programa {
 namespace {
 
-constexpr std::size_t kMomento = 40;  // bytes that the generator takes of the clock, its terminator left out
+constexpr std::size_t kMomento = 40;  // bytes that the generator takes of the clock, without the terminator
 
 }  // namespace
 

@@ -1,4 +1,5 @@
-// The application around the generator when it is this program: it keeps what happened, register by register.
+// The application around the generator when it is this program: it records what happened, register by
+// register.
 #pragma once
 
 #include <string>
@@ -13,7 +14,7 @@ namespace cotepe::programa {
 
 class Progresso;
 
-/// What the command line says of the printer; empty where it says nothing. The database goes before it.
+/// What the command line says about the printer; empty where it says nothing. The database takes precedence.
 struct Identidade {
   std::string serial, modelo, tipo;
 };
@@ -26,11 +27,11 @@ struct Etapa {
   std::string motivo;  // of the failed query
 };
 
-/// Borrows all that it is given. A signal that came is thrown as Interrupcao, out of the generator, at the
-/// start of the next register or when the query it stopped is reported.
+/// Borrows everything that it is given. A signal is thrown as Interrupcao, out of the generator, at the start
+/// of the next register or when the query that it stopped is reported.
 class HospedeiroDoPrograma final : public Hospedeiro {
  public:
-  /// `momento` is what the clock gives for the whole run: AAAAMMDD, a blank, HHMMSS.
+  /// `momento` is what the clock returns throughout the run: AAAAMMDD, a blank, HHMMSS.
   HospedeiroDoPrograma(const Identidade& identidade, const std::string& momento, sqlite3* banco,
                        ArquivoDeLog& log, Progresso& progresso)
       : identidade_(identidade), momento_(momento), banco_(banco), log_(log), progresso_(progresso) {}

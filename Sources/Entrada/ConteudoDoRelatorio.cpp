@@ -87,7 +87,7 @@ class ConteudoDoRelatorio::Gzip {
     fluxo_.avail_in = static_cast<uInt>(quantos);
   }
 
-  // Whether another member follows the one that ended; zeros that fill a medium up are the end.
+  // Whether another member follows the one that ended; zero padding of a medium is the end.
   bool outroMembro() {
     if (*fluxo_.next_in == 0) return false;
     entreMembros_ = false;
@@ -121,7 +121,7 @@ long ConteudoDoRelatorio::leUmPouco(char* destino, std::size_t tamanho) {
   return gzip_ ? gzip_->le(destino, tamanho) : crua_(destino, tamanho);
 }
 
-// Looks at the first bytes, and at the first unpacked ones where those are gzip's.
+// Examines the first bytes and, if they are gzip, the first unpacked ones.
 long ConteudoDoRelatorio::comeca() {
   comecou_ = true;
   for (;;) {

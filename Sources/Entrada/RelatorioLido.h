@@ -11,18 +11,18 @@ namespace cotepe::programa {
 
 class RelatorioLido {
  public:
-  /// Opens the file, "-" being stdin; it may be under gzip, and empty where
-  /// `vazioServe`. Throws Falha (kUsoErrado: the command could not run).
+  /// Opens the file, "-" being stdin; it may be under gzip, and empty if `vazioServe`. Throws Falha
+  /// (kUsoErrado: the command could not run).
   explicit RelatorioLido(const std::string& caminho, bool vazioServe = false);
 
   /// Reading throws Interrupcao when a signal comes, and Falha (kUsoErrado) at the first bytes of a file that
-  /// is no report.
+  /// is not a report.
   LeitorDeLinhas& linhas() { return linhas_; }
 
-  /// What users call it.
+  /// Its name for users.
   const std::string& nome() const { return nome_; }
 
-  /// After the last line: throws Falha (kUsoErrado) where the file could not be read to its end.
+  /// After the last line: throws Falha (kUsoErrado) when the file could not be read to its end.
   void confereLeitura() const;
 
  private:
@@ -34,7 +34,7 @@ class RelatorioLido {
   LeitorDeLinhas linhas_;
 };
 
-/// Throws Falha (kUsoErrado) where a report cannot be read more than once, as a command is about to do:
+/// Throws Falha (kUsoErrado) when the report cannot be read more than once, as the command is about to do:
 /// stdin, a pipe, a device.
 void exigeRelatorioRelivel(const std::string& caminho);
 

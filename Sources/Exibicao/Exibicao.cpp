@@ -157,7 +157,7 @@ class EmJson final : public Base {
     return nome;
   }
 
-  std::unordered_map<std::string, std::string> nomes_;  // by label, as JSON has them
+  std::unordered_map<std::string, std::string> nomes_;  // by label, as in JSON
 };
 
 std::string emCsv(const std::string& texto) {

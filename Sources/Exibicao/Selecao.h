@@ -9,7 +9,7 @@
 
 namespace cotepe {
 
-/// All that is given must hold; what is not given does not count.
+/// Every criterion given must hold; those not given are ignored.
 struct Selecao {
   std::vector<int> registros;  ///< places in the catalogue; empty for all
   long linha = 0;              ///< from 1; 0 for all

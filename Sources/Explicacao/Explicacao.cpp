@@ -95,7 +95,7 @@ void juntaColunas(const char* sql, int coluna, std::vector<std::string>& palavra
   }
 }
 
-// The column behind a field, or the columns where SELECTs differ.
+// The column behind a field, or the columns if SELECTs differ.
 std::string colunasEmPalavras(const Origem& origem, const Registro& registro) {
   std::vector<std::string> palavras;
   for (int i = 0; i < static_cast<int>(Registro::kConsultas); ++i)

@@ -10,23 +10,23 @@ namespace cotepe {
 
 struct ExplicacaoDoCampo {
   int numero = 0;       // in the register's list, from 1
-  std::string rotulo;   // of those that a line repeats, the second one and on with its number
+  std::string rotulo;   // repeated fields have their number from the second one on
   int de = 0, ate = 0;  // bytes of the line, from 1, both included
-  std::string regra;    // how it is written, what becomes of a longer value, when it is there
+  std::string regra;    // how it is written, what happens to a longer value, when it is present
   std::string fonte;    // what is written there
-  std::string bytes;    // as they stand; fewer where the line ends before
+  std::string bytes;    // as they are; fewer when the line ends early
   std::string significado;
   std::string nota;  // what is odd about it; may be empty
 };
 
 struct ExplicacaoDaLinha {
   const Registro* registro = nullptr;
-  AjusteDoLeiaute leiaute;         // under which it was read; CAT52 where the lines until there show it
+  AjusteDoLeiaute leiaute;         // under which it was read; CAT52 if the lines up to it show it
   std::vector<std::string> notas;  // about the line as a whole
   std::vector<ExplicacaoDoCampo> campos;
 };
 
-/// Of a line with a register. The line may be gone afterwards.
+/// Of a line with a register. The line need not outlive the call.
 ExplicacaoDaLinha explica(const RegistroLido& lido, const AjusteDoLeiaute& leiaute);
 
 /// The parts, for the tests: how the field is written under the layout; `ultimo`: no field follows on the

@@ -14,7 +14,7 @@ namespace cotepe {
 
 using Fila = std::vector<std::string>;  // the texts of a row; NULL is an empty one
 
-/// Of each setting its text, as the records have it, and the row it comes from; without a row it is the
+/// The text of each setting, as it is in the records, and the row that it comes from; without a row it is the
 /// application's.
 struct IdentidadeLida {
   char nrFabricacao[21] = "", modelo[21] = "", usuario[3] = "";
@@ -22,7 +22,7 @@ struct IdentidadeLida {
   bool completa = false;
 };
 
-/// The database's texts go before the application's; of several rows the last one counts.
+/// The database's texts take precedence over the application's; of several rows the last one counts.
 IdentidadeLida leIdentidade(sqlite3* banco, Hospedeiro& hospedeiro);
 
 }  // namespace cotepe

@@ -66,7 +66,7 @@ class Procurador {
     return procuraNo({kConsultaDaIdentidade, &fila, coluna, 1});
   }
 
-  // The row behind a field: the last one of its query, or of a line that grows the one in its turn.
+  // The row behind a field: the last one of its query, or in a line that grows the one of its repetition.
   Alvo daLinha(int consulta, std::size_t coluna, std::size_t turno) const {
     const std::vector<Fila>& filas = rastro_.filas(consulta);
     Alvo alvo{registro_.consultas[consulta].sql, nullptr, coluna, 1};
@@ -86,7 +86,8 @@ class Procurador {
     return daLinha(deCada ? rastro_.ultimaConsulta() : campo.origem.consulta, coluna, turno(i));
   }
 
-  // Which repetition of its group the field is of, from 0; of one that is not repeated the last row counts.
+  // Which repetition of its group the field belongs to, from 0; for one that is not repeated the last row
+  // counts.
   std::size_t turno(std::size_t i) const {
     const int numero = lido_.campos[i].numero;
     for (const Grupo& grupo : registro_.grupos) {
@@ -97,7 +98,7 @@ class Procurador {
     return std::numeric_limits<std::size_t>::max();
   }
 
-  // The column that decided for the code that stands there.
+  // The column that selected the code in the field.
   Alvo doCodigo(std::size_t i) const {
     const Campo& campo = *lido_.campos[i].campo;
     for (int c = 0; c < campo.quantosCodigos; ++c)
@@ -106,7 +107,7 @@ class Procurador {
     return {};
   }
 
-  // The query whose maximum goes before the field's own column; below 0 for none.
+  // The query whose maximum takes precedence over the field's own column; below 0 for none.
   int maximoDe(const Campo& campo) const {
     for (int consulta = campo.maximos; consulta > 0 && consulta < static_cast<int>(Registro::kConsultas);
          ++consulta) {

@@ -10,14 +10,15 @@
 
 namespace cotepe {
 
-/// The origin of one field: a column's row, or where there is none, in words, what else it is.
+/// The origin of one field: a column's row or, if there is none, its origin in words.
 struct Procedencia {
   Achada coluna;
   std::string texto;
 };
 
-/// Of each field of the line, in its order, or of one of them alone (`so`, from 0; below 0 for all). `rastro`
-/// has found the line. A column is looked for with a query over the period, once for each of them.
+/// The origins of the fields of the line, in their order, or of only one (`so`, from 0; below 0 for all).
+/// `rastro` must have found the line. A column is looked for with a query over the period, once for each of
+/// them.
 std::vector<Procedencia> procedencias(sqlite3* banco, const RegistroLido& lido, const Rastro& rastro,
                                       const IdentidadeLida& identidade, int so);
 

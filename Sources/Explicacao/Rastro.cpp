@@ -8,7 +8,7 @@
 namespace cotepe {
 namespace {
 
-// How many columns of a row count: those of the query, or of "*" those that the register reads.
+// How many columns of a row count: those of the query, or for "*" those that the register reads.
 int quantasColunas(const Registro& registro, const char* sql) {
   const std::vector<SelectAnalisado> selects = analisa(sql);
   if (!selects.front().lista.empty()) return static_cast<int>(selects.front().lista.size());

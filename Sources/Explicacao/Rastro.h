@@ -1,4 +1,4 @@
-// A register written again to find one line, with the rows that were read for it.
+// Writes a register again to find one line and the rows that were read for it.
 #pragma once
 
 #include <array>
@@ -11,9 +11,9 @@
 
 namespace cotepe {
 
-/// Hands the register's queries to the database and compares each record with the line wanted. Once that was
-/// written `vez` times (from 1) no query has another row. Memory: one row of each query and those that made
-/// equal lines; every row in the registers whose lines grow with them (E01, E05, E06, E08).
+/// Hands the register's queries to the database and compares each record with the line wanted. Once it has
+/// been written `vez` times (from 1), queries return no more rows. Memory: one row of each query and those
+/// that made equal lines; all rows in registers whose lines grow with them (E01, E05, E06, E08).
 class Rastro final : public Execucao {
  public:
   Rastro(sqlite3* banco, const Registro& registro, const Ajustes& ajustes, Hospedeiro& hospedeiro,
@@ -33,7 +33,7 @@ class Rastro final : public Execucao {
 
   /// The query that was opened last before the line was written; below 0 for none.
   int ultimaConsulta() const { return ultima_; }
-  /// How many rows like this one have been read of the query until and with it, as far as can be told.
+  /// How many rows like this one have been read from the query up to and including it, as far as can be told.
   long vezDaFila(int consulta, std::size_t fila) const;
 
  private:

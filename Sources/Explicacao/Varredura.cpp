@@ -16,13 +16,13 @@ std::vector<std::string> primeiraColuna(sqlite3* banco, const std::string& sql) 
   return valores;
 }
 
-// With the generated ones, which "*" stands for too.
+// Includes the generated ones, which "*" covers too.
 std::vector<std::string> colunasDa(sqlite3* banco, const std::string& tabela) {
   return primeiraColuna(banco, "SELECT name FROM pragma_table_xinfo(" + emAspasSql(tabela, '\'') +
                                    ") WHERE hidden <> 1 ORDER BY cid");
 }
 
-/// What tells the rows of a table apart.
+/// What identifies the rows of a table.
 struct ChaveDaTabela {
   std::string apelido;
   std::vector<std::string> colunas;
@@ -52,7 +52,7 @@ class Varredura {
     consulta_ = std::make_unique<Consulta>(banco, sql());
   }
 
-  /// Goes to the next row that the row looked for can be made of.
+  /// Goes to the next row from which the wanted row can have been made.
   bool proxima() {
     while (consulta_->avanca())
       if (igual()) return true;
@@ -88,7 +88,7 @@ class Varredura {
     return !expressao_.extremo() || texto(0) == fila_[coluna_];
   }
 
-  // Counted from behind the list.
+  // Counted from the end of the list.
   std::string texto(std::size_t coluna) const {
     return consulta_->texto(static_cast<int>(select_.lista.size() + coluna));
   }

@@ -85,7 +85,7 @@ BancoExportado::BancoExportado(const std::string& caminho, std::string nome)
                                         caminho.empty() ? nullptr : vfsDoBanco());
   banco_.reset(aberto);
   exige(resultado);
-  // Nobody sees the file before it is whole, and whoever publishes it brings it to the disk.
+  // Nobody sees the file before it is complete, and whoever publishes it flushes it to disk.
   executa(
       "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
       "PRAGMA cache_size = -16384; PRAGMA application_id = 1129271365; BEGIN");
@@ -228,7 +228,7 @@ void BancoExportado::arquivo(const ArquivoExportado& arquivo) {
 
 void BancoExportado::criaIndices() {
   for (const TabelaDoRegistro& tabela : tabelas()) executa(indices(tabela));
-  executa("PRAGMA analysis_limit = 1000; ANALYZE");  // or a query by a counter reads all of a report
+  executa("PRAGMA analysis_limit = 1000; ANALYZE");  // otherwise a query by a counter reads a whole report
 }
 
 void BancoExportado::conclui() {

@@ -13,19 +13,19 @@ struct sqlite3_stmt;
 namespace cotepe::exportacao {
 
 /// Makes these tables in an empty database:
-///   E01 ... E22   a row a line of the register: arquivo, linha, forma, vazio, then a column a field
+///   E01 ... E22   a row per line of the register: arquivo, linha, forma, vazio, then a column per field
 ///   arquivo       the reports
-///   campo         which columns stand on the lines of a register under a form, in their order, and how wide
+///   campo         which columns are on the lines of a register under a form, in their order, and how wide
 ///   repetido      all values of the fields that a line has more than once
 ///   linha_literal the bytes of the lines that do not follow from their columns
 ///   formato       the version of all this
-/// and views on them. The line of a row that has a form is its columns, each brought to its width: numbers
-/// filled with zeros in front, all else with blanks behind, dates and hours without their marks; then the end
-/// that the report's lines have. All other lines stand in linha_literal.
+/// and views on them. The line of a row that has a form is its columns, each padded to its width: numbers
+/// with leading zeros, everything else with trailing blanks, dates and hours without separators; then the
+/// line end of the report. All other lines are in linha_literal.
 class BancoExportado final : public DestinoDaExportacao {
  public:
-  /// Opens the file, which must be empty; an empty name makes a database that is gone with the object. `nome`
-  /// is what messages call it. Throws Falha.
+  /// Opens the file, which must be empty; an empty name makes a database that disappears with the object.
+  /// `nome` is its name in messages. Throws Falha.
   BancoExportado(const std::string& caminho, std::string nome);
   ~BancoExportado() override;
   BancoExportado(const BancoExportado&) = delete;
@@ -35,10 +35,10 @@ class BancoExportado final : public DestinoDaExportacao {
   void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) override;
   void arquivo(const ArquivoExportado& arquivo) override;
 
-  /// Indexes and views; then the database is whole, and closed but for one without a name.
+  /// Makes the indexes and views; then the database is complete, and closed unless it has no name.
   void conclui() override;
 
-  /// The database, which stays the object's.
+  /// The database, still owned by the object.
   sqlite3* banco() const { return banco_.get(); }
 
  private:

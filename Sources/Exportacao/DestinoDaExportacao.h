@@ -7,7 +7,7 @@
 
 namespace cotepe::exportacao {
 
-/// A report that is exported.
+/// A report being exported.
 struct ArquivoExportado {
   long numero = 0;  ///< from 1
   std::string nome;
@@ -15,10 +15,10 @@ struct ArquivoExportado {
   AjusteDoLeiaute leiaute;
   long linhas = 0;
   std::uint64_t bytes = 0;
-  std::string fabricacao, modelo, cnpj, comando;  ///< of its first record that has them; bytes of the file
+  std::string fabricacao, modelo, cnpj, comando;  ///< of the first record that has them; bytes of the file
 };
 
-/// Takes the lines of the reports in their order. Each call throws sistema's Falha when it cannot write.
+/// Receives the lines of the reports in their order. Each call throws sistema's Falha when it cannot write.
 class DestinoDaExportacao {
  public:
   virtual ~DestinoDaExportacao() = default;
@@ -27,13 +27,13 @@ class DestinoDaExportacao {
   virtual void registro(const ArquivoExportado& arquivo, const RegistroLido& lido,
                         const LinhaTipada& linha) = 0;
 
-  /// The bytes of a line that the values alone do not give again, its end included.
+  /// The bytes of a line that cannot be rebuilt from its values, including its end.
   virtual void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) = 0;
 
   /// The end of a report.
   virtual void arquivo(const ArquivoExportado& arquivo) = 0;
 
-  /// The end of the last one: all is written.
+  /// The end of the last one: everything is written.
   virtual void conclui() = 0;
 };
 

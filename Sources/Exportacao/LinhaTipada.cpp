@@ -43,7 +43,7 @@ void poeHora(std::string& texto, std::string_view b) {
 
 }  // namespace
 
-// Whether the value alone gives the bytes again.
+// Whether the value alone gives back the bytes.
 bool LinhaTipada::leCampo(const RegistroLido& lido, std::size_t campo, ValorTipado& celula) {
   const CampoLido& lugar = lido.campos[campo];
   const std::string_view bytes = lugar.em(lido.linha.texto);

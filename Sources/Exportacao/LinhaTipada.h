@@ -1,4 +1,4 @@
-// A line of a report as typed values, and whether it can be written again from them.
+// A line of a report as typed values, and whether it can be rebuilt from them.
 #pragma once
 
 #include <string>
@@ -11,11 +11,11 @@ namespace cotepe::exportacao {
 
 /// A value of a column.
 struct ValorTipado {
-  bool nula = true;  ///< not on the line, a blank date or hour, or not of its type
+  bool nula = true;  ///< absent from the line, a blank date or hour, or not of its type
   Tipo tipo = Tipo::Texto;
   std::int64_t numero = 0;  ///< of Inteiro and Centavos; of Decimal times 10 to the power of `casas`
   int casas = 0;            ///< of Decimal
-  std::string texto;        ///< UTF-8, of the others; without the blanks that fill a text up
+  std::string texto;        ///< UTF-8, of the others; without trailing blanks
 };
 
 /// A field that the line has more than once.
@@ -25,25 +25,25 @@ struct Repetida {
   ValorTipado celula;
 };
 
-/// The values of one line after the other; the memory is used again.
+/// The values of one line after another; the memory is reused.
 class LinhaTipada {
  public:
   static constexpr int kLiteral = -1;
 
-  /// Takes the values of a line of a register.
+  /// Reads the values of a line of a register.
   void le(const RegistroLido& lido);
 
-  /// One for each column of the register; of a field that stands on the line more than once, the last.
+  /// One for each column of the register; for a field that is on the line more than once, the last.
   const std::vector<ValorTipado>& celulas() const { return celulas_; }
 
   /// All values of the fields that the line has more than once.
   const std::vector<Repetida>& repetidas() const { return repetidas_; }
 
-  /// Under which setting (its place in kAjustesPossiveis) the list of fields and the values give the line
-  /// again, byte for byte; kLiteral where none does.
+  /// Under which setting (its place in kAjustesPossiveis) the list of fields and the values rebuild the line
+  /// byte for byte; kLiteral if none does.
   int forma() const { return forma_; }
 
-  /// The line is not to be written from its values, for a reason that stands outside of them.
+  /// Says that the line is not to be rebuilt from its values, for a reason outside them.
   void naoExata() { forma_ = kLiteral; }
 
  private:

@@ -57,7 +57,7 @@ void poe(std::string& linha, std::string_view texto) {
 
 PastaDeCsv::PastaDeCsv(const std::string& destino, bool substitui) : pasta_(destino, substitui, deCsv) {}
 
-// Writes the row that stands in `linha_`.
+// Writes the row in `linha_`.
 void PastaDeCsv::escreve(Texto& texto, const std::string& nome, std::string_view titulos) {
   if (!texto) {
     texto = std::make_unique<programa::TextoEmArquivo>(pasta_.caminho(nome + kFim), nome + kFim);
@@ -92,7 +92,7 @@ void PastaDeCsv::registro(const ArquivoExportado& arquivo, const RegistroLido& l
   }
 }
 
-// As Latin-1 whatever it holds, so that every byte is one character.
+// As Latin-1 whatever it contains, so that every byte is one character.
 void PastaDeCsv::literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) {
   linha_ = std::to_string(arquivo.numero) + ',' + std::to_string(linha);
   std::string texto;

@@ -12,8 +12,8 @@
 namespace cotepe::exportacao {
 
 /// E01.csv to E22.csv for the registers that the reports have, arquivos.csv, and where needed repetidos.csv
-/// and linhas_literais.csv: the tables of BancoExportado, but for money and quantities, which have a decimal
-/// point. UTF-8, a row of names first; a value with a comma, a quote or a line end stands in quotes.
+/// and linhas_literais.csv: the tables of BancoExportado, except that money and quantities have a decimal
+/// point. UTF-8, a row of names first; a value with a comma, a quote or a line end is quoted.
 class PastaDeCsv final : public DestinoDaExportacao {
  public:
   /// Throws Falha as PastaSegura.
@@ -23,7 +23,7 @@ class PastaDeCsv final : public DestinoDaExportacao {
   void literal(const ArquivoExportado& arquivo, long linha, std::string_view bytes) override;
   void arquivo(const ArquivoExportado& arquivo) override;
 
-  /// The folder has its name then.
+  /// Gives the folder its name.
   void conclui() override;
 
  private:

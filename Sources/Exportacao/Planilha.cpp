@@ -120,7 +120,7 @@ class Planilha {
     const auto numero = [&iso](std::size_t onde, std::size_t quantos) {
       return std::atoi(std::string(iso.substr(onde, quantos)).c_str());
     };
-    if (numero(0, 4) < 1900)  // which a spreadsheet cannot count
+    if (numero(0, 4) < 1900)  // which a spreadsheet cannot represent
       return confere(worksheet_write_string(folha, linha, coluna, std::string(iso).c_str(), nullptr));
     lxw_datetime data{};
     data.year = numero(0, 4);
@@ -129,7 +129,7 @@ class Planilha {
     confere(worksheet_write_datetime(folha, linha, coluna, &data, dia_));
   }
 
-  // A NUL would end the text; what is longer than a cell is cut, with a mark. Bytes of a line are taken as
+  // A NUL would end the text; what is too long for a cell is cut and marked. Bytes of a line are read as
   // Latin-1.
   static std::string mostravel(std::string_view texto, bool latin1) {
     constexpr std::size_t kMaximoDaCelula = 32000;

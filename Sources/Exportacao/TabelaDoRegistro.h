@@ -14,8 +14,8 @@ namespace cotepe::exportacao {
 enum class Tipo : std::uint8_t {
   Inteiro,   ///< a counter or a number
   Centavos,  ///< money, in cents
-  Decimal,   ///< an amount of two or three decimal places, as another field of the record says
-  Digitos,   ///< digits that are no amount: CNPJ, CPF
+  Decimal,   ///< an amount of two or three decimal places, given by another field of the record
+  Digitos,   ///< digits that are not an amount: CNPJ, CPF
   Data,      ///< YYYY-MM-DD
   Hora,      ///< HH:MM:SS
   Texto,
@@ -28,7 +28,7 @@ struct ColunaDaTabela {
   const Campo* campo = nullptr;
   std::string nome;  ///< the field's key
   Tipo tipo = Tipo::Texto;
-  int casas = -1;         ///< of Decimal: which column says how many places there are
+  int casas = -1;         ///< of Decimal: which column holds the number of places
   bool indexada = false;  ///< a document's counter, or the record's key
 };
 

@@ -6,7 +6,7 @@ namespace cotepe {
 /// Opens the catalogue of the language that the environment asks for.
 void abreCatalogo();
 
-/// The message in that language, or itself.
+/// The message in that language, or the message itself.
 const char* doCatalogo(const char* mensagem);
 
 /// The same for a counted message.

@@ -26,7 +26,8 @@ const char* texto(std::uint32_t tabela, std::uint32_t i) {
   return reinterpret_cast<const char*>(kCatalogoPortugues + numero(tabela + 8 * i + 4));
 }
 
-// The head of the file: a mark, a version, a count, and the places of messages, in order, and translations.
+// The head of the file: a magic number, a version, a count, and the places of the messages, sorted, and of
+// the translations.
 const char* procura(const char* mensagem) {
   const std::uint32_t mensagens = numero(12), traducoes = numero(16);
   std::uint32_t de = 0, ate = numero(8);
@@ -39,7 +40,8 @@ const char* procura(const char* mensagem) {
   return nullptr;
 }
 
-// As gettext does: the first that is set tells the locale, and where that is not C LANGUAGE goes before it.
+// As gettext does: the first one that is set gives the locale, and unless that is C, LANGUAGE takes
+// precedence over it.
 std::string idiomaPedido() {
   std::string local = idiomaDoSistema();
   for (const char* nome : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -62,7 +64,7 @@ const char* doCatalogo(const char* mensagem) {
   return traducao != nullptr ? traducao : mensagem;
 }
 
-// The two forms stand one behind the other; the second is for more than one, as the catalogue's head says.
+// The two forms follow each other; the second is for more than one, as the catalogue's head says.
 const char* doCatalogo(const char* um, const char* varios, unsigned long quantos) {
   const char* traducao = g_portugues ? procura(um) : nullptr;
   if (traducao == nullptr) return quantos == 1 ? um : varios;

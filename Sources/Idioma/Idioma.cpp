@@ -7,7 +7,7 @@
 namespace cotepe {
 namespace {
 
-// What systems say, for a catalogue that stands in where the system itself speaks English alone.
+// What systems say, for a catalogue that is used where the system itself speaks only English.
 [[maybe_unused]] constexpr const char* kMotivos[] = {
     marca("No such file or directory"), marca("Not a directory"),     marca("Is a directory"),
     marca("Permission denied"),         marca("File exists"),         marca("File too large"),
@@ -18,8 +18,8 @@ namespace {
 
 int g_emIngles = 0;  // how many there are of them
 
-// What fills a place such as "{1}" or "{n}"; null where these three bytes are none, or nothing is given for
-// it.
+// What fills a place such as "{1}" or "{n}"; null when these three bytes are not a place, or nothing is given
+// for it.
 const std::string_view* parteDe(std::string_view lugar, const std::string_view& contagem, Partes partes) {
   if (lugar == "{n}") return contagem.empty() ? nullptr : &contagem;
   if (lugar.size() != 3 || lugar[2] != '}' || lugar[1] < '1' || lugar[1] > '9') return nullptr;
@@ -45,7 +45,8 @@ EmIngles::EmIngles() { ++g_emIngles; }
 EmIngles::~EmIngles() { --g_emIngles; }
 
 const char* traduz(const char* mensagem) {
-  return mensagem[0] != '\0' && g_emIngles == 0 ? doCatalogo(mensagem) : mensagem;  // the empty message is the catalogue's head
+  // The empty message is the catalogue's head.
+  return mensagem[0] != '\0' && g_emIngles == 0 ? doCatalogo(mensagem) : mensagem;
 }
 
 std::string motivoDoSistema(int codigo) {

@@ -1,4 +1,4 @@
-// Texts in UTF-8, and in what is not.
+// Texts in UTF-8, and other bytes.
 #pragma once
 
 #include <cstddef>

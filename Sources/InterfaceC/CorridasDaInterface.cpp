@@ -23,7 +23,7 @@ namespace {
 
 thread_local char g_motivoDaAbertura[256] = "";
 
-// DDMMYYYY as AAAAMMDD, whose order is that of the calendar; empty when it is no day of it.
+// DDMMYYYY as AAAAMMDD, which sorts by date; empty when it is not a valid day.
 std::string diaDoCalendario(const char* ddmmaaaa) {
   const std::string_view dia = ddmmaaaa != nullptr ? ddmmaaaa : "";
   if (dia.size() != 8) return {};
@@ -43,7 +43,7 @@ bool comandoValido(const char* comando) {
          std::find(std::begin(kComandos), std::end(kComandos), comando) != std::end(kComandos);
 }
 
-// The result that stands for a database which SQLite cannot read.
+// The result for a database that SQLite cannot read.
 int resultadoDaLeitura(int doSqlite) {
   switch (doSqlite & 0xff) {
     case SQLITE_BUSY:
@@ -58,7 +58,8 @@ int resultadoDaLeitura(int doSqlite) {
   }
 }
 
-// For as long as it lives, all reads of a generator's own connection see one state. The host's is let alone.
+// While it exists, all reads of a generator's own connection see one state. A host's connection is left
+// alone.
 class Transacao {
  public:
   explicit Transacao(cotepe_generator& gerador) : gerador_(gerador) {
@@ -88,7 +89,7 @@ bool valido(const Pedido& pedido) {
          comandoValido(pedido.comando);
 }
 
-// The system's reason, where a file failed and it has one; errno stays. Without memory there is no reason.
+// The system's reason, if a file failed and there is one; errno is kept. Without memory there is no reason.
 void explicaArquivo(cotepe_generator& gerador, int resultado) noexcept {
   const int erro = errno;
   if ((resultado != COTEPE_CANNOT_OPEN && resultado != COTEPE_CANNOT_WRITE) || erro == 0) return;
@@ -144,7 +145,7 @@ int escreveInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substit
   }
 }
 
-// `corrida` with the arguments looked at and the state of the database held.
+// Runs `corrida` after checking the arguments, over one state of the database.
 template <class Corrida>
 int comEstado(cotepe_generator& gerador, const Pedido& pedido, Corrida corrida) {
   if (!valido(pedido)) return COTEPE_BAD_ARGUMENT;
@@ -157,7 +158,7 @@ int comEstado(cotepe_generator& gerador, const Pedido& pedido, Corrida corrida) 
   return resultado;
 }
 
-// Whether SQLite may open it; errno says why not. A pipe would be waited for.
+// Whether SQLite may open it; errno says why not. Opening a pipe would block.
 bool ehArquivoParaLer(const char* caminho) {
   switch (tipoDoArquivo(caminho)) {
     case TipoDeArquivo::Nenhuma:

@@ -1,4 +1,4 @@
-// What stands behind a generator of the C interface, and its runs.
+// What is behind a generator of the C interface, and its runs.
 #pragma once
 
 #include <memory>
@@ -26,23 +26,24 @@ struct cotepe_generator {
 
 namespace cotepe {
 
-/// The arguments of a run, as they were given.
+/// The arguments of a run, as given.
 struct Pedido {
   const char *relatorio, *primeiro, *ultimo, *comando;
 };
 
 ///@{
-/// A run, whose arguments are looked at first, over one state of a database of our own; a cotepe_result, with
-/// errno and the reason where a file failed. In place, or whole or not at all. Throw what the host's
-/// callbacks do.
+/// A run, in place or whole or not at all, over one state of the database if the connection is our own; the
+/// arguments are checked first. Each returns a cotepe_result, with errno and the reason when a file failed,
+/// and throws what the host's callbacks throw.
 int gera(cotepe_generator& gerador, const Pedido& pedido);
 int geraInteiro(cotepe_generator& gerador, const Pedido& pedido, bool substitui);
 ///@}
 
-/// A generator over the database of that name, which was read once; a cotepe_result. Throws std::bad_alloc.
+/// Makes a generator over the database of that name, which is read once; returns a cotepe_result. Throws
+/// std::bad_alloc.
 int abre(const char* caminho, int espera, cotepe_generator*& gerador);
 
-/// Why the last `abre` of this thread failed, in the words of SQLite or of the system; empty.
+/// Why the last `abre` of this thread failed, in the words of SQLite or of the system; empty if it did not.
 const char* motivoDaAbertura() noexcept;
 
 }  // namespace cotepe

@@ -20,7 +20,7 @@ void continua(int pedido) {
 
 const char* ouVazio(const char* texto) { return texto != nullptr ? texto : ""; }
 
-// Zero-filled; returns what follows. What does not fit leaves bytes that are no digits.
+// Zero-filled; returns the position after it. A number that does not fit leaves bytes that are not digits.
 char* escreveNumero(char* saida, int valor, int largura) {
   const bool negativo = valor < 0;
   for (int i = largura; i-- > 0; valor /= 10) saida[i] = static_cast<char>('0' + valor % 10);
@@ -28,7 +28,7 @@ char* escreveNumero(char* saida, int valor, int largura) {
   return saida + largura;
 }
 
-// Zeros where the system has no local time. A leap second is the last second before it.
+// Zeros if the system has no local time. A leap second becomes the second before it.
 cotepe_time doSistema() {
   const std::time_t agora = std::time(nullptr);
   std::tm local{};

@@ -1,4 +1,4 @@
-// The application around the generator as it describes itself through the C interface.
+// The application around the generator, as set up through the C interface.
 #pragma once
 
 #include <array>
@@ -11,23 +11,23 @@ struct sqlite3;
 
 namespace cotepe {
 
-/// Thrown out of the run where the clock gives no time of the calendar.
+/// Thrown out of the run when the clock does not give a valid date/time.
 struct RelogioInvalido {};
 
-/// Thrown out of the run where a callback asks for its end.
+/// Thrown out of the run when a callback asks to end it.
 struct Cancelamento {};
 
-/// Its callbacks may throw what they like.
+/// Its callbacks may throw anything.
 class HospedeiroDaInterface final : public Hospedeiro {
  public:
-  /// The connection that the run reads: it has the words for a failed query.
+  /// The connection that the run reads: it provides the words for a failed query.
   void fixaBanco(sqlite3* banco) { banco_ = banco; }
 
   void fixaIdentidade(const char* serial, const char* modelo, const char* tipo);  // null: unknown
   void fixaLog(cotepe_log_callback log, void* usuario) { log_ = {log, usuario}; }
   void fixaRegistros(cotepe_register_callback aviso, void* usuario) { aviso_ = {aviso, usuario}; }
 
-  /// The last one called counts; throws RelogioInvalido, and changes nothing.
+  /// The last one called counts. On RelogioInvalido nothing is changed.
   void fixaRelogio(cotepe_clock_callback relogio, void* usuario);
   void fixaMomento(const cotepe_time* momento);
 
@@ -38,7 +38,7 @@ class HospedeiroDaInterface final : public Hospedeiro {
   }
   bool completa() const { return completa_; }
 
-  /// Why the last thing failed, in the words of SQLite or of the system; empty.
+  /// Why the last operation failed, in the words of SQLite or of the system; empty if none did.
   const std::string& motivo() const { return motivo_; }
   void fixaMotivo(const char* motivo) { motivo_ = motivo; }
 

@@ -13,7 +13,8 @@ static_assert(int{COTEPE_NO_IDENTITY} == cotepe::kIdentidadeFalhou);
 
 namespace {
 
-// The result of `funcao` with the generator to itself, or the result that stands for what it throws.
+// The result of `funcao` with exclusive use of the generator, or the result that corresponds to what it
+// throws.
 template <class Funcao>
 int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
   if (gerador == nullptr) return COTEPE_BAD_ARGUMENT;
@@ -34,7 +35,7 @@ int comGerador(cotepe_generator* gerador, Funcao funcao) noexcept {
   return resultado;
 }
 
-// The same for what has no result of its own.
+// The same for functions without a result of their own.
 template <class Funcao>
 int ajusta(cotepe_generator* gerador, Funcao funcao) noexcept {
   return comGerador(gerador, [&](cotepe_generator& g) {

@@ -31,7 +31,7 @@ void leE01(AjustesDoRelatorio& ajustes, const RegistroLido& lido) {
   if (!crz.empty() && soDigitos(crz)) ajustes.ultimoCrz = crz;
 }
 
-// The first command that writes all the registers found, from the one of fewest registers on.
+// The first command that writes all the registers found, starting with the one with the fewest registers.
 std::string comandoDe(const Catalogo& catalogo, const Presentes& presentes) {
   for (const char* comando : {"", "RZ", "MF", "MFD"}) {
     bool todos = true;
@@ -51,8 +51,7 @@ bool faltaVazio(const Catalogo& catalogo, const Presentes& presentes, const std:
   return false;
 }
 
-// What a record that is written in layout 2 alone leaves. Nothing where that contradicts the other
-// lines.
+// The settings left by a record that is written only in layout 2. None when that contradicts the other lines.
 void soVersao2(std::vector<AjusteDoLeiaute>& leiautes) {
   const auto outra = [](const AjusteDoLeiaute& a) { return a.versao != 2; };
   if (!std::all_of(leiautes.begin(), leiautes.end(), outra))

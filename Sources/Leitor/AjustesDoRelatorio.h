@@ -1,4 +1,4 @@
-// The settings that a report was generated with, as far as the report itself tells them.
+// The settings that a report was generated with, as far as the report itself shows them.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 namespace cotepe {
 
 struct AjustesDoRelatorio {
-  /// Those that its lines leave possible, the likeliest first; at least one. A register that the command
+  /// Those that its lines leave possible, the most likely first; at least one. A register that the command
   /// writes and that has not even a placeholder speaks for CAT52.
   std::vector<AjusteDoLeiaute> leiautes;
   bool faltaVazio = false;  // there is such a register: outside CAT52 mode it would have a placeholder
@@ -22,15 +22,15 @@ struct AjustesDoRelatorio {
   std::string ultimoCrz;         // of E01, digits; or empty
 };
 
-/// Works them out along with somebody else who reads the report.
+/// Works them out while somebody else reads the report.
 class ColetaDeAjustes {
  public:
-  /// The catalogue is the one that the report is read with.
+  /// The catalogue must be the one that the report is read with.
   explicit ColetaDeAjustes(Catalogo catalogo = kCatalogo);
 
   /// Takes the next record.
   void le(const RegistroLido& lido);
-  /// What all of them say. `leitor` read them.
+  /// The settings that all records together show. `leitor` must have read them.
   AjustesDoRelatorio ajustes(const LeitorDeRegistros& leitor) const;
 
  private:

@@ -13,7 +13,7 @@ constexpr char kEntre = '\x1f';
 
 bool temChave(const RegistroLido& lido) { return lido.registro != nullptr && lido.registro->chave[0] >= 0; }
 
-// Gives each field of the key and its value on the line; every line of the register has them.
+// Visits each field of the key and its value on the line; every line of the register has them.
 template <class Recebe>
 void percorre(const RegistroLido& lido, const Recebe& recebe) {
   for (const std::int8_t lugar : lido.registro->chave) {

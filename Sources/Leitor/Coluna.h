@@ -10,8 +10,8 @@
 
 namespace cotepe {
 
-/// The one way to name a field outside its list. A label that the list does not have is a std::logic_error
-/// when the column is made, which is at the start of the program or of a command.
+/// The one way to name a field outside its list. A label that the list does not have throws std::logic_error
+/// when the column is made, that is at the start of the program or of a command.
 class Coluna {
  public:
   Coluna(const Registro& registro, std::string_view rotulo)
@@ -21,23 +21,23 @@ class Coluna {
   const Registro& registro() const { return *registro_; }
   std::size_t indice() const { return indice_; }
 
-  /// Its place among the fields of the line, the first one where they repeat; as many as there are where the
-  /// line has none.
+  /// Its place among the fields of the line, the first one if it repeats; the number of fields if the line
+  /// does not have it.
   std::size_t lugar(const RegistroLido& lido) const;
 
-  /// Its bytes on a line of its register; none where the line ends before it.
+  /// Its bytes on a line of its register; none if the line ends before it.
   std::string_view bytes(const RegistroLido& lido) const {
     const std::size_t i = lugar(lido);
     return i < lido.quantos ? lido.bytes(i) : std::string_view();
   }
-  /// The same as a text, without the blanks that fill it up.
+  /// The same as a text, without trailing blanks.
   std::string texto(const RegistroLido& lido) const { return std::string(semBrancosNoFim(bytes(lido))); }
-  /// How wide it is on the line; below 0 where the line has none.
+  /// How wide it is on the line; below 0 if the line does not have it.
   int largura(const RegistroLido& lido) const {
     const std::size_t i = lugar(lido);
     return i < lido.quantos ? lido.campos[i].largura : -1;
   }
-  /// Reads a number; false where the line ends before it or holds something else there.
+  /// Reads a number; false if the line ends before it or holds something else there.
   bool le(const RegistroLido& lido, std::int64_t& valor) const;
 
  private:

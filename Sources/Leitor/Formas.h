@@ -17,7 +17,7 @@ inline constexpr std::array<AjusteDoLeiaute, 6> kAjustesPossiveis = {
     {{1, false}, {1, true}, {2, false}, {2, true}, {3, false}, {3, true}}};
 inline constexpr unsigned kTodosOsAjustes = 63;  ///< a bit for each of them
 
-/// The settings of which something holds, as such bits.
+/// The set of settings for which something holds, as those bits.
 template <class Vale>
 unsigned ajustesEmQue(const Vale& vale) {
   unsigned ajustes = 0;
@@ -26,7 +26,7 @@ unsigned ajustesEmQue(const Vale& vale) {
   return ajustes;
 }
 
-/// What a placeholder record holds behind its head.
+/// What a placeholder record holds after its head.
 struct ConteudoVazio {
   std::string bytes;
   std::size_t inicio = 0;  ///< of these bytes on the line, from 0
@@ -37,7 +37,7 @@ struct ConteudoVazio {
 struct FormaDoRegistro : Disposicao {
   const Registro* registro = nullptr;
   int indice = 0;                     ///< of the register in the catalogue
-  std::vector<ConteudoVazio> vazios;  ///< that make a line of these fields a placeholder
+  std::vector<ConteudoVazio> vazios;  ///< which make a line of these fields a placeholder
 };
 
 /// The forms of every register of a catalogue.
@@ -45,11 +45,11 @@ class Formas {
  public:
   explicit Formas(Catalogo catalogo);
 
-  /// Those of the catalogue; made once for that of the law.
+  /// Those of the catalogue; built only once for the law's.
   static std::shared_ptr<const Formas> de(Catalogo catalogo);
 
   /// The form of a register under a setting (its place in kAjustesPossiveis). `vazio` is the placeholder,
-  /// whose fields may stand elsewhere.
+  /// whose fields may be elsewhere.
   const FormaDoRegistro& em(int registro, int ajuste, bool vazio) const {
     return formas_[static_cast<std::size_t>(registro)][static_cast<std::size_t>(ajuste)][vazio ? 1 : 0];
   }
@@ -63,7 +63,7 @@ class Formas {
   std::vector<DoRegistro> formas_;
 };
 
-/// A form of the catalogue of the law; it lasts for ever.
+/// A form of the law's catalogue; it has static storage duration.
 inline const FormaDoRegistro& forma(int registro, int ajuste, bool vazio) {
   static const std::shared_ptr<const Formas> formas = Formas::de(kCatalogo);
   return formas->em(registro, ajuste, vazio);

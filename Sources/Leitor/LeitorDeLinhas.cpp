@@ -71,8 +71,8 @@ bool LeitorDeLinhas::entregaUltima(LinhaLida& linha) {
   return entrega(linha, fim_, false);
 }
 
-// Leaves room at the end of the buffer. The line that is being read goes to its front; one that fills it
-// makes it grow, and at the limit loses what stands behind the bytes that are kept.
+// Leaves room at the end of the buffer. The line being read moves to its front; one that fills it makes it
+// grow, and at the limit loses what follows the bytes that are kept.
 void LeitorDeLinhas::abreEspaco() {
   if (inicio_ != 0) {
     std::memmove(buffer_.data(), buffer_.data() + inicio_, fim_ - inicio_);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kAjustes = static_cast<int>(kAjustesPossiveis.size());
 constexpr int kMaisDigitos =
-    17;  // of a number of 64 bits and its sign, beyond the three of the narrowest field
+    17;  // digits of a 64-bit number and its sign, beyond the three of the narrowest field
 constexpr int kMaximoDeGravacoes = 100000000;  // whose line has a length that an int holds
 
 bool possivel(unsigned ajustes, int ajuste) { return (ajustes >> ajuste & 1) != 0; }
@@ -20,7 +20,7 @@ int primeiro(unsigned ajustes) {
   return ajuste;
 }
 
-// The placeholder that the line is; null where it is none.
+// The placeholder that the line is; null when it is not one.
 const ConteudoVazio* vazioNa(const FormaDoRegistro& forma, std::string_view texto) {
   if (texto.size() != static_cast<std::size_t>(forma.comprimento)) return nullptr;
   for (const ConteudoVazio& vazio : forma.vazios)
@@ -30,7 +30,7 @@ const ConteudoVazio* vazioNa(const FormaDoRegistro& forma, std::string_view text
 
 bool semCabecalho(const Registro& registro) { return registro.camposVazios.size() != registro.campos.size(); }
 
-// Whether the fields that a line repeats from record to record hold what they have in a placeholder.
+// Whether the fields repeated from record to record hold what they have in a placeholder.
 bool repetidosVazios(const RegistroLido& lido) {
   const Grupo* grupo = std::find_if(std::begin(lido.registro->grupos), std::end(lido.registro->grupos),
                                     [](const Grupo& g) { return g.vezes == Grupo::Vezes::Registros; });
@@ -102,7 +102,7 @@ void LeitorDeRegistros::le(const LinhaLida& linha, RegistroLido& lido) {
   }
 }
 
-// Leaves the possible settings alone where none would remain: what contradicts them is a finding elsewhere.
+// Leaves the possible settings unchanged if none would remain: a contradiction is reported elsewhere.
 void LeitorDeRegistros::restringe(unsigned ajustes) {
   if ((ajustes_ & ajustes) == ajustes_ || (ajustes_ & ajustes) == 0) return;
   ajustes_ &= ajustes;
@@ -171,8 +171,8 @@ void LeitorDeRegistros::desloca(RegistroLido& lido, const FormaDoRegistro& forma
   usa(lido, rascunho_, true);
 }
 
-// How often the groups of the line stand on it: by its length in the register that tells the users, by theirs
-// and by the records so far in the others.
+// How often the groups of the line repeat: found from its length in the register that shows how many users
+// there are, and from that number and the records so far in the others.
 Repeticoes LeitorDeRegistros::vezes(const RegistroLido& lido) {
   Repeticoes vezes = kUmaVez;
   const Registro& registro = *lido.registro;

@@ -10,39 +10,39 @@
 
 namespace cotepe {
 
-/// One line read against the catalogue; valid until the next line is read.
+/// One line read with the catalogue; valid until the next line is read.
 struct RegistroLido {
   LinhaLida linha;                     ///< the line itself
-  const Registro* registro = nullptr;  ///< null where the line begins with no register's code
+  const Registro* registro = nullptr;  ///< null when the line does not begin with a register's code
   int indice = -1;                     ///< of the register in the catalogue
   const CampoLido* campos = nullptr;   ///< in the order of the line
-  std::size_t quantos = 0;             ///< fields that stand on the line
+  std::size_t quantos = 0;             ///< fields on the line
   /// The line is as long as its register is under the file's layout and mode; otherwise the fields are those
-  /// of the record that was expected, as far as the line goes.
+  /// of the expected record, as far as the line goes.
   bool medidaCerta = false;
-  int comprimento = 0;  ///< that was expected
+  int comprimento = 0;  ///< of the expected record
   bool vazio = false;   ///< a placeholder record
 
-  /// Whether it is the line of a signature, which a delivered report has behind its records.
+  /// Whether it is the signature line, which a delivered report has after its records.
   bool assinatura() const { return registro == nullptr && linha.texto.substr(0, 3) == "EAD"; }
 
-  /// The bytes of a field, counted from 0 among those on the line; valid as long as the line.
+  /// The bytes of a field, counted from 0 among those on the line; valid as long as the line is.
   std::string_view bytes(std::size_t campo) const { return campos[campo].em(linha.texto); }
 
   ///@{
   /// The first field with the label: its place among those on the line, or `quantos`; its bytes, or none. For
-  /// labels that not every register has: rules name theirs by Coluna.
+  /// labels that not every register has: rules use Coluna for theirs.
   std::size_t acha(std::string_view rotulo) const;
   std::string_view bytesDe(std::string_view rotulo) const;
   ///@}
 
-  /// How many fields the line begins with that are the same in every record.
+  /// How many leading fields of the line are the same in every record.
   std::size_t cabecalho() const;
 };
 
-/// Reads the records of a report, in the order of the file. What is particular to the generator's lines is
-/// known here: E01 without its software version, the bare E07, the short E09, the covered total of E11, the
-/// lines that grow with every user or coding, the numbers that move the later fields.
+/// Reads the records of a report, in the order of the file. It knows what is particular to the generator's
+/// lines: E01 without its software version, the bare E07, the short E09, the covered total of E11, the lines
+/// that grow with every user or coding, the numbers that move the later fields.
 ///
 ///   LeitorDeLinhas linhas(descritor);
 ///   LeitorDeRegistros registros(linhas);
@@ -55,10 +55,10 @@ class LeitorDeRegistros {
   /// The registers that it knows.
   const Catalogo& catalogo() const { return formas_->catalogo(); }
 
-  /// Goes to the next line; false at the end of the file, or when it cannot be read (LeitorDeLinhas::erro).
+  /// Goes to the next line; false at the end of the file, or on a read error (LeitorDeLinhas::erro).
   bool proximo(RegistroLido& lido);
 
-  /// Reads one line as `proximo` does, for those who have lines of their own: the lines of one file, in
+  /// Reads one line as `proximo` does, for callers that have lines of their own: the lines of one file, in
   /// order.
   void le(const LinhaLida& linha, RegistroLido& lido);
 
@@ -66,11 +66,11 @@ class LeitorDeRegistros {
   /// one.
   unsigned ajustes() const { return ajustes_; }
 
-  /// The first of them: the file's own, once its lines have told them apart.
+  /// The first of them: the file's own, once its lines have told the settings apart.
   const AjusteDoLeiaute& ajuste() const;
 
   ///@{
-  /// Whether every setting that is still possible has CAT52, or none has it.
+  /// Whether CAT52 mode is the same in all settings that are still possible.
   bool certamenteCat52() const { return (ajustes_ & foraDoCat52()) == 0; }
   bool certamenteForaDoCat52() const { return (ajustes_ & ~foraDoCat52()) == 0; }
   ///@}
@@ -80,10 +80,10 @@ class LeitorDeRegistros {
     return ajustesEmQue([](const AjusteDoLeiaute& ajuste) { return !ajuste.cat52; });
   }
 
-  /// What the lines of a register have told so far.
+  /// What the lines of a register have shown so far.
   struct Visto {
     const FormaDoRegistro* ultima = nullptr;  // the form of the last line
-    int registros = 0;                        // how many lines came
+    int registros = 0;                        // how many lines there were
   };
 
   int semCodigo(std::string_view texto) const;
@@ -99,7 +99,7 @@ class LeitorDeRegistros {
   std::shared_ptr<const Formas> formas_;
   unsigned ajustes_ = kTodosOsAjustes;
   std::vector<Visto> vistos_;  // of each register
-  int usuarios_ = 1;           // how many the printer has, as its first register tells
+  int usuarios_ = 1;           // how many the printer has, according to its first register
   Disposicao rascunho_;        // of a line that has no form of its own
 };
 

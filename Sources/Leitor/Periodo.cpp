@@ -8,7 +8,7 @@
 namespace cotepe {
 namespace {
 
-/// The counters that records go together by.
+/// The counters that tie records together.
 struct Colunas {
   Coluna reducao{kE12, "CRZ"}, documento{kE16, "CRZ"}, parcial{kE13, "CRZ"}, naoFiscal{kE17, "CRZ"},
       meio{kE18, "CRZ"}, cupom{kE14, "CCF"}, item{kE15, "CCF"}, comprovante{kE19, "GNF"},
@@ -20,7 +20,7 @@ const Colunas& colunas() {
   return todas;
 }
 
-// The number in the column; below 0 where it has none.
+// The number in the column; below 0 when it has none.
 std::int64_t numeroEm(const RegistroLido& lido, const Coluna& coluna) {
   std::int64_t valor = 0;
   return leNumero(coluna.bytes(lido), valor) ? valor : -1;

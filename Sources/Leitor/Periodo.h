@@ -10,16 +10,16 @@
 namespace cotepe {
 
 /// Looks at every record of a report, in the order of the file. A record belongs to the period when one of
-/// its dates lies in it; one that has none goes with what it is a part of: E13, E17 and E18 with their
-/// reduction (E12, or in a report without any its document in E16), E15 with its coupon (E14), E20 with its
-/// non-fiscal coupon (E19), E21 with either. Memory: two numbers for each time that the file's documents
-/// enter the period, which is once where they are in the order of their counters.
+/// its dates is in it; one without a date goes with what it is part of: E13, E17 and E18 with their reduction
+/// (E12, or in a report without any its document in E16), E15 with its coupon (E14), E20 with its non-fiscal
+/// coupon (E19), E21 with either. Memory: two numbers for each time that the file's documents enter the
+/// period, which is once if they are in the order of their counters.
 class Periodo {
  public:
   /// AAAAMMDD, both included; empty for no bound.
   Periodo(std::string de, std::string ate) : de_(std::move(de)), ate_(std::move(ate)) {}
 
-  /// Whether the record belongs to the period; to be asked of every record in turn.
+  /// Whether the record belongs to the period; to be called for every record in turn.
   bool aceita(const RegistroLido& lido);
 
  private:

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "Leiaute/Releitura.h"
 #include "Achados/Citacao.h"
+#include "Leiaute/Releitura.h"
 
 namespace cotepe {
 namespace {
 
-// The decimal places of a scaled field stand in another field of the record.
+// The number of decimal places of a scaled field is in another field of the record.
 std::size_t casasDe(const RegistroLido& lido, const Campo& campo) {
   const bool tres = std::any_of(lido.campos, lido.campos + lido.quantos, [&](const CampoLido& outro) {
     const Origem& origem = outro.campo->origem;

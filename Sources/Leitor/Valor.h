@@ -9,16 +9,16 @@
 
 namespace cotepe {
 
-/// What a field's bytes stand for.
+/// What a field's bytes mean.
 enum class TipoDeValor : std::uint8_t {
   Texto,
   Inteiro,
   Decimal,        ///< money in reais, and quantities
-  Identificador,  ///< digits that are no amount: CNPJ, CPF
+  Identificador,  ///< digits that are not an amount: CNPJ, CPF
   Data,
   Hora,
   Ausente,  ///< a date or an hour of blanks
-  Bytes,    ///< not of its kind, cut short, or partly covered by another field: as it stands
+  Bytes,    ///< not of its kind, cut short, or partly covered by another field: unchanged
 };
 
 /// A field's bytes, understood.
@@ -28,19 +28,19 @@ struct Valor {
   std::string texto;
 };
 
-/// The value of a field of the record, counted from 0 among those that stand on the line.
+/// The value of a field of the record, counted from 0 among those on the line.
 Valor valorDe(const RegistroLido& lido, std::size_t campo);
 
-/// A decimal number without sign as people of the country write it: 1234.56 as 1.234,56.
+/// A decimal number without sign as it is written in Brazil: 1234.56 as 1.234,56.
 std::string comMilhares(std::string decimal);
 
-/// A value as people of the country write it: 1.234,56 and 31/01/2024; numbers of counters as on the line.
+/// A value as it is written in Brazil: 1.234,56 and 31/01/2024; numbers of counters as on the line.
 std::string paraPessoas(const Valor& valor, std::string_view bytes);
 
 /// A '*' for each character that is not blank.
 std::string mascarado(std::string_view bytes);
 
-/// The label of a field; of those that a line repeats, the second one and on with its number: "CNPJ (2)".
+/// The label of a field; repeated fields have their number from the second one on: "CNPJ (2)".
 std::string rotuloUnico(const RegistroLido& lido, std::size_t campo);
 
 }  // namespace cotepe

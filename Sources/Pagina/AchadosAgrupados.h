@@ -21,7 +21,7 @@ class AchadosAgrupados final : public RecebeAchados {
     long quantos = 0;
   };
 
-  /// `mascara`: what a finding quotes of a consumer's data is hidden.
+  /// `mascara` hides the consumer data that findings quote.
   explicit AchadosAgrupados(bool mascara) : mascara_(mascara) {}
 
   void recebe(const Achado& achado) override;

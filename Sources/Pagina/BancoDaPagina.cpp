@@ -25,7 +25,7 @@ constexpr char kTotaisGerais[] =
     "SELECT replace(substr(data_movimento, 1, 10), '-', ''), max(CAST(round(valor_gt * 100) AS INTEGER))"
     " FROM reducao_z WHERE data_movimento BETWEEN ?1 AND ?2 GROUP BY 1";
 
-// Null where the database has no such tables.
+// Null when the database has no such tables.
 ConsultaDaPagina prepara(sqlite3* banco, const char* sql, const std::string& de, const std::string& ate) {
   sqlite3_stmt* comando = nullptr;
   if (sqlite3_prepare_v2(banco, sql, -1, &comando, nullptr) != SQLITE_OK) return nullptr;

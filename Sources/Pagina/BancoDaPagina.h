@@ -1,4 +1,4 @@
-// What only a database tells of the period of a report.
+// What only a database knows about the period of a report.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@ struct sqlite3;
 
 namespace cotepe::pagina {
 
-/// Reads the hours of the coupons and the grand totals of the days, both included, AAAAMMDD. Leaves out what
-/// the database does not give. Borrows it.
+/// Reads the hours of the coupons and the grand totals of the days, AAAAMMDD, both included. Leaves out what
+/// the database cannot provide. Borrows it.
 void leDoBanco(sqlite3* banco, const std::string& de, const std::string& ate, DoBanco& lido);
 
 }  // namespace cotepe::pagina

@@ -1,4 +1,4 @@
-// The head of the page: whose report it is, what was found, and the sums on one line.
+// The head of the page: whose report it is, what was found, and the sums in one line.
 #include "Idioma/Idioma.h"
 #include "Pagina/Html.h"
 #include "Pagina/Pagina.h"

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t kMenosDias = 5;
 constexpr std::int64_t kUmPorCento = 100;
 
-// Of an even number the lower of the two in the middle.
+// For an even number, the lower of the two in the middle.
 std::int64_t mediana(std::vector<std::int64_t>& valores) {
   const auto meio = valores.begin() + static_cast<std::ptrdiff_t>((valores.size() - 1) / 2);
   std::nth_element(valores.begin(), meio, valores.end());

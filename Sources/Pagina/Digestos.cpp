@@ -20,7 +20,7 @@ struct FechaContexto {
 };
 using ContextoDeDigesto = std::unique_ptr<EVP_MD_CTX, FechaContexto>;
 
-// Null where the library offers no such digest, as MD5 under some policies.
+// Null when the library offers no such digest, such as MD5 under some policies.
 ContextoDeDigesto abre(const EVP_MD* qual) {
   ContextoDeDigesto contexto(EVP_MD_CTX_new());
   if (!contexto) throw std::bad_alloc();

@@ -1,4 +1,4 @@
-// The digests by which a file is told from every other.
+// The digests that identify a file.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 
 namespace cotepe::pagina {
 
-/// MD5 and SHA-256 of bytes that come in pieces; nothing where the build has no OpenSSL.
+/// MD5 and SHA-256 of bytes that come in pieces; empty when the build has no OpenSSL.
 class Digestos {
  public:
   static bool disponiveis() noexcept;
@@ -19,7 +19,7 @@ class Digestos {
 
   void soma(std::string_view bytes);
 
-  /// After the last piece, once: lower-case hexadecimal; empty where there is none.
+  /// After the last piece, once: lower-case hexadecimal; empty when there is none.
   void conclui();
   const std::string& md5() const { return md5_; }
   const std::string& sha256() const { return sha256_; }

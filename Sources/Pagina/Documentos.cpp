@@ -8,7 +8,7 @@
 namespace cotepe::pagina {
 namespace {
 
-// What the symbols of E16 stand for.
+// What the symbols of E16 mean.
 const char* nomeDoDocumento(std::string_view simbolo) {
   static constexpr struct {
     std::string_view simbolo;
@@ -63,7 +63,7 @@ void DocumentosDaPagina::abreLinha(const RegistroLido& lido, bool cancelado) {
   html_ = "<tr id=\"l" + std::to_string(lido.linha.numero) + (cancelado ? "\" class=\"cancelado\">" : "\">");
 }
 
-// What follows the last field, and what is short of it, is said.
+// Bytes after the last field, and missing ones, are reported.
 void DocumentosDaPagina::poeResto(const RegistroLido& lido) {
   if (lido.medidaCerta) return;
   html_ += "<p class=\"ruim\">" +
@@ -82,7 +82,7 @@ bool DocumentosDaPagina::acrescenta(const RegistroLido& lido) {
   return lido.registro == &kE21 && pagamento(lido);
 }
 
-// The fields beyond those that every coupon shows, where they hold something.
+// The fields beyond those shown for every coupon, if they hold something.
 void DocumentosDaPagina::poeDetalhes(const RegistroLido& lido,
                                      std::initializer_list<const Coluna*> mostradas) {
   html_ += "<dl>";

@@ -14,16 +14,17 @@ namespace cotepe::pagina {
 
 /// Takes records in the order of the file. They come register by register, each in the order of its counter:
 /// the documents of all are put together by their COO, items by CCF and GNF, payments by COO. What does not
-/// follow that order, or has no document, is written at the end, nothing is left out.
+/// follow that order, or has no document, is written at the end: nothing is left out.
 class DocumentosDaPagina {
  public:
   explicit DocumentosDaPagina(bool mascara) : mascara_(mascara) {}
 
-  /// False, and nothing taken, for a record that is no document nor part of one, or whose counter cannot be
-  /// read.
+  /// Returns false and ignores a record that is neither a document nor part of one, or whose counter cannot
+  /// be read.
   bool acrescenta(const RegistroLido& lido);
 
-  /// After the last one; the days' totals are those of the summary. In a folder on pages of their own.
+  /// To be called after the last one; the days' totals are those of the summary. In a folder, documents get
+  /// pages of their own.
   void escreve(Folhas& folhas, const ResumoDoRelatorio& resumo);
 
   /// In a folder: a link to each page, known after `escreve`.

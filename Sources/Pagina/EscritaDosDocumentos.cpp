@@ -1,4 +1,4 @@
-// The documents put together: the second half of Documentos.
+// Assembles the documents: the second half of Documentos.
 #include <algorithm>
 #include <map>
 
@@ -37,7 +37,7 @@ std::string tabela(const TituloDeColuna (&titulos)[N]) {
 
 constexpr std::string_view kFimDaTabela = "</tbody></table></div>\n";
 
-/// A tape with its next piece in view.
+/// A tape and its next piece.
 class PontaDaFita {
  public:
   explicit PontaDaFita(Fita& fita) : fita_(fita), ha_(fita.avanca()) {}
@@ -59,7 +59,7 @@ std::string diaIso(std::uint32_t dia) {
   return digitos;
 }
 
-/// Writes documents under their days, and breaks pages where they are full.
+/// Writes documents under their days, and starts a new page when one is full.
 class EscritorDeDias {
  public:
   EscritorDeDias(Folhas& folhas, const ResumoDoRelatorio& resumo, std::string& sumario)
@@ -93,7 +93,7 @@ class EscritorDeDias {
     folhas_.escreve(fita.html());
   }
 
-  /// The parts that are left, under a heading of their own.
+  /// The parts left over, under a heading of their own.
   void orfaos(Fita& fita, const std::string& nome, std::string_view tabelaAberta) {
     if (fita.quantas() == 0) return;
     titulo_.clear();
@@ -213,7 +213,7 @@ void DocumentosDaPagina::escreve(Folhas& folhas, const ResumoDoRelatorio& resumo
       partes(escritor, item, cupom->pedaco().outra, itensSoltos, kDosItens);
       cupom.passa();
     } else if (naoFiscal.ha() && naoFiscal.chave() == coo) {
-      // Most stand in E16 too, with the hour.
+      // Most are in E16 too, with the hour.
       std::string tambem;
       if (outro.ha() && outro.chave() == coo) {
         folhas.marca(static_cast<long>(outro->pedaco().linha));

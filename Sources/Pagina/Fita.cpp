@@ -53,7 +53,7 @@ void Fita::le(void* bytes, std::size_t quantos) {
 bool Fita::avanca() {
   if (!lendo_) {
     if (gravados_ != 0 && !bloco_.empty()) despeja();
-    lendo_ = true;  // what never left the block is read from it
+    lendo_ = true;  // what never left the block is read from there
   }
   if (dadas_ == quantas_) return false;
   le(&pedaco_, sizeof pedaco_);

@@ -8,7 +8,7 @@
 
 namespace cotepe::pagina {
 
-/// What a piece is of.
+/// What a piece belongs to.
 struct Pedaco {
   std::int64_t chave = 0;     ///< the counter by which the pieces are put together
   std::int64_t outra = 0;     ///< another one
@@ -17,14 +17,15 @@ struct Pedaco {
   std::uint32_t quantos = 0;  ///< bytes of the text
 };
 
-/// Stands in a file without a name in TMPDIR; what is in memory is two blocks. Throws Falha where there is no
-/// room for it.
+/// Stored in a file without a name in TMPDIR; memory is two blocks. Throws Falha when there is no room for
+/// it.
 class Fita {
  public:
   void acrescenta(Pedaco pedaco, std::string_view html);
   long quantas() const { return quantas_; }
 
-  /// After the last one: goes to the next piece, from the first on; false behind the last.
+  /// To be called after everything is written: goes to the next piece, starting with the first; false after
+  /// the last.
   bool avanca();
   const Pedaco& pedaco() const { return pedaco_; }
 
@@ -41,7 +42,7 @@ class Fita {
   ArquivoTemporario arquivo_;
   std::string bloco_;
   std::uint64_t gravados_ = 0, lidos_ = 0;  // bytes of the file written, and read into the block
-  std::size_t cursor_ = 0;                  // in the block that is read
+  std::size_t cursor_ = 0;                  // in the block being read
   long quantas_ = 0, dadas_ = 0;
   bool lendo_ = false;
   Pedaco pedaco_;

@@ -13,8 +13,8 @@
 
 namespace cotepe::pagina {
 
-/// Writes pages, each a whole HTML document with the style and the script in it. What fails is thrown as
-/// Falha; nothing has its name before `conclui`.
+/// Writes pages, each a whole HTML document with the style and the script in it. Failures are thrown as
+/// Falha; nothing has its final name before `conclui`.
 class Folhas {
  public:
   static constexpr std::uint64_t kMaximo = 4500000;  ///< bytes after which a page of a folder should end
@@ -28,24 +28,24 @@ class Folhas {
 
   bool dividida() const { return pasta_ != nullptr; }
 
-  /// Begins a page; of a folder under that name, and with a way back to the index.
+  /// Begins a page; in a folder under that name, with a link back to the index.
   void abre(const std::string& nome, const std::string& titulo);
   void escreve(std::string_view html) { arquivo_->escreve(html); }
   void fecha();
 
-  /// Whether the page of a folder should end here.
+  /// Whether the current page of a folder should end here.
   bool cheia() const { return dividida() && arquivo_->tamanho() > kMaximo; }
 
-  /// Lines of the report that links lead to: to be known before the pages of a folder are written.
+  /// Lines of the report that links lead to; to be given before the pages of a folder are written.
   void procura(std::set<long> linhas) { procuradas_ = std::move(linhas); }
 
-  /// The element of a line is written next.
+  /// Says that the element of a line is written next.
   void marca(long linha);
 
-  /// What a link to the line says; empty where no page has it.
+  /// The target of a link to the line; empty when no page has it.
   std::string endereco(long linha) const;
 
-  /// All pages are written.
+  /// To be called when all pages are written.
   void conclui();
 
  private:

@@ -19,7 +19,7 @@ std::string decimos(std::int64_t valor) {
   return std::to_string(valor / 10) + (valor % 10 != 0 ? '.' + std::to_string(valor % 10) : "");
 }
 
-// `tamanho` tenths in proportion; what is more than nothing can be seen.
+// `tamanho` tenths in proportion; anything above zero stays visible.
 std::int64_t proporcao(std::int64_t valor, std::int64_t maior, std::int64_t tamanho) {
   if (valor <= 0) return 0;
   return std::max<std::int64_t>(

@@ -1,4 +1,4 @@
-// Plots as inline SVG: numbers on hover, no script.
+// Charts as inline SVG: numbers on hover, no script.
 #pragma once
 
 #include <cstdint>
@@ -9,17 +9,17 @@ namespace cotepe::pagina {
 
 /// A bar.
 struct Barra {
-  std::string nome;  ///< as people read it, no markup
+  std::string nome;  ///< for people, without markup
   std::int64_t centavos = 0;
   std::string alvo;  ///< of a link, or nothing
 };
 
-/// Standing bars along time, of the class `serie`; the greatest amount of any takes the whole height, or
-/// `maximo` where that is greater.
+/// Vertical bars along time, of the class `serie`; the greatest amount takes the whole height, or `maximo` if
+/// that is greater.
 std::string graficoNoTempo(const std::string& titulo, const std::vector<Barra>& barras,
                            std::int64_t maximo = 0);
 
-/// Lying bars, the name before each.
+/// Horizontal bars, each after its name.
 std::string graficoDeitado(const std::string& titulo, const std::vector<Barra>& barras);
 
 }  // namespace cotepe::pagina

@@ -60,7 +60,7 @@ void poeMilhares(std::string& html, std::uint64_t numero) {
   }
 }
 
-// Without the sign; of the least number too.
+// Without the sign; also for the least number.
 std::uint64_t modulo(std::int64_t numero) {
   return numero < 0 ? ~static_cast<std::uint64_t>(numero) + 1 : static_cast<std::uint64_t>(numero);
 }

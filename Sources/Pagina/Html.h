@@ -1,4 +1,4 @@
-// Pieces of a page: texts that cannot be taken for markup, and numbers as people of the country write them.
+// Pieces of a page: texts that cannot be taken for markup, and numbers as they are written in Brazil.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 namespace cotepe::pagina {
 
 /// Appends bytes of a report, or any text, as text: markup characters as references, bytes that are not UTF-8
-/// as Latin-1, control characters as the pictures that Unicode has of them, what would change the direction
-/// of the text or is no character as U+FFFD.
+/// as Latin-1, control characters as Unicode's pictures of them, and what would change the direction of the
+/// text or is not a character as U+FFFD.
 void poeTexto(std::string& html, std::string_view bytes);
 
 /// The same as a new text.
@@ -32,7 +32,7 @@ std::string milesimosDe(std::int64_t milesimos);
 /// A share in hundredths of a percent as 1,25 %.
 std::string percentual(std::int64_t centesimos);
 
-/// AAAAMMDD as 31/01/2024, AAAAMM as 01/2024; anything else as it stands.
+/// AAAAMMDD as 31/01/2024, AAAAMM as 01/2024; anything else unchanged.
 std::string dataDe(std::string_view digitos);
 
 /// AAAAMMDD as 2024-01-31.

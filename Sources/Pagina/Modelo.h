@@ -5,14 +5,14 @@
 
 namespace cotepe::pagina {
 
-/// A page up to its contents; the title is text. Nothing may be loaded from anywhere, and no other style or
-/// script than the ones in it is obeyed.
+/// A page up to its contents; the title is text. Nothing may be loaded from anywhere, and only the style and
+/// the script in it are applied.
 std::string inicioDoModelo(const std::string& titulo);
 
-/// A box that hides the documents without the words typed into it; there only where scripts run.
+/// A box that hides the documents without the words typed into it; present only when scripts run.
 std::string filtro();
 
-/// A page from behind its contents on.
+/// The rest of a page, after its contents.
 std::string fimDoModelo();
 
 }  // namespace cotepe::pagina

@@ -18,10 +18,10 @@ struct DoBanco {
     Centavos liquida = 0;
   };
 
-  std::string nome;                              ///< of the database
-  std::string ajuste;                            ///< with which the report was generated again, in words
+  std::string nome;    ///< of the database
+  std::string ajuste;  ///< the settings with which the report was generated again, in words
   const AchadosAgrupados* diferencas = nullptr;  ///< from what the database gives
-  std::string semVerificar;                      ///< why it was not compared; empty where it was
+  std::string semVerificar;                      ///< why it was not compared; empty if it was
   std::map<int, Hora> horas;                     ///< sales of the coupons that were not cancelled, by hour
   std::map<std::string, Centavos> totaisGerais;  ///< GT after the last reduction of a day, by AAAAMMDD
 };
@@ -36,7 +36,7 @@ struct ConteudoDaPagina {
   std::string assinatura;            ///< the state of the signature in words, or nothing
 };
 
-/// Writes the page, or the pages of a folder; they have their names then. Throws Falha.
+/// Writes the page, or the pages of a folder, and gives them their names. Throws Falha.
 void escrevePagina(const ConteudoDaPagina& conteudo, Folhas& folhas);
 
 /// The parts of it, each a section.
@@ -49,10 +49,10 @@ std::string secaoDosContadores(const ConteudoDaPagina& conteudo);
 std::string secaoDosArtigos(const ConteudoDaPagina& conteudo);
 std::string secaoDasHoras(const ConteudoDaPagina& conteudo);
 
-/// Sales of the reductions where the report has any, else of the coupons.
+/// Sales of the reductions if the report has any, otherwise of the coupons.
 const Valores& vendasDe(const ResumoDoRelatorio& resumo, const Movimento& movimento);
 
-/// The first and the last day of the report, AAAAMMDD; both empty where it has none.
+/// The first and the last day of the report, AAAAMMDD; both empty when it has none.
 std::pair<std::string, std::string> periodoDe(const ResumoDoRelatorio& resumo);
 
 }  // namespace cotepe::pagina

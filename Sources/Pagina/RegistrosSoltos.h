@@ -1,4 +1,4 @@
-// The records of a report that are no part of a document, as tables.
+// The records of a report that are not part of a document, as tables.
 #pragma once
 
 #include <array>
@@ -11,14 +11,14 @@
 namespace cotepe::pagina {
 
 /// Takes records in the order of the file, and writes a table for each register, its columns from the list of
-/// fields, and one of the lines of no register.
+/// fields, and one for lines that belong to no register.
 class RegistrosSoltos {
  public:
   explicit RegistrosSoltos(bool mascara) : mascara_(mascara) {}
 
   void acrescenta(const RegistroLido& lido);
 
-  /// After the last one. In a folder on pages of their own.
+  /// To be called after the last one. In a folder, tables get pages of their own.
   void escreve(Folhas& folhas);
 
   /// The tables' headings and counts, with links in a folder to where they are; known after `escreve`.

@@ -9,7 +9,7 @@
 namespace cotepe::pagina {
 namespace {
 
-// What a rule demands, where it is one that is listed.
+// What a rule requires, if it is a listed one.
 std::string resumoDaRegra(const std::string& nome) {
   const Regra* regra = Regras(validacao::kRegras).acha(nome);
   return regra != nullptr && regra->resumo != nullptr ? texto(traduz(regra->resumo)) : std::string();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kMaximoDeBarras = 400;  // of a plot by day; beyond it months are plotted
 
-/// From which share on a day is unlike the others.
+/// The share above which a day is an outlier.
 struct Limites {
   std::int64_t cancelamentos = -1, descontos = -1;
 };

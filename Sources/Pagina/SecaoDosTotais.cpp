@@ -29,7 +29,7 @@ std::string figura(const char* titulo, std::vector<Barra> barras, const std::str
          graficoDeitado(traduz(titulo), barras) + "</figure>\n" + tabelaAoLado + "</div>\n";
 }
 
-// What the reductions hold, or where there are none what the documents do.
+// What the reductions hold, or the documents if there are no reductions.
 std::string meios(const ResumoDoRelatorio& resumo) {
   if (resumo.meios.empty()) return {};
   const bool dasReducoes = resumo.registros[static_cast<std::size_t>(kCatalogo.indiceDe("E18"))] >

@@ -16,7 +16,7 @@ void DocumentosLidos::anota(std::int64_t contador, std::string_view dia, bool ca
   trechos_.push_back({contador, contador, {std::string(dia), cancelado}});
 }
 
-// Of a counter that came twice the first document holds.
+// If a counter occurs twice, the first document counts.
 void DocumentosLidos::ordena() const {
   if (ordenado_) return;
   std::stable_sort(trechos_.begin(), trechos_.end(),

@@ -1,4 +1,4 @@
-// What the parts of a document must know of it: on which day it was issued, and whether it was cancelled.
+// What the parts of a document must know about it: on which day it was issued, and whether it was cancelled.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace cotepe {
 
-/// Of a document, what its items and payments, which stand elsewhere in the file, do not say themselves.
+/// What the items and payments of a document, which are elsewhere in the file, do not say themselves.
 struct DocumentoLido {
   std::string dia;  ///< AAAAMMDD
   bool cancelado = false;
@@ -34,7 +34,7 @@ class DocumentosLidos {
 
   mutable std::vector<Trecho> trechos_;
   mutable bool ordenado_ = true;
-  mutable std::size_t ultimo_ = 0;  // that was found
+  mutable std::size_t ultimo_ = 0;  // the last one found
 };
 
 }  // namespace cotepe

@@ -49,7 +49,7 @@ class Resumidor::Registros {
     if (coluna.le(lido, valor) && valor != 0) sequencia.anota(valor, coluna.largura(lido));
   }
 
-  Movimento semDia_;  // takes what belongs to no day
+  Movimento semDia_;  // collects what belongs to no day
   std::string ultimoDia_;
   Movimento* movimentoDoUltimoDia_ = nullptr;
   std::unordered_map<std::int64_t, std::string> diasDasReducoes_;  // by CRZ
@@ -107,7 +107,7 @@ void Resumidor::Registros::linha(const RegistroLido& lido) {
     if (registro == lido.registro) return (this->*leitor)(lido);
 }
 
-// The day of a date on the line; where it is none, a place that nobody looks at.
+// The day of a date on the line; for an invalid date, an entry that nobody reads.
 Movimento& Resumidor::Registros::dia(std::string_view bytes) {
   if (movimentoDoUltimoDia_ != nullptr && bytes == ultimoDia_) return *movimentoDoUltimoDia_;
   if (!dataPossivel(bytes)) {
@@ -309,7 +309,7 @@ void Resumidor::Registros::e21(const RegistroLido& lido) {
   ++meio.pagamentos;
 }
 
-// The counters of the whole are there already.
+// The counters of the whole period are there already.
 ResumoDoRelatorio Resumidor::Registros::conclui() {
   Movimento& total = resumo.total;
   for (const auto& [dia, movimento] : resumo.dias) {

@@ -19,11 +19,11 @@ class Resumidor {
 
   void linha(const RegistroLido& lido);
 
-  /// After the last line; `leiaute` is what the reader took the file for. Once only.
+  /// To be called once, after the last line; `leiaute` is what the reader found out about the file.
   ResumoDoRelatorio conclui(const AjusteDoLeiaute& leiaute);
 
   ///@{
-  /// A coupon of E14 by its CCF, and a non-fiscal one of E19 by its GNF; null where none was read.
+  /// A coupon of E14 by its CCF, and a non-fiscal one of E19 by its GNF; null when none was read.
   const DocumentoLido* cupom(std::int64_t ccf) const;
   const DocumentoLido* naoFiscal(std::int64_t gnf) const;
   ///@}

@@ -1,4 +1,4 @@
-// A report in sums: what it says of its period, by day, by month and altogether.
+// A report in sums: what it says about its period, by day, by month and in total.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ namespace cotepe {
 /// Adds, staying within 64 bits.
 void acumula(Centavos& soma, Centavos parcela) noexcept;
 
-/// Sales, in cents. Gross sales take every item before its discount and every surcharge, also of what was
+/// Sales, in cents. Gross sales include every item before its discount and every surcharge, even of what was
 /// cancelled later: bruta - descontos - cancelamentos = liquida.
 struct Valores {
   Centavos bruta = 0, descontos = 0, acrescimos = 0, cancelamentos = 0, liquida = 0;
@@ -24,9 +24,9 @@ struct Valores {
   void soma(const Valores& outros) noexcept;
 };
 
-/// A day, a month, or all of the period.
+/// A day, a month, or the whole period.
 struct Movimento {
-  bool comReducao = false;  ///< a Z reduction has its movement here
+  bool comReducao = false;  ///< whether a Z reduction has its movement here
   Valores dasReducoes;      ///< of the Z reductions, by the day of their movement (E12 and E13)
   Valores dosCupons;        ///< of the coupons, by the day on which they were issued (E14 and E15)
   long reducoes = 0, cupons = 0, cuponsCancelados = 0, itens = 0, itensCancelados = 0;
@@ -34,7 +34,7 @@ struct Movimento {
   Centavos valorNaoFiscal = 0;                    ///< of those not cancelled
   Sequencia crz, coo, ccf, gnf;  ///< of the reductions, of all documents, of coupons, of non-fiscal documents
 
-  /// The average of a coupon that was not cancelled, in cents rounded down; 0 where there is none.
+  /// The average of a coupon that was not cancelled, in cents rounded down; 0 when there is none.
   Centavos media() const;
   void soma(const Movimento& outro);
 };
@@ -64,25 +64,25 @@ struct Artigo {
 /// A technical intervention (E09).
 struct Intervencao {
   std::int64_t cro = 0;
-  std::string data, hora;  ///< AAAAMMDD and HHMMSS, or what stands there
+  std::string data, hora;  ///< AAAAMMDD and HHMMSS, or whatever is there instead
   std::string perda;       ///< S or N: whether the working memory was lost
   long linha = 0;
 };
 
-/// What the file says of the printer and of itself: bytes of its fields without trailing blanks, empty where
-/// there is no such record.
+/// What the file says about the printer and about itself: bytes of its fields without trailing blanks, empty
+/// when there is no such record.
 struct Identificacao {
   std::string fabricacao, tipo, marca, modelo, versaoSb, numeroSequencial, comando, versaoDoLeiaute,
       versaoDoGerador;                                       // of E01
   std::string cnpj, inscricao, razaoSocial, endereco, cro;   // of E02, the first
   std::string crzInicial, crzFinal, dataInicial, dataFinal;  // of E01
-  Centavos totalGeral = -1;                                  ///< of E02; below 0 where it cannot be read
+  Centavos totalGeral = -1;                                  ///< of E02; below 0 when it cannot be read
   std::string dataDeGeracao, horaDeGeracao;                  // of E11
 };
 
 /// Everything.
 struct ResumoDoRelatorio {
-  static constexpr std::size_t kMaximoDeArtigos = 100000;  ///< different ones that are told apart
+  static constexpr std::size_t kMaximoDeArtigos = 100000;  ///< different articles that are told apart
 
   Identificacao identificacao;
   AjusteDoLeiaute leiaute;
@@ -90,8 +90,8 @@ struct ResumoDoRelatorio {
   std::uint64_t bytes = 0;
   std::array<long, kCatalogo.size()> registros{};  ///< lines of each, placeholders among them
   std::array<long, kCatalogo.size()> vazios{};     ///< placeholders of each
-  long ilegiveis = 0;  ///< records that were left out of a sum, since a number of them cannot be read
-  long semDia = 0;     ///< records left out of the days, since theirs cannot be told
+  long ilegiveis = 0;  ///< records left out of a sum because one of their numbers cannot be read
+  long semDia = 0;     ///< records left out of the days because theirs is unknown
 
   std::map<std::string, Movimento> dias;  ///< by AAAAMMDD
   Movimento total;
@@ -100,7 +100,7 @@ struct ResumoDoRelatorio {
   std::map<std::string, Centavos> naoFiscais;  ///< by totalizer, in the Z reductions (E17)
   std::map<std::string, long> documentos;      ///< of E16, by symbol
   std::vector<Artigo> artigos;
-  long itensDeOutrosArtigos = 0;  ///< items whose article came when there were kMaximoDeArtigos already
+  long itensDeOutrosArtigos = 0;  ///< items whose article came after kMaximoDeArtigos others
   Centavos valorDeOutrosArtigos = 0;
   Sequencia cro;  ///< of the interventions and the reductions
   std::vector<Intervencao> intervencoes;
@@ -109,23 +109,23 @@ struct ResumoDoRelatorio {
   std::map<std::string, Movimento> meses() const;
 
   /// Days between the first and the last day of the period without a Z reduction, as runs of AAAAMMDD; none
-  /// where the report has no reductions at all.
+  /// when the report has no reductions at all.
   struct Intervalo {
     std::string de, ate;
     long dias = 0;
   };
   std::vector<Intervalo> diasSemReducao() const;
 
-  /// At most `quantos` articles, those of the greatest value or quantity first.
+  /// At most `quantos` articles, those with the greatest value or quantity first.
   std::vector<Artigo> maioresEmValor(std::size_t quantos) const;
   std::vector<Artigo> maioresEmQuantidade(std::size_t quantos) const;
 };
 
-/// Whether a totalizer of E13 is a tax code: what is neither a discount, a surcharge, a cancellation nor the
-/// sum of the non-fiscal ones.
+/// Whether a totalizer of E13 is a tax code: anything but a discount, a surcharge, a cancellation or the sum
+/// of the non-fiscal ones.
 bool deImposto(const std::string& totalizador);
 
-/// Reads a report to its end; what could not be read is LeitorDeLinhas::erro.
+/// Reads a report to its end; a read error is in LeitorDeLinhas::erro.
 ResumoDoRelatorio resume(LeitorDeLinhas& linhas);
 
 }  // namespace cotepe

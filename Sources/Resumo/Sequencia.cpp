@@ -22,13 +22,13 @@ void Sequencia::anota(std::int64_t valor, int digitos) {
 void Sequencia::anota(const Faixa& faixa, int digitos) {
   anota(faixa.de, digitos);
   if (faixa.ate > faixas_.back().ate) {
-    arrumadas_ = false;  // what came before may stand between the two
+    arrumadas_ = false;  // what came before may lie between the two
     faixas_.push_back(faixa);
   }
 }
 
-// Joins the runs that touch or overlap. When few were joined the next tidying comes later, so that all of
-// them together stay cheap.
+// Joins the runs that touch or overlap. When few were joined the next tidying comes later, so that the total
+// cost stays low.
 void Sequencia::arruma() const {
   if (arrumadas_) return;
   std::sort(faixas_.begin(), faixas_.end(), [](const Faixa& a, const Faixa& b) { return a.de < b.de; });

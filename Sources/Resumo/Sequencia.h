@@ -1,4 +1,4 @@
-// The values that a counter took, and those that it left out.
+// The values that a counter took, and those that it skipped.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,7 @@ class Sequencia {
   void anota(const Faixa& faixa, int digitos);
 
   bool vazia() const { return faixas_.empty(); }
-  std::int64_t primeiro() const;  ///< the least value; only where there is one
+  std::int64_t primeiro() const;  ///< the least value; there must be one
   std::int64_t ultimo() const;    ///< the greatest
   int digitos() const { return digitos_; }
 
@@ -35,8 +35,8 @@ class Sequencia {
   /// How many different values there are.
   std::int64_t quantos() const;
 
-  /// The values missing between the least and the greatest, ascending. A hole of half of all the values that
-  /// the field can hold is none: there the counter began again.
+  /// The values missing between the least and the greatest, ascending. A hole of at least half of the values
+  /// that the field can hold does not count: the counter began again there.
   std::vector<Faixa> lacunas() const;
 
   /// Whether there is such a hole.
@@ -48,7 +48,7 @@ class Sequencia {
   std::int64_t metade() const;
   void arruma() const;
 
-  // Runs as they came; `arruma` sorts and joins them, which changes nothing that can be seen.
+  // Runs as they came; `arruma` sorts and joins them, which changes nothing visible.
   mutable std::vector<Faixa> faixas_;
   mutable std::size_t limite_ = kPrimeiraArrumacao;  // of runs, for the next tidying
   mutable bool arrumadas_ = true;

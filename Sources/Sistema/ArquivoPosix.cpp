@@ -27,12 +27,12 @@ int tranca(int descritor, int modo) {
   return resultado;
 }
 
-// Where the file system can neither refuse a rename nor link, the name is looked at before.
+// If the file system supports neither a rename that refuses nor links, the name is checked beforehand.
 bool renomeiaSemSubstituir(const char* de, const char* para) {
   if (renameat2(AT_FDCWD, de, AT_FDCWD, para, RENAME_NOREPLACE) == 0) return true;
   if (errno != EINVAL && errno != ENOSYS) return false;
   if (link(de, para) == 0) {
-    static_cast<void>(unlink(de));  // a temporary name that stays is the next run's to remove
+    static_cast<void>(unlink(de));  // a temporary name left behind is removed by the next run
     return true;
   }
   if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return false;
@@ -56,7 +56,7 @@ bool tudo(std::size_t quantos, const Passo& passo) {
 
 Descritor::~Descritor() {
   if (!aberto()) return;
-  const int erro = errno;  // that of the failure for which it goes
+  const int erro = errno;  // that of the failure because of which the file is removed
   close(numero_);
   errno = erro;
 }
@@ -86,7 +86,7 @@ std::FILE* abreFluxo(const std::string& caminho, const char* modo) {
   return std::fopen(caminho.c_str(), modo);
 }
 
-// What is buffered goes first, for closing would write it.
+// Discard what is buffered first, since closing would write it.
 void esvazia(std::FILE* fluxo) noexcept {
   __fpurge(fluxo);
   if (ftruncate(fileno(fluxo), 0) != 0) return;  // a pipe has no length

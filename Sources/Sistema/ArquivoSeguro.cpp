@@ -54,7 +54,7 @@ ArquivoSeguro::ArquivoSeguro(const std::string& destino, const std::string& apel
   while (!aindaTemNome(arquivo_.numero()));  // another run took it for a leftover before it was locked
 }
 
-// Without locks on the file system all goes on as with them, but leftovers stay.
+// On a file system without locks everything works the same, but leftovers stay.
 void ArquivoSeguro::cria(const std::string& destino, const std::string& base, bool soDoDono) {
   do {
     temporario_ = pasta_ + base + sorteia() + kFim;
@@ -73,7 +73,7 @@ void ArquivoSeguro::publica(const std::string& destino, bool substitui) {
     falha(erro == EEXIST ? PassoDeArquivo::Existe : PassoDeArquivo::NaoEscreve, destino, erro);
   }
   temporario_.clear();
-  if (levaAoDisco(descritorDaPasta_.numero()) || errno == EINVAL) return;  // some file systems have it not
+  if (levaAoDisco(descritorDaPasta_.numero()) || errno == EINVAL) return;  // some do not support it
   falha(PassoDeArquivo::NomeNaoEscrito, destino, errno);
 }
 
@@ -90,7 +90,7 @@ void exigeDestino(const std::string& destino, bool substitui) {
   if (destino.empty() || pastaDe(destino) == destino) falha(PassoDeArquivo::NomeDePasta, destino);
   switch (tipoDoNome(destino)) {
     case TipoDeArquivo::Nenhuma:
-      return;  // whatever else is wrong shows when it is made
+      return;  // anything else that is wrong shows up when it is created
     case TipoDeArquivo::Pasta:
       falha(PassoDeArquivo::Pasta, destino);
     case TipoDeArquivo::Outra:

@@ -1,4 +1,4 @@
-// A file that is gone when its owner is, even one that was killed.
+// A file that disappears with its owner, even if the owner is killed.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace cotepe {
 
-/// An empty file without a name, for its owner's eyes alone.
+/// An empty file without a name, readable only by its owner.
 class ArquivoSemNome {
  public:
   /// In that folder. Throws FalhaDeArquivo (NaoCria, of the folder).
@@ -16,12 +16,12 @@ class ArquivoSemNome {
   /// The open file, to be read and written.
   int numero() const { return arquivo_.numero(); }
 
-  /// A path by which this process can open it anew.
+  /// A path by which this process can open it again.
   std::string caminho() const;
 
  private:
   Descritor arquivo_;
-  std::string caminho_;  // where the system has no path for a file without a name
+  std::string caminho_;  // if the system has no path for a file without a name
 };
 
 }  // namespace cotepe

@@ -9,8 +9,8 @@
 namespace cotepe {
 namespace {
 
-// Where the file system has no such files, it has a name for a moment, and one that the next run knows for a
-// leftover. Closed, and errno set, on failure.
+// If the file system has no such files, it has a name for a moment, one that the next run recognizes as a
+// leftover. Closed, with errno set, on failure.
 Descritor semNome(const std::string& pasta) {
   constexpr mode_t kSoDoDono = 0600;
   Descritor arquivo(open(pasta.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kSoDoDono));

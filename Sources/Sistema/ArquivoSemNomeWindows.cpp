@@ -12,7 +12,7 @@
 namespace cotepe {
 namespace {
 
-// The name is there for as long as the file is open, however its owner ends.
+// The name exists only while the file is open, however its owner ends.
 Descritor comNomePassageiro(const std::string& caminho) {
   const HANDLE puxador =
       CreateFileW(caminhoLargo(caminho).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,

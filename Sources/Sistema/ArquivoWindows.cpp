@@ -15,7 +15,7 @@ namespace {
 
 // Others may open, rename and remove what is open here, as elsewhere.
 constexpr DWORD kDividido = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr DWORD kByteDaTrava = 0x7fffffff;  // of the high half: behind the end of any file
+constexpr DWORD kByteDaTrava = 0x7fffffff;  // of the high half: beyond the end of any file
 
 struct FechaPuxador {
   using pointer = HANDLE;
@@ -97,7 +97,7 @@ bool ehSeparador(char c) { return c == '/' || c == '\\' || c == ':'; }
 
 Descritor::~Descritor() {
   if (!aberto()) return;
-  const int erro = errno;  // that of the failure for which it goes
+  const int erro = errno;  // that of the failure because of which the file is removed
   _close(numero_);
   errno = erro;
 }
@@ -122,7 +122,7 @@ TipoDeArquivo tipoDoAberto(int descritor) { return tipoDoPuxador(puxadorDe(descr
 bool podeLer(const std::string& caminho) { return abre(caminho, GENERIC_READ, OPEN_EXISTING) != nullptr; }
 
 Descritor abreParaLer(const std::string& caminho) {
-  // A folder can be opened too: its reader is told what it is.
+  // A folder can be opened too: reading it says what it is.
   return Descritor(
       descritorDe(abre(caminho, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS), _O_RDONLY));
 }
@@ -147,12 +147,12 @@ void esvazia(std::FILE* fluxo) noexcept {
   static_cast<void>(_chsize_s(_fileno(fluxo), 0));  // a pipe has no length
 }
 
-// Files are their owner's already in the folders that Windows has for temporary ones.
+// The folders that Windows has for temporary files are private to their owner already.
 Descritor criaNovo(const std::string& caminho, bool /*soDoDono*/) {
   return Descritor(descritorDe(abre(caminho, GENERIC_READ | GENERIC_WRITE, CREATE_NEW), _O_RDWR));
 }
 
-// A folder cannot be flushed here, and need not be: a name is given through to the disk.
+// A folder cannot be flushed here, and need not be: a name is written through to disk.
 Descritor abrePasta(const std::string& caminho) {
   Puxador pasta = abre(caminho, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
   if (pasta == nullptr || tipoDoPuxador(pasta.get()) == TipoDeArquivo::Pasta)
@@ -215,16 +215,16 @@ long leDe(int descritor, void* bytes, std::size_t quantos) {
   return _read(descritor, bytes, aoMenos(quantos));
 }
 
-// A pipe that nobody reads any more is told as an invalid argument.
+// A pipe that nobody reads any more is reported as an invalid argument.
 long escreveEm(int descritor, const void* bytes, std::size_t quantos) {
   const int escritos = _write(descritor, bytes, aoMenos(quantos));
   if (escritos < 0 && errno == EINVAL) errno = EPIPE;
   return escritos;
 }
 
-void esperaLugar(int /*descritor*/) {}  // writing waits by itself
+void esperaLugar(int /*descritor*/) {}  // writing blocks by itself
 
-bool confirmaFechamento(int /*descritor*/) { return true; }  // writing has told all there is to tell
+bool confirmaFechamento(int /*descritor*/) { return true; }  // writing has already reported every error
 
 bool leEm(int descritor, std::uint64_t posicao, void* bytes, std::size_t quantos) {
   return tudo(descritor, posicao, static_cast<char*>(bytes), quantos, ReadFile);

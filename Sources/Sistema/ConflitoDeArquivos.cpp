@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The path without links and dots as far as it exists; as it stands when even that cannot be told.
+// The path without links and dots as far as it exists; unchanged if even that cannot be determined.
 std::string resolvido(const std::string& caminho) {
   std::error_code erro;
   const fs::path dado = fs::u8path(caminho);

@@ -7,15 +7,15 @@
 
 namespace cotepe::programa {
 
-/// Writes all of `texto` to a descriptor. Throws Interrupcao when a signal came, and Falha (kNaoEscreve) that
-/// says of `nome` why it could not be written.
+/// Writes all of `texto` to a descriptor. Throws Interrupcao when a signal came, and Falha (kNaoEscreve),
+/// which says why `nome` could not be written.
 void escreveTudo(int descritor, std::string_view texto, const char* nome);
 
-/// After the last write: asks for what some file systems tell only when a file is closed. Throws Falha as
-/// `escreveTudo`; the descriptor stays open.
+/// After the last write: asks for the errors that some file systems report only when a file is closed. Throws
+/// Falha as `escreveTudo`; the descriptor stays open.
 void confirmaEscrita(int descritor, const char* nome);
 
-/// All that a command writes to stdout. Throws as the two above.
+/// Writes everything that a command prints on stdout. Throws as the two above.
 void escreveNaSaidaPadrao(std::string_view texto);
 
 }  // namespace cotepe::programa

@@ -10,7 +10,7 @@ namespace cotepe::programa {
 SemLeitor::SemLeitor() : Falha(128 + kSinalSemLeitor, "") {}
 
 void avisa(const std::string& texto) noexcept {
-  static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", texto.c_str()));  // there is nobody else to tell
+  static_cast<void>(std::fprintf(stderr, "cotepe: %s\n", texto.c_str()));  // nowhere else to report it
 }
 
 void avisaErro(const std::string& texto) noexcept {

@@ -14,7 +14,7 @@ enum Situacao : int { kFeito, kIncompleto, kUsoErrado, kNaoAbre, kNaoEscreve, kS
 
 class Falha : public std::exception {
  public:
-  /// The text, in the user's language, as all messages have it: what could not be done, where, what was found
+  /// The text, in the user's language, built like all messages: what could not be done, where, what was found
   /// there, what was expected and what the user can do.
   Falha(int situacao, std::string texto) : situacao_(situacao), texto_(std::move(texto)) {}
 
@@ -26,19 +26,19 @@ class Falha : public std::exception {
   std::string texto_;
 };
 
-/// What a command concluded about what it was given: the run itself did not fail.
+/// What a command concluded about its input: the run itself did not fail.
 class Veredito : public Falha {
  public:
   explicit Veredito(std::string texto, int situacao = kIncompleto) : Falha(situacao, std::move(texto)) {}
 };
 
-/// The reader of stdout went away: nothing is left to be said. The status is the one that SIGPIPE gives.
+/// The reader of stdout went away: there is nothing left to say. The status is the one that SIGPIPE gives.
 class SemLeitor : public Falha {
  public:
   SemLeitor();
 };
 
-/// One line on stderr, "cotepe: " and the text. Nothing can be done when that fails.
+/// One line on stderr, "cotepe: " and the text. A failure to write it is ignored.
 void avisa(const std::string& texto) noexcept;
 
 /// The same for an error: "cotepe: error: " and the text.

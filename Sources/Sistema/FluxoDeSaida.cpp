@@ -4,7 +4,7 @@
 
 namespace cotepe::programa {
 
-// The stream passes on what its buffer throws, once it is told to.
+// Makes the stream pass on what its buffer throws.
 FluxoDeSaida::FluxoDeSaida() : std::ostream(nullptr) {
   rdbuf(&bloco_);
   exceptions(std::ios::badbit);

@@ -7,13 +7,14 @@
 
 namespace cotepe::programa {
 
-/// Writes to stdout in blocks. Writing throws as escreveTudo does; `conclui` at the end, or what is left in
-/// the block is lost.
+/// Writes to stdout in blocks. Writing throws as escreveTudo does; without `conclui` at the end, what is left
+/// in the block is lost.
 class FluxoDeSaida final : public std::ostream {
  public:
   FluxoDeSaida();
 
-  /// After the last write: the rest of the block, and what only closing tells. Throws as confirmaEscrita.
+  /// After the last write: writes the rest of the block and asks for what only closing reports. Throws as
+  /// confirmaEscrita.
   void conclui();
 
  private:

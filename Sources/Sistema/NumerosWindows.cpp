@@ -7,8 +7,7 @@
 
 namespace cotepe {
 
-// That of the compiler's own library rounds exactly, but takes the decimal point of the locale and nothing
-// else.
+// The compiler's own library rounds exactly, but accepts only the decimal point of the locale.
 double leDecimalEmC(const char* texto) noexcept {
   const std::string ponto = std::localeconv()->decimal_point;
   if (ponto == ".") return __mingw_strtod(texto, nullptr);

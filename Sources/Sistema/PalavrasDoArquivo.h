@@ -1,4 +1,4 @@
-// What went wrong with an output, in words.
+// Failures of an output, in words.
 #pragma once
 
 #include "Sistema/Falha.h"
@@ -9,7 +9,7 @@ namespace cotepe::programa {
 /// The failure of a command whose output is that file: kNaoAbre or kNaoEscreve, and the sentence.
 Falha falhaDaSaida(const FalhaDeArquivo& falha);
 
-/// Takes steps with an output; the failures of a file come out in words.
+/// Runs steps with an output and turns the failures of a file into words.
 template <class Passos>
 auto emPalavras(const Passos& passos) {
   try {

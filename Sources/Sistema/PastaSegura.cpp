@@ -67,7 +67,7 @@ void PastaSegura::exigeDestino() const {
   if (erro) existe(destino_, motivoDoSistema(erro.value()));
 }
 
-// A folder whose lock file is gone has no writer: the new lock removed those of the dead.
+// A folder whose lock file is gone has no writer: taking the new lock removed those of dead writers.
 void PastaSegura::recolheSobras() const {
   const fs::path trava = caminhoDe(trava_->temporario());
   const std::string base =

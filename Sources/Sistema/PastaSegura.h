@@ -1,4 +1,4 @@
-// A folder that appears under its name only when all of its files are whole.
+// A folder that appears under its name only when all of its files are complete.
 #pragma once
 
 #include <functional>
@@ -10,24 +10,25 @@
 namespace cotepe::programa {
 
 /// An empty folder under a temporary name beside its destination, for others to fill with files that they
-/// bring to the disk themselves. What a killed writer left behind is removed by the next one for the same
-/// name. Destroyed unpublished, it removes itself and what is in it.
+/// flush to disk themselves. What a killed writer left behind is removed by the next one for the same name.
+/// Destroyed unpublished, it removes itself and its contents.
 class PastaSegura {
  public:
-  /// Says of a file in a folder whether it is one that this program makes there.
+  /// Says whether a file in a folder is one that this program creates there.
   using Conhece = std::function<bool(const std::string& nome)>;
 
-  /// Throws Falha (kNaoAbre) where something has that name already, unless `substitui` and it is a folder in
-  /// which `conhece` knows every file.
+  /// Throws Falha (kNaoAbre) when something has that name already, unless `substitui` and it is a folder in
+  /// which `conhece` recognizes every file.
   PastaSegura(std::string destino, bool substitui, Conhece conhece);
   ~PastaSegura();
   PastaSegura(const PastaSegura&) = delete;
   PastaSegura& operator=(const PastaSegura&) = delete;
 
-  /// Where a file of that name is to be made.
+  /// Where to create a file of that name.
   std::string caminho(const std::string& nome) const { return temporaria_ + '/' + nome; }
 
-  /// Gives the folder its name; one that is replaced is gone a moment earlier. Once only. Throws Falha.
+  /// Gives the folder its name; a folder that it replaces is removed just before. To be called once. Throws
+  /// Falha.
   void publica();
 
  private:
@@ -38,7 +39,7 @@ class PastaSegura {
   std::string destino_;
   bool substitui_;
   Conhece conhece_;
-  std::unique_ptr<ArquivoSeguro> trava_;  // its lock says that the folder's writer lives
+  std::unique_ptr<ArquivoSeguro> trava_;  // its lock shows that the folder's writer is alive
   std::string temporaria_;
 };
 

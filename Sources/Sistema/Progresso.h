@@ -1,4 +1,4 @@
-// One line on the terminal that says how far a long step is.
+// One line on the terminal that shows how far a long step has got.
 #pragma once
 
 #include <chrono>
@@ -7,7 +7,7 @@
 namespace cotepe::programa {
 
 /// Shows the step and the seconds since the start, at most ten times a second, in one line of stderr that
-/// each showing replaces. Where stderr is no terminal, or it is told to be silent, it does nothing.
+/// each update replaces. When stderr is not a terminal, or it is told to be silent, it does nothing.
 class Progresso {
  public:
   explicit Progresso(bool calado);
@@ -18,7 +18,7 @@ class Progresso {
   void etapa(std::string texto);
   void pulsa() noexcept;  // to be called often
 
-  /// Removes the line, for others to write.
+  /// Removes the line so that others can write.
   void limpa() noexcept;
 
   double segundos() const noexcept;

@@ -1,4 +1,4 @@
-// A request to stop, as what ends a command.
+// A request to stop, as an exception that ends a command.
 #pragma once
 
 #include "Sistema/Falha.h"
@@ -6,7 +6,7 @@
 
 namespace cotepe::programa {
 
-/// Thrown where a signal stops the work; its status is 128 and the signal's number.
+/// Thrown when a signal stops the work; its status is 128 and the signal's number.
 class Interrupcao : public Falha {
  public:
   /// By that signal.

@@ -30,7 +30,7 @@ void recebe(int sinal) {
   sigaction(sinal, &nova, nullptr);
 }
 
-// The terminal without echo, for as long as this lives.
+// Turns off the terminal's echo while this exists.
 class SemEco {
  public:
   explicit SemEco(int terminal) : terminal_(terminal), ligado_(tcgetattr(terminal, &antes_) == 0) {

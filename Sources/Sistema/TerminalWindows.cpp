@@ -18,7 +18,7 @@ constexpr DWORD kParaLimpar = 5000;  // milliseconds that the system grants when
 std::atomic<int> g_sinal{0};
 UINT g_paginaAnterior = 0;
 
-// On a thread of its own. A process whose console goes ends when this returns.
+// On a thread of its own. A process whose console is closed ends when this returns.
 BOOL WINAPI anota(DWORD pedido) {
   int nenhum = 0;
   g_sinal.compare_exchange_strong(nenhum, pedido == CTRL_C_EVENT ? SIGINT : SIGTERM);
@@ -36,7 +36,7 @@ void ligaCores(DWORD qual) {
 
 }  // namespace
 
-// The null device is a terminal to _isatty.
+// _isatty takes the null device for a terminal.
 bool ehTerminal(int descritor) {
   DWORD modo = 0;
   return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(descritor)), &modo) != 0;

@@ -24,7 +24,7 @@ std::string estreito(const wchar_t* texto) {
 }
 
 std::wstring caminhoLargo(const std::string& caminho) {
-  constexpr std::size_t kSemMarca = 240;  // MAX_PATH less what is put behind a name
+  constexpr std::size_t kSemMarca = 240;  // MAX_PATH less what is appended to a name
   const std::wstring dado = largo(caminho);
   if (dado.empty() || dado.compare(0, 4, L"\\\\?\\") == 0) return dado;
   const DWORD tamanho = GetFullPathNameW(dado.c_str(), 0, nullptr, nullptr);

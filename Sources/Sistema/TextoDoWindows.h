@@ -1,5 +1,5 @@
 // Texts as Windows takes them: UTF-16, and long paths in a form without its limit. For the Windows halves
-// alone.
+// only.
 #pragma once
 
 #include <string>
@@ -12,10 +12,11 @@ std::wstring largo(const std::string& texto);
 /// UTF-16 as UTF-8.
 std::string estreito(const wchar_t* texto);
 
-/// A path as the system opens it: a long one whole and marked as such, so that its length has no bound.
+/// A path in the form that the system opens: a long one is made absolute and marked, so that its length is
+/// unlimited.
 std::wstring caminhoLargo(const std::string& caminho);
 
-/// Sets errno to what the system's last error says.
+/// Sets errno from the system's last error.
 void anotaErro();
 
 }  // namespace cotepe

@@ -1,4 +1,4 @@
-// A text written piece by piece to a file that appears when it is whole.
+// A text written piece by piece to a file that appears when it is complete.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,10 @@
 
 namespace cotepe::programa {
 
-/// Throws Falha where it cannot write, and Interrupcao when a signal came.
+/// Throws Falha when it cannot write, and Interrupcao when a signal came.
 class TextoEmArquivo {
  public:
-  /// `nome` is what messages call it.
+  /// `nome` is its name in messages.
   TextoEmArquivo(const std::string& destino, std::string nome);
 
   void escreve(std::string_view texto) {
@@ -22,10 +22,10 @@ class TextoEmArquivo {
     cheio_ += texto.size();
   }
 
-  /// Bytes given so far.
+  /// Bytes written so far.
   std::uint64_t tamanho() const { return gravados_ + cheio_; }
 
-  /// Brings it to the disk and gives it its name. Once only.
+  /// Flushes it to disk and gives it its name. To be called once.
   void publica(bool substitui);
 
  private:

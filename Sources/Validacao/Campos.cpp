@@ -39,8 +39,8 @@ namespace {
 
 /// What a field must be, beyond its kind.
 struct Exigencia {
-  std::string letras;     // of a flag: what it is one of
-  std::string constante;  // what it holds in every data record; empty for no such thing
+  std::string letras;     // of a flag: the letters that it may be
+  std::string constante;  // what it holds in every data record; empty if nothing fixed
 };
 
 std::string constanteDe(const Campo& campo) {
@@ -88,7 +88,7 @@ class CamposDaLinha final : public Familia {
     }
   }
 
-  // Where the length is wrong, nothing is known to stand in its place.
+  // When the length is wrong, nothing is known to be in its place.
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr || !lido.medidaCerta || lido.vazio) return;
     const std::vector<Exigencia>& exigencias = exigencias_[static_cast<std::size_t>(lido.indice)];

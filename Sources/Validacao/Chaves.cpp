@@ -1,4 +1,4 @@
-// The keys of each register ascend, and its dates go along with them.
+// The keys of each register ascend, and its dates with them.
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -17,7 +17,7 @@ const Regra validacao::kDataRetrocede{"date-backwards", Severidade::Aviso,
 
 namespace {
 
-/// A key as it was read. `bloco` sets apart E13's non-fiscal sums, which stand behind all the others.
+/// A key as it was read. `bloco` separates E13's non-fiscal sums, which come after all the others.
 struct ChaveLida {
   int bloco = 0;
   std::int64_t numero = 0, segundo = 0;
@@ -66,7 +66,8 @@ class SequenciaDeChaves {
     return true;
   }
 
-  // Counters begin again where their digits end, a little before or after when some are of other documents.
+  // Counters start again when they run out of digits, slightly earlier or later when some numbers belong to
+  // other documents.
   bool deuAVolta(const RegistroLido& lido) const {
     std::int64_t limite = 1;
     for (int i = 0; i < lido.campos[numero_.indice()].largura; ++i) limite *= 10;
@@ -113,7 +114,7 @@ class SequenciaDeChaves {
     dataAnterior_ = data;
   }
 
-  // A field of the order; where it has none, its number.
+  // A field of the order; if it has none, its number.
   static Coluna coluna(const Registro& registro, int lugar) {
     const int qual = lugar >= 0 ? lugar : std::max<int>(registro.ordem.numero, 0);
     return {registro, registro.campos[static_cast<std::size_t>(qual)].rotulo};

@@ -37,7 +37,7 @@ std::string semDocumentos(std::int64_t de, std::int64_t ate, int largura) {
                {citado(de, largura), citado(ate, largura)});
 }
 
-/// A counter that goes on by one from record to record of a register.
+/// A counter that advances by one from record to record of a register.
 class Contador {
  public:
   explicit Contador(const Registro& registro, const char* rotulo) : coluna_(registro, rotulo) {}
@@ -73,8 +73,8 @@ class Contador {
   bool conhecido_ = false;
 };
 
-/// The COOs of E14 and E16 as one sequence: those of E14 are kept, those of E16 pass by. Where the counter
-/// began again, or a COO could not be read, the sequence is not known and nothing is said.
+/// The COOs of E14 and E16 as one sequence: those of E14 are kept, those of E16 pass by. If the counter
+/// started again, or a COO could not be read, the sequence is unknown and nothing is reported.
 class Coos {
  public:
   void cupom(const RegistroLido& lido) {
@@ -190,7 +190,7 @@ class RegrasDeContadores final : public Familia {
   void linha(const RegistroLido& lido) override {
     if (lido.registro == nullptr || lido.vazio) return;
     if (lido.registro == &kE12) {
-      crz_.confere(relator_, lido, true);  // under another CRO; else its key is repeated
+      crz_.confere(relator_, lido, true);  // allowed under another CRO; otherwise its key is repeated
     } else if (lido.registro == &kE14) {
       ccf_.confere(relator_, lido, true);  // a repeated key as well
       coos_.cupom(lido);

@@ -1,5 +1,5 @@
-// What one register says that another one says too: E16 of E12 and E19, E10 of itself, E09 of the restarts,
-// E07 of the software, the reduction of its documents' days.
+// What two registers both say: E16 of E12 and E19, E10 of itself, E09 of the restarts, E07 of the software,
+// the reduction of its documents' days.
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -40,7 +40,7 @@ const Regra validacao::kLinhaRepetida{"repeated-line", Severidade::Aviso,
 
 namespace {
 
-constexpr std::size_t kRetidos = 10000;  // findings that are held back; more tell no more
+constexpr std::size_t kRetidos = 10000;  // findings that are held back; more would add nothing
 
 /// A document CN of E16.
 struct Comprovante {
@@ -53,7 +53,7 @@ struct Momento {
   std::string movimento, data, hora;
 };
 
-// Of a day that is possible, AAAAMMDD.
+// Of a possible day, AAAAMMDD.
 std::string diaSeguinte(const std::string& dia) {
   int ano = std::stoi(dia.substr(0, 4)), mes = std::stoi(dia.substr(4, 2)),
       proximo = std::stoi(dia.substr(6)) + 1;
@@ -109,7 +109,7 @@ class RegrasDeCorrespondencias final : public Familia {
     if (lido.registro == &kE21) return estorno(lido);
   }
 
-  // Two users may be registered alike.
+  // Two users may have the same registration.
   void repetida(const RegistroLido& lido) {
     if (lido.registro != nullptr && lido.registro != &kE02 && lido.linha.texto == anterior_)
       relator_.naLinha(validacao::kLinhaRepetida, lido, traduz("the same line as the one before"),
@@ -181,7 +181,7 @@ class RegrasDeCorrespondencias final : public Familia {
     momentos_.push_back(std::move(momento));
   }
 
-  // Under the same CRZ twice nothing is known.
+  // When the same CRZ occurs twice nothing is known.
   const Momento* momentoDe(std::int64_t coo) {
     if (!reducoes_.servem()) return nullptr;
     const ReducaoComTotais* reducao = reducoes_.doDocumento(coo);

@@ -34,7 +34,7 @@ const Regra validacao::kSemDocumento{
 
 namespace {
 
-constexpr std::string_view kTroco = "TROCO";  // the means of payment that stands for change handed back
+constexpr std::string_view kTroco = "TROCO";  // the means of payment for change handed back
 
 struct Documento {
   std::int64_t faltaDeItens = 0;       // cents: the subtotal less the items read so far
@@ -135,7 +135,8 @@ class Cupons {
   }
 
  private:
-  // The coupon that a record belongs to, with its COO and its CCF or GNF; null, and said, when there is none.
+  // The coupon that a record belongs to, with its COO and its CCF or GNF; when there is none, reports it and
+  // returns null.
   Documento* donoDe(Relator& relator, const RegistroLido& lido, const Coluna& colunaCoo,
                     const Coluna& colunaContador, bool& ilegiveis) {
     std::int64_t coo = 0, contador = 0;
@@ -167,7 +168,7 @@ class Cupons {
         traduz("items that add up to it"));
   }
 
-  // What a cancelled coupon was paid with is not looked at: it may have been reversed or not.
+  // The payments of a cancelled coupon are not checked: they may have been reversed or not.
   void conferePagamentos(Relator& relator, const Documento& documento) const {
     const std::int64_t falta = documento.faltaDePagamentos;
     if (falta == 0 || documento.pagamentosIncertos || documento.cancelado) return;

@@ -60,7 +60,7 @@ class RegrasDeFaixa final : public Familia {
   }
 
  private:
-  // The CRZs ascend in the order that E01's first and last ones are found by.
+  // The CRZs ascend in the order in which E01's first and last ones are determined.
   void reducao(const RegistroLido& lido) {
     viuE12_ = true;
     if (lido.vazio) return;

@@ -27,7 +27,7 @@ Achado Relator::novo(const Regra& regra, std::string encontrado, std::string esp
   return achado;
 }
 
-// A rule that is switched off has found something all the same.
+// Even a rule that is switched off has found something.
 bool Relator::fala(const Regra& regra) {
   if (!ligada(regra)) ++achados_;
   return ligada(regra);

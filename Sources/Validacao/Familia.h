@@ -13,16 +13,16 @@
 
 namespace cotepe {
 
-/// A field of a register, from 0 in its list, and where it stands on the line, from 1; by default none.
+/// A field of a register, from 0 in its list, and its position on the line, from 1; none by default.
 struct LugarDoCampo {
   int campo = -1;
   int de = 0, ate = 0;
 };
 
-/// The place of a field of a line, counted from 0 among those that stand on it.
+/// The place of a field of a line, counted from 0 among those on it.
 LugarDoCampo lugarDoCampo(const RegistroLido& lido, std::size_t campo);
 
-/// Makes findings of the rules that are on; what was found and expected is translated already.
+/// Makes findings for the rules that are on; what was found and expected is already translated.
 class Relator {
  public:
   Relator(RecebeAchados& recebe, std::string arquivo, Supressoes desligadas);
@@ -30,18 +30,18 @@ class Relator {
   bool ligada(const Regra& regra) const { return desligadas_.ligada(regra); }
 
   ///@{
-  /// Rules that rest on the whole file are the last to speak: whether all others have spoken, and found
-  /// nothing, since a line that is damaged would be found again by everything that rests on it.
+  /// Rules about the whole file report last: this says whether all others have finished and found nothing,
+  /// since a damaged line would be reported again by every rule that depends on it.
   void encerraPrimeiras() { limpo_ = achados_ == 0; }
   bool limpo() const { return limpo_; }
   ///@}
 
-  /// Gives a finding that was held back.
+  /// Reports a finding that was held back.
   void entrega(const Achado& achado);
-  /// From now on findings go to `onde`, until null is given.
+  /// From now on findings go to `onde`; null ends that.
   void retem(std::vector<Achado>* onde) { retidos_ = onde; }
 
-  /// About a field of a line, counted from 0 among those that stand on it.
+  /// About a field of a line, counted from 0 among those on it.
   void noCampo(const Regra& regra, const RegistroLido& lido, std::size_t campo, std::string encontrado,
                std::string esperado);
   /// About a whole line.
@@ -64,7 +64,7 @@ class Relator {
   bool limpo_ = false;
 };
 
-/// Some rules that look at the same things.
+/// Rules that look at the same things.
 class Familia {
  public:
   virtual ~Familia() = default;
@@ -80,7 +80,7 @@ NovaFamilia regrasDeLinhas, regrasDeOrdem, regrasDeCampos, regrasDeIdentidade, r
     regrasDeContadores, regrasDeTotais, regrasDeTipos, regrasDeDocumentos, regrasDeReducoes, regrasDeFaixa,
     regrasDePosicao, regrasDeTotalizadores, regrasDeCorrespondencias;
 
-/// Texts for findings: cents as 1.234,56, a counter as it would stand in `largura` digits.
+/// Texts for findings: cents as 1.234,56, a counter as written in `largura` digits.
 std::string reais(std::int64_t centavos);
 std::string contadorEscrito(std::int64_t valor, int largura);
 

@@ -34,7 +34,7 @@ class CampoRepetido {
   long primeira_ = 0;
 };
 
-/// The CNPJ of the user: in later lines one of those that E01 has, of several users one each.
+/// The CNPJ of the user: in later lines it is one of those in E01, which has one per user.
 class Cnpjs {
  public:
   void confere(Relator& relator, const RegistroLido& lido, std::size_t campo) {
@@ -54,7 +54,7 @@ class Cnpjs {
   std::vector<std::string> doE01_;
 };
 
-// E01 has a model too, but its own: of several printers the heads have the last one's.
+// E01 has a model too, but its own: with several printers the heads have the last one's.
 class RegrasDeIdentidade final : public Familia {
  public:
   RegrasDeIdentidade(Relator& relator, const Catalogo& catalogo) : relator_(relator) {

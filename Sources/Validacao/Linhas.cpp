@@ -42,7 +42,7 @@ class RegrasDeLinhas final : public Familia {
   }
 
  private:
-  // CR and LF on every line is how a report is delivered; where ends are mixed it is said once.
+  // CR and LF on every line is how a report is delivered; mixed line ends are reported once.
   void confereFim(const RegistroLido& lido) {
     if (lido.linha.numero == 1) comCr_ = lido.linha.comCr;
     if (misturados_ || lido.linha.semFim || lido.linha.comCr == comCr_) return;
@@ -53,7 +53,7 @@ class RegrasDeLinhas final : public Familia {
         comCr_ ? traduz("CR and LF") : traduz("LF alone"));
   }
 
-  // The signature is the end of a report: what follows it is not signed. Said once.
+  // The signature is the end of a report: what follows it is not signed. Reported once.
   void confereDepois(const RegistroLido& lido) {
     if (depois_) return;
     depois_ = true;

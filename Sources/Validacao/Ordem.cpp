@@ -1,4 +1,4 @@
-// Rules about which registers are there, in which order, and where placeholders stand.
+// Rules about which registers are present, in which order, and where placeholders are.
 #include <string>
 #include <vector>
 
@@ -24,7 +24,7 @@ const Regra validacao::kVazio{
 
 namespace {
 
-/// What came of a register. E13 is two: its fiscal totalizers, and its non-fiscal sums.
+/// What was read of a register. E13 counts as two: its fiscal totalizers, and its non-fiscal sums.
 struct Bloco {
   long linhas = 0, vazios = 0;
   long primeira = 0, primeiroVazio = 0;  // line numbers

@@ -20,7 +20,7 @@ void ArquivoTemporario::abre() {
   tentado_ = true;
   try {
     arquivo_ = std::make_unique<ArquivoSemNome>(pastaTemporaria());
-  } catch (const FalhaDeArquivo&) {  // all stays in memory
+  } catch (const FalhaDeArquivo&) {  // everything stays in memory
   }
 }
 

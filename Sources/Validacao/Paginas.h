@@ -1,4 +1,4 @@
-// A list of any length of which little stays in memory.
+// A list of any length that keeps little in memory.
 #pragma once
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace cotepe {
 
 class ArquivoSemNome;
 
-/// A file without a name in TMPDIR, made when something is first written.
+/// A file without a name in TMPDIR, created when something is first written.
 class ArquivoTemporario {
  public:
   ArquivoTemporario();
@@ -20,7 +20,7 @@ class ArquivoTemporario {
   ArquivoTemporario(const ArquivoTemporario&) = delete;
   ArquivoTemporario& operator=(const ArquivoTemporario&) = delete;
 
-  /// False where there is no such file or no room in it.
+  /// Returns false when there is no such file or no room in it.
   bool escreve(std::uint64_t posicao, const void* bytes, std::size_t quantos);
   /// What was written there. Throws std::runtime_error when it cannot be read again.
   void le(std::uint64_t posicao, void* bytes, std::size_t quantos) const;
@@ -32,8 +32,8 @@ class ArquivoTemporario {
   bool tentado_ = false;
 };
 
-/// A list of plain values. Pages of it that were not used of late stand in a temporary file, so that memory
-/// does not grow while it is used about in order; where there is no room for the file, all of it stays in
+/// A list of plain values. Pages not used recently are kept in a temporary file, so that memory does not grow
+/// while the list is accessed roughly sequentially; when there is no room for the file, everything stays in
 /// memory.
 template <class T>
 class Paginas {
@@ -73,7 +73,7 @@ class Paginas {
     atual_ = numero;
   }
 
-  // The page that was opened first goes to the file and gives its room.
+  // The page that was opened first goes to the file to make room.
   std::unique_ptr<T[]> lugarLivre() {
     if (semLugar_ || abertas_.size() < kNaMemoria) return std::make_unique<T[]>(kPorPagina);
     const std::size_t numero = abertas_.front();
@@ -86,7 +86,7 @@ class Paginas {
   }
 
   std::vector<std::unique_ptr<T[]>> paginas_;  // null for those in the file
-  std::vector<bool> guardadas_;                // that were written at some time
+  std::vector<bool> guardadas_;                // that have been written before
   std::vector<std::size_t> abertas_;           // in the order in which they were opened
   std::size_t quantos_ = 0, atual_ = kNenhuma;
   bool semLugar_ = false;

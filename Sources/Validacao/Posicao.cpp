@@ -53,7 +53,7 @@ class RegrasDePosicao final : public Familia {
     }
   }
 
-  // A position of zeros alone is one that the database does not have.
+  // A position of only zeros is one that the database does not have.
   void fim() override {
     if (linha_ == 0 || !alguma_) return;
     for (const auto& doRegistro : maximos_)

@@ -21,7 +21,7 @@ const Regra validacao::kDocumentoDaReducao{
 
 namespace {
 
-/// What the registers say of one reduction, in cents.
+/// What the registers say about one reduction, in cents.
 struct Reducao {
   std::int64_t vendaBruta = 0, fiscais = 0, somaNaoFiscal = 0, naoFiscais = 0;
   std::int64_t coo = 0;  // of E12
@@ -73,7 +73,7 @@ class RegrasDeReducoes final : public Familia {
     if (!reducao.incerta) lugarVenda_ = lugarDoCampo(lido, venda_.indice());
   }
 
-  // The reduction of a record by its CRZ; null, and said, where E12 has none.
+  // The reduction of a record by its CRZ; when E12 has none, reports it and returns null.
   Reducao* daReducao(const RegistroLido& lido, const Coluna& coluna) {
     std::int64_t crz = 0;
     if (!coluna.le(lido, crz)) {

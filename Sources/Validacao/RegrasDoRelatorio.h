@@ -1,4 +1,4 @@
-// The rules that a report is held to. Each is defined, with its words, in the file that applies it.
+// The rules that a report is checked against. Each is defined, with its words, in the file that applies it.
 #pragma once
 
 #include "Achados/Regra.h"

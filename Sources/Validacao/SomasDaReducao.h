@@ -10,8 +10,8 @@
 
 namespace cotepe {
 
-/// A total in cents, and how far it may be off: a discount on a whole coupon is spread over its totalizers
-/// cent by cent, and what was paid for a cancelled coupon may have been given back or not.
+/// A total in cents, and by how much it may be off: a discount on a whole coupon is spread over its
+/// totalizers cent by cent, and what was paid for a cancelled coupon may have been given back or not.
 struct SomaComFolga {
   std::int64_t valor = 0;
   std::int64_t aMenos = 0, aMais = 0;
@@ -27,7 +27,7 @@ struct SomasDaReducao {
   SomaComFolga descontos, acrescimos, cancelamentos;  ///< of fiscal coupons and their items
 };
 
-/// A line with a total, as a register of the reduction has it.
+/// A line with a total, from a register of the reduction.
 struct TotalEscrito {
   std::int64_t valor = 0;
   long linha = 0;
@@ -35,7 +35,7 @@ struct TotalEscrito {
 
 using TotaisEscritos = std::map<std::string, TotalEscrito>;
 
-/// A Z reduction with what its registers say. Memory grows with the reductions, not with the documents.
+/// A Z reduction and what its registers say. Memory grows with the reductions, not with the documents.
 struct ReducaoComTotais {
   std::int64_t coo = 0;  ///< of the reduction itself: its documents come before it
   long linha = 0;        ///< in E12
@@ -43,15 +43,15 @@ struct ReducaoComTotais {
   SomasDaReducao somas;
 };
 
-/// The reductions of a file by their COO; documents find theirs by their own.
+/// The reductions of a file by their COO; documents find theirs by their own COO.
 class ReducoesPorCoo {
  public:
-  /// Adds one. False, and of no use from then on, where COO or CRZ does not ascend.
+  /// Adds one. When COO or CRZ does not ascend, returns false and is unusable from then on.
   bool acrescenta(std::int64_t crz, std::int64_t coo, long linha);
 
   /// Whether documents can be told apart by their COO.
   bool servem() const { return servem_ && !reducoes_.empty(); }
-  /// No total can be compared from now on: something in the file cannot be read.
+  /// Says that no total can be compared from now on, because something in the file cannot be read.
   void invalida() { servem_ = false; }
 
   ///@{

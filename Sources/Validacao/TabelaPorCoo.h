@@ -17,7 +17,8 @@ namespace cotepe {
 template <class Documento>
 class TabelaPorCoo {
  public:
-  /// Adds a document. Another one with its COO stays the one that is found. Valid until the next call.
+  /// Adds a document. If there is already one with its COO, that one is still the one found. Valid until the
+  /// next call.
   Documento& acrescenta(std::uint32_t coo) {
     Documento novo;
     novo.coo = coo;
@@ -39,7 +40,7 @@ class TabelaPorCoo {
     return deslocado == doCoo_.end() ? nullptr : &deslocados_[deslocado->second];
   }
 
-  /// Gives each document to `ve`, in the order in which they came.
+  /// Passes each document to `ve`, in the order in which they came.
   template <class Funcao>
   void paraCada(const Funcao& ve) {
     std::size_t i = 0;
@@ -51,7 +52,7 @@ class TabelaPorCoo {
   }
 
  private:
-  // Most documents are asked for again, or are the next one.
+  // Most lookups are for the same document again, or for the next one.
   Documento* naOrdem(std::uint32_t coo) {
     if (emOrdem_.size() == 0 || coo > maior_ || coo < primeiros_[0]) return nullptr;
     for (const std::size_t perto : {recente_, recente_ + 1}) {
@@ -65,7 +66,7 @@ class TabelaPorCoo {
     return &emOrdem_.em(i);
   }
 
-  // The first one of the COO's page whose COO is no less.
+  // The first one of the COO's page whose COO is not less.
   std::size_t primeiroDe(std::uint32_t coo) {
     const auto depois = std::upper_bound(primeiros_.begin(), primeiros_.end(), coo);
     const auto pagina = static_cast<std::size_t>(depois - primeiros_.begin()) - 1;
@@ -86,7 +87,7 @@ class TabelaPorCoo {
   std::uint32_t maior_ = 0;               // its last COO
   std::size_t recente_ = 0;               // what was found last in it: items of a coupon follow each other
   std::vector<Documento> deslocados_;
-  std::unordered_map<std::uint32_t, std::size_t> doCoo_;  // of them, the first one
+  std::unordered_map<std::uint32_t, std::size_t> doCoo_;  // the first one of them
 };
 
 }  // namespace cotepe

@@ -1,4 +1,4 @@
-// What the kind of a document says about its other fields.
+// What the type of a document says about its other fields.
 #include <string>
 
 #include "Idioma/Idioma.h"
@@ -69,7 +69,7 @@ class RegrasDeTipos final : public Familia {
                        traduz("zeros"));
   }
 
-  // A payment is of a fiscal coupon or of a non-fiscal one.
+  // A payment belongs to a fiscal coupon or to a non-fiscal one.
   void pagamento(const RegistroLido& lido) {
     std::int64_t ccf = 0, gnf = 0;
     if (ccf21_.le(lido, ccf) && gnf21_.le(lido, gnf) && ccf != 0 && gnf != 0)

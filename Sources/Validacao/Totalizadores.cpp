@@ -29,14 +29,14 @@ namespace {
 constexpr const char* kTroco = "TROCO";        // the means of payment for change handed back ...
 constexpr const char* kDinheiro = "DINHEIRO";  // ... which is taken from this one where it has no total
 
-/// What of a coupon or receipt its items and payments need.
+/// What the items and payments of a coupon or receipt need to know about it.
 struct Ajustado {
   std::uint32_t coo = 0, linha = 0;
   std::int64_t desconto = 0, acrescimo = 0;
   bool cancelado = false;
 };
 
-/// The items of the document under way by totalizer or operation, those that are not cancelled.
+/// The items of the current document that are not cancelled, by totalizer or operation.
 struct ItensDoDocumento {
   std::int64_t coo = -1;
   std::map<std::string, std::pair<std::int64_t, std::int64_t>> porNome;  // total, and how many
@@ -131,7 +131,7 @@ class RegrasDeTotalizadores final : public Familia {
     escrito.linha = lido.linha.numero;
   }
 
-  // Adds a coupon or receipt; null, and nothing is compared, where something in it cannot be read.
+  // Adds a coupon or receipt; when something in it cannot be read, returns null and nothing is compared.
   Ajustado* acrescenta(const RegistroLido& lido, Documentos& documentos) {
     std::int64_t coo = 0, desconto = 0, acrescimo = 0;
     const std::string_view cancelado = documentos.cancelado.bytes(lido);
@@ -160,7 +160,7 @@ class RegrasDeTotalizadores final : public Familia {
     if (novo->cancelado) reducao->somas.cancelamentos.valor += total;
   }
 
-  // The detail-tape memory alone has no E12, but each reduction's own document.
+  // A report of the detail-tape memory has no E12, but it has each reduction's own document.
   void documento(const RegistroLido& lido) {
     std::int64_t crz = 0, coo = 0;
     if (viuE12_ || simbolo_.texto(lido) != "RZ") return;
@@ -199,7 +199,7 @@ class RegrasDeTotalizadores final : public Familia {
     if (naoFiscais_.itemCancelado.bytes(lido) != "S") naoFiscais_.itens.soma(operacao_.texto(lido), valor);
   }
 
-  // Adds the items of the document under way to its reduction, with their part of its discount or surcharge.
+  // Adds the items of the current document to its reduction, with their part of its discount or surcharge.
   void fecha(Documentos& documentos) {
     const ItensDoDocumento itens = std::move(documentos.itens);
     documentos.itens = {};
@@ -220,7 +220,7 @@ class RegrasDeTotalizadores final : public Familia {
       const bool repartido = ajuste != 0 && itens.porNome.size() > 1 && subtotal != 0;
       soma.valor += item.first + (repartido ? ajuste * item.first / subtotal : ajuste);
       if (!repartido) continue;
-      soma.aMenos += quantos;  // a cent an item, which one totalizer may have to bear alone
+      soma.aMenos += quantos;  // a cent per item, all of which may fall on one totalizer
       soma.aMais += quantos;
     }
   }
@@ -237,7 +237,7 @@ class RegrasDeTotalizadores final : public Familia {
     (dono->cancelado ? soma.aMais : soma.valor) += valor - estornado;
   }
 
-  // Where change has no total of its own it is taken out of the cash.
+  // If change has no total of its own it is taken out of the cash.
   static SomasPorNome semTroco(const ReducaoComTotais& reducao) {
     SomasPorNome somas = reducao.somas.meios;
     const auto troco = somas.find(kTroco);
@@ -295,7 +295,7 @@ class RegrasDeTotalizadores final : public Familia {
          frase("{1}, the sum in {2}", {reais(soma.valor), parcelas}));
   }
 
-  // A total that is missing is found at its reduction.
+  // A missing total is reported at its reduction.
   void acha(const Regra& regra, const Totais& totais, const ReducaoComTotais& reducao,
             const TotalEscrito& escrito, std::string encontrado, std::string esperado) {
     if (escrito.linha != 0)

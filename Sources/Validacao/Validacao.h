@@ -1,4 +1,4 @@
-// Holds a report to the rules, in one pass.
+// Checks a report against the rules, in one pass.
 #pragma once
 
 #include <functional>
@@ -13,19 +13,19 @@
 
 namespace cotepe {
 
-/// What a validation is told.
+/// The options of a validation.
 struct OpcoesDeValidacao {
   std::string arquivo;            ///< its name in the findings
-  Supressoes desligadas;          ///< rules that are not looked at
+  Supressoes desligadas;          ///< rules that are not applied
   Catalogo catalogo = kCatalogo;  ///< the registers that the lines are read by
 };
 
 /// Reads a report to its end and gives every finding to `recebe`, in one pass: most of them at their line,
 /// those of whole documents and of the whole file at the end.
 ///
-/// Of each coupon of E14 and E19 something is remembered, since its items and payments stand elsewhere in the
-/// file: the last pages of it in memory, the others in a temporary file without a name (in TMPDIR), or in
-/// memory too where there is no room for one.
+/// Something is remembered of each coupon of E14 and E19, since its items and payments are elsewhere in the
+/// file: the most recent pages in memory, the others in a temporary file without a name (in TMPDIR), or in
+/// memory too when there is no room for one.
 ///
 ///   Validacao validador(saida, opcoes);
 ///   LeitorDeLinhas linhas(descritor);
@@ -38,7 +38,7 @@ class Validacao {
   Validacao(const Validacao&) = delete;
   Validacao& operator=(const Validacao&) = delete;
 
-  /// Who else looks at each record before the rules do, so that the file is read once.
+  /// A function that sees each record before the rules do, so that the file is read once.
   using Observa = std::function<void(const RegistroLido& lido, const LeitorDeRegistros& leitor)>;
 
   /// False when the file could not be read to its end (LeitorDeLinhas::erro). To be called once.

@@ -14,8 +14,8 @@ std::string comHifens(const std::string& aaaammdd) {
   return aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2);
 }
 
-// The last day of movement of a report whose E12 does not tell: that of E01's last reduction, which the
-// database knows. E01 itself tells only when that was issued, often after midnight.
+// The last day of movement of a report whose E12 does not show it: that of E01's last reduction, which the
+// database knows. E01 itself shows only when that was issued, often after midnight.
 std::string ultimoMovimento(sqlite3* banco, const AjustesDoRelatorio& lidos) {
   if (lidos.ultimoCrz.empty() || lidos.primeiro.empty() || lidos.ultimaEmissao.empty()) return {};
   Consulta consulta(
@@ -39,7 +39,7 @@ std::string leiauteEmPalavras(const AjusteDoLeiaute& leiaute) {
                {std::to_string(leiaute.versao)});
 }
 
-// A setting and where it comes from. `certo`: no other would do.
+// A setting and where it comes from. `certo`: no other is possible.
 std::string pedidoEmPalavras(const std::string& valor, bool dado, bool certo = true) {
   if (dado) return frase("{1} (given)", {valor});
   return frase(certo ? marca("{1} (derived)") : marca("{1} (taken, it makes no difference)"), {valor});
@@ -63,8 +63,8 @@ std::vector<PedidoDeGeracao> pedidosPossiveis(sqlite3* banco, const AjustesDoRel
   return todos;
 }
 
-// Widths, texts and registers that settings part in show in the lines, and so do the placeholders there are;
-// only those that are missing say nothing to the reader of a line.
+// Differences in widths, texts and registers show in the lines, and so do existing placeholders; only missing
+// ones tell the reader of a line nothing.
 std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<PedidoDeGeracao>& possiveis,
                                          const PedidoDeGeracao& certo, const AjustesDoRelatorio& lidos) {
   std::vector<AjusteDoLeiaute> outros;

@@ -11,7 +11,7 @@ struct sqlite3;
 
 namespace cotepe::programa {
 
-/// What the user says of them; nothing, or an empty command, where it is to be derived.
+/// What the user says about them; nothing, or an empty command, for what is to be derived.
 struct PedidoParcial {
   std::optional<Dia> de, ate;
   std::string comando;
@@ -19,12 +19,13 @@ struct PedidoParcial {
   std::optional<bool> cat52;
 };
 
-/// Those that the report leaves possible and the user's options agree with, the likeliest first; at least
-/// one. The database tells the last day where the report does not.
+/// Those that the report leaves possible and the user's options agree with, the most likely first; at least
+/// one. The database gives the last day if the report does not.
 std::vector<PedidoDeGeracao> pedidosPossiveis(sqlite3* banco, const AjustesDoRelatorio& lidos,
                                               const PedidoParcial& dado);
 
-/// Of settings that give the report to the byte, the others that do too: its lines do not tell them apart.
+/// For settings that reproduce the report byte for byte, the others that do too: its lines do not tell them
+/// apart.
 std::vector<AjusteDoLeiaute> mesmosBytes(const std::vector<PedidoDeGeracao>& possiveis,
                                          const PedidoDeGeracao& certo, const AjustesDoRelatorio& lidos);
 

@@ -1,4 +1,4 @@
-// A report held to the database that it came from.
+// A report verified against the database that it came from.
 #pragma once
 
 #include <string>
@@ -14,25 +14,25 @@ namespace cotepe::programa {
 
 /// What is verified.
 struct OpcoesDaVerificacao {
-  std::string relatorio, banco;  ///< as they were given: the report's file, the database's name
-  Identidade identidade;         ///< of the printer, where the database has none
+  std::string relatorio, banco;  ///< as given: the report's file, the database's name
+  Identidade identidade;         ///< of the printer, if the database has none
   PedidoParcial dado;            ///< what the report was generated with
   bool calado = false;           ///< no progress on stderr
 };
 
-/// Generates the report again, under each of the settings that are possible until one gives the same bytes,
-/// and compares. What it generates stands in a temporary file without a name.
+/// Generates the report again, under each possible setting until one gives the same bytes, and compares. What
+/// it generates is in a temporary file without a name.
 class Verificacao {
  public:
-  /// Chooses the settings: those that leave the fewest differences, the first of them; a report that is right
-  /// needs but one try. Borrows the open database; `lidos` is what the report itself tells. Throws Falha
-  /// where the database gives no whole report, or a file cannot be read or written, and Interrupcao.
+  /// Chooses the settings: the first of those that leave the fewest differences; a correct report needs only
+  /// one try. Borrows the open database; `lidos` is what the report itself shows. Throws Falha when the
+  /// database gives no complete report, or a file cannot be read or written, and Interrupcao.
   Verificacao(OpcoesDaVerificacao opcoes, const AjustesDoRelatorio& lidos, sqlite3* banco);
 
-  /// The settings chosen, in words.
+  /// The chosen settings, in words.
   const std::string& pedidoEmPalavras() const { return emPalavras_; }
 
-  /// Gives each difference from the report generated with them to `recebe`. Throws as the constructor.
+  /// Passes each difference from the report generated with them to `recebe`. Throws as the constructor does.
   void compara(RecebeAchados& recebe) { confronta(pedido_, recebe); }
 
  private:

@@ -6,16 +6,29 @@
 #ifndef COTEPE_SIGN_H
 #define COTEPE_SIGN_H
 
-#ifdef __cplusplus
 /** No function throws. */
+#if defined(__cplusplus) && __cplusplus >= 201103L
 #define COTEPE_SIGN_NOEXCEPT noexcept
-extern "C" {
+#elif defined(__cplusplus)
+#define COTEPE_SIGN_NOEXCEPT throw()
 #else
 #define COTEPE_SIGN_NOEXCEPT
 #endif
 
-/** What the shared library exports. */
+/** What the shared library exports; its own build defines COTEPE_SIGN_EXPORTS. */
+#if defined(_WIN32) && defined(COTEPE_SIGN_EXPORTS)
+#define COTEPE_SIGN_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define COTEPE_SIGN_API __declspec(dllimport)
+#elif defined(__GNUC__)
 #define COTEPE_SIGN_API __attribute__((visibility("default")))
+#else
+#define COTEPE_SIGN_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
 
 /* NOLINTBEGIN(modernize-use-using): C has typedef alone. */
 

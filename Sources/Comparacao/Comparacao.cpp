@@ -106,9 +106,10 @@ std::string nomeDoResto(const LinhaLida& linha, std::string_view resto) {
   return fraseDe("{n} byte {1}", "{n} bytes {1}", static_cast<long long>(quantos), {entreAspas(resto)});
 }
 
-const char* nomeDoFim(const LinhaLida& linha) {
+// As `Lado` leaves a line, in a file whose first line ends with CR and LF, or with LF.
+const char* nomeDoFim(const LinhaLida& linha, bool crlf) {
   if (linha.semFim) return traduz("the end of the file");
-  return linha.comCr ? traduz("CR and LF") : "LF";
+  return linha.comCr != crlf ? traduz("CR and LF") : "LF";
 }
 
 std::string registroComChave(const RegistroLido& lido, long ordem) {
@@ -132,7 +133,7 @@ void Comparacao::Lado::avanca() {
   while (ha && lido.assinatura());
   if (!ha) return;
   if (lido.linha.numero == 1) crlf = lido.linha.comCr;
-  if (crlf) lido.linha.comCr = false;
+  lido.linha.comCr = !lido.linha.semFim && lido.linha.comCr != crlf;
   if (lido.indice >= 0) bloco = static_cast<std::size_t>(lido.indice) + 1;
   ordem = ++ordens[static_cast<std::size_t>(lido.indice) + 1];
 }
@@ -141,6 +142,7 @@ void Comparacao::compara(LeitorDeLinhas& esperado, LeitorDeLinhas& encontrado) {
   Lado a(esperado, opcoes_.catalogo), b(encontrado, opcoes_.catalogo);
   a.avanca();
   b.avanca();
+  crlf_ = b.crlf;
   while (a.ha || b.ha) {
     if (a.ha && b.ha && mesmaLinha(a.lido.linha, b.lido.linha)) {
       ++pares_;
@@ -249,7 +251,7 @@ void Comparacao::confrontaResto(const RegistroLido& esperado, const RegistroLido
            frase("a line of {1} bytes, not all of them compared", {std::to_string(encontrado.linha.tamanho)}),
            fraseDe("{n} byte", "{n} bytes", static_cast<long long>(esperado.linha.tamanho)));
   if (!mesmoFim(esperado.linha, encontrado.linha))
-    aponta(kFimDeLinha, nomeDoFim(encontrado.linha), nomeDoFim(esperado.linha));
+    aponta(kFimDeLinha, nomeDoFim(encontrado.linha, crlf_), nomeDoFim(esperado.linha, crlf_));
 }
 
 // Both sides are read in their order, so that pairs which are in order come in order.

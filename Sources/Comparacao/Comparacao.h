@@ -16,7 +16,7 @@ namespace cotepe {
 /// yet; none when the files are equal, at most the records of one register when nothing matches.
 ///
 /// A report as it is delivered is the same as the plain one: CR and LF throughout and the EAD line are
-/// ignored.
+/// ignored. A line that ends differently from the first one of its file is not.
 ///
 /// Each difference is one finding about the second report. Its rule: "field", "missing" and "added" (a whole
 /// record), "line" (bytes after the last field, or too many to compare), "line-end", "order" (a record out of
@@ -54,12 +54,13 @@ class Comparacao {
   struct Lado {
     Lado(LeitorDeLinhas& linhas, const Catalogo& catalogo)
         : registros(linhas, catalogo), ordens(catalogo.size() + 1), pendentes(catalogo.size() + 1) {}
+    /// To the next record; of its line, comCr is set only when it ends differently from the first one.
     void avanca();
 
     LeitorDeRegistros registros;
     RegistroLido lido;
     bool ha = true;
-    bool crlf = false;      // every line has CR and LF, as delivered: no difference of the lines
+    bool crlf = false;      // the first line ends with CR and LF, as delivered
     std::size_t bloco = 0;  // from 1: the register of the line, or of the line before where it has none
     long ordem = 0;         // of the record in its register
     int adiante = 0;        // how many lines were taken while the other side was in an earlier register
@@ -80,6 +81,7 @@ class Comparacao {
 
   RecebeAchados& saida_;
   Opcoes opcoes_;
+  bool crlf_ = false;  // as that of the second report
   long pares_ = 0;
   long soLarguras_ = 0;
   long ultimaEsperada_ = 0, ultimaEncontrada_ = 0;  // greatest line numbers of the pairs so far

@@ -3,13 +3,16 @@
 
 #include <string>
 
-#include "Achados/Achado.h"
+#include "Achados/Regra.h"
 #include "Leitor/LeitorDeRegistros.h"
 
 namespace cotepe::programa {
 
-/// Finds, under the rule "delivery", what is not as the law has it: CR and LF on every line, the EAD line
-/// with its 256 digits last, and the name of the file.
+/// The rule of that form, which is looked at only where it is asked for.
+extern const Regra kEntrega;
+
+/// Finds, under that rule, what is not as the law has it: CR and LF on every line, characters of ASCII, the
+/// EAD line with its 256 digits last, and the name of the file. Line ends and characters are said once.
 class FormaEntregue {
  public:
   FormaEntregue(RecebeAchados& saida, std::string arquivo);
@@ -19,12 +22,13 @@ class FormaEntregue {
   void fim();
 
  private:
-  void acha(long linha, std::string encontrado, std::string esperado);
+  void confereAssinatura(const RegistroLido& lido);
+  void acha(long linha, std::string encontrado, std::string esperado, const char* conserto = nullptr);
 
   RecebeAchados& saida_;
   std::string arquivo_;
   long ultima_ = 0;
-  bool lf_ = false, assinada_ = false;
+  bool lf_ = false, naoAscii_ = false, assinada_ = false;
 };
 
 }  // namespace cotepe::programa

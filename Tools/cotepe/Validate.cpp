@@ -1,4 +1,6 @@
 // cotepe validate: a report held to the rules.
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "Comandos.h"
@@ -19,39 +21,51 @@ struct OpcoesDoValidate {
   bool entregue = false;
 };
 
+// The rules of reports, and behind them that of the delivered form.
+struct TodasAsRegras {
+  static constexpr std::size_t kDosRelatorios = std::size(validacao::kRegras);
+
+  TodasAsRegras() { *std::copy_n(validacao::kRegras, kDosRelatorios, lista) = &kEntrega; }
+
+  const Regra* lista[kDosRelatorios + 1];
+};
+
 std::string diaParaPessoas(const std::string& aaaammdd) {
   return Dia::le(aaaammdd.substr(0, 4) + '-' + aaaammdd.substr(4, 2) + '-' + aaaammdd.substr(6, 2))
       ->paraPessoas();
 }
 
 // What a report without findings is.
-std::string emOrdem(const std::string& nome, const Validacao& validacao, const Supressoes& desligadas) {
+std::string emOrdem(const std::string& nome, const Validacao& validacao, Regras regras,
+                    const Supressoes& desligadas) {
   const AjustesDoRelatorio& ajustes = validacao.ajustes();
-  const std::string texto =
-      frase("{1}: OK, {2}, {3}, {4}, layout {5}",
-            {nome, fraseDe("{1} record", "{1} records", validacao.linhas(), {contado(validacao.linhas())}),
-             quantasRegras(validacao::kRegras, desligadas), ajustes.comando,
-             std::to_string(ajustes.leiautes.front().versao)});
+  const std::string texto = frase(
+      "{1}: OK, {2}, {3}, {4}, layout {5}",
+      {nome, fraseDe("{1} record", "{1} records", validacao.linhas(), {contado(validacao.linhas())}),
+       quantasRegras(regras, desligadas), ajustes.comando, std::to_string(ajustes.leiautes.front().versao)});
   if (ajustes.primeiro.empty()) return texto;
   return frase("{1}, {2} to {3}", {texto, diaParaPessoas(ajustes.primeiro), diaParaPessoas(ajustes.ultimo)});
 }
 
 void executa(const OpcoesDoValidate& opcoes) {
-  if (opcoes.achados.regras) return listaRegras(validacao::kRegras);
+  const TodasAsRegras todas;
+  if (opcoes.achados.regras) return listaRegras(todas.lista);
   if (opcoes.arquivo.empty())
     throw Falha(kUsoErrado, traduz("FILE is missing; name a report, or - for stdin"));
-  const Supressoes desligadas = regrasDesligadas(opcoes.achados, validacao::kRegras, "validate");
+  const Supressoes desligadas = regrasDesligadas(opcoes.achados, todas.lista, "validate");
+  const bool entregue = opcoes.entregue && desligadas.ligada(kEntrega);
   RelatorioLido relatorio(opcoes.arquivo);
   std::string certo;
   const long total = imprimeAchados(opcoes.achados, [&](RecebeAchados& saida) {
     FormaEntregue forma(saida, relatorio.nome());
     const auto observa = [&](const RegistroLido& lido, const LeitorDeRegistros& /*leitor*/) {
-      if (opcoes.entregue) forma.linha(lido);
+      if (entregue) forma.linha(lido);
     };
     Validacao validacao(saida, {relatorio.nome(), desligadas});
     validacao.valida(relatorio.linhas(), observa);
-    if (opcoes.entregue) forma.fim();
-    certo = emOrdem(relatorio.nome(), validacao, desligadas);
+    if (entregue) forma.fim();
+    certo =
+        emOrdem(relatorio.nome(), validacao, entregue ? Regras(todas.lista) : validacao::kRegras, desligadas);
   });
   relatorio.confereLeitura();
   if (total > 0)

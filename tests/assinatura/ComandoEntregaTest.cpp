@@ -1,6 +1,7 @@
 // generate --deliver, and the commands that read what it makes.
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 
 #include "CenaDeAssinatura.h"
 #include "Chaves.h"
@@ -91,6 +92,61 @@ TEST_F(Entrega, ValidateHoldsAReportToTheFormWhenAsked) {
                              "delivery: found another line at the end, expected the EAD line last",
                              "delivery: found r.txt, expected a name as COMMANDserial_yyyymmdd_hhmmss.TXT"})
     EXPECT_NE(dito.find(achado), std::string::npos) << achado << '\n' << dito;
+}
+
+// What the rule alone says of a report that is called `nome_`, each line from its number on.
+std::string ditoDaRegra(const Fim& fim, const std::string& nome) {
+  std::string dito;
+  std::istringstream linhas(fim.saida);
+  for (std::string linha; std::getline(linhas, linha);)
+    if (linha.find(" delivery: ") != std::string::npos) dito += linha.substr(nome.size()) + '\n';
+  return dito;
+}
+
+TEST_F(Entrega, EachPartOfTheFormIsFoundMissingAlone) {
+  EXPECT_EQ(gera({"--deliver", "d", "--key", "k.pem", "--quiet"}).situacao, 0);
+  const std::string certo = entregue();
+  const std::string ultima = std::to_string(std::count(certo.begin(), certo.end(), '\n'));
+  const std::string assina = " (cotepe sign brings a report to that form)\n";
+  const auto dito = [&](const std::string& texto, const std::string& nome) {
+    escreveArquivo(em(nome), texto);
+    EXPECT_EQ(ditoDaRegra(comando({"validate", nome, "--delivered", "--disable", "delivery"}), nome), "");
+    EXPECT_EQ(ditoDaRegra(comando({"validate", nome}), nome), "");
+    return ditoDaRegra(comando({"validate", nome, "--delivered"}), nome);
+  };
+  EXPECT_EQ(dito(certo, nome_), "");
+  std::string texto = certo;
+  EXPECT_EQ(dito(texto.erase(texto.find('\r'), 1), nome_),
+            ":1: error delivery: found a line that does not end with CR and LF, as maybe others, expected CR "
+            "and LF" +
+                assina);
+  texto = certo;
+  texto[texto.find("MODELO")] = '\xD3';
+  EXPECT_EQ(dito(texto, nome_),
+            ":1: error delivery: found a line with characters that are not ASCII, as maybe others, expected "
+            "ASCII alone (cotepe explain --db shows the rows behind it)\n");
+  texto = certo;
+  EXPECT_EQ(dito(texto.erase(texto.size() - 3, 1), nome_),
+            ':' + ultima +
+                ": error delivery: found 255 hexadecimal digits, expected EAD and 256 hexadecimal digits" +
+                assina);
+  EXPECT_EQ(dito(certo + "E21\r\n", nome_),
+            ':' + std::to_string(std::stol(ultima) + 1) +
+                ": error delivery: found another line at the end, expected the EAD line last" + assina);
+  EXPECT_EQ(dito(certo, "x.txt"),
+            ": error delivery: found x.txt, expected a name as COMMANDserial_yyyymmdd_hhmmss.TXT" + assina);
+}
+
+TEST_F(Entrega, TheFormIsARuleLikeTheOthers) {
+  const std::string regras = comando({"validate", "--rules"}).saida;
+  EXPECT_NE(regras.find("\ndelivery "), std::string::npos);
+  EXPECT_NE(regras.find("error    With --delivered: CR and LF on every line, ASCII alone, the EAD line last, "
+                        "and the law's name of the file.\n"),
+            std::string::npos)
+      << regras;
+  EXPECT_EQ(comando({"validate", "r.txt", "--disable", "deliver"}).erros,
+            "cotepe: error: --disable: unknown rule deliver (did you mean delivery?); see cotepe validate "
+            "--rules\n");
 }
 
 }  // namespace

@@ -198,6 +198,32 @@ TEST(Comparacao, LineEndsAreCompared) {
       << textos[0];
 }
 
+// With CR and LF on every line but one.
+std::string comCrLf(Relatorio relatorio, int menos = 0) {
+  const std::string texto = relatorio.texto();
+  std::string saida;
+  int linha = 1;
+  for (const char c : texto) {
+    if (c == '\n' && linha++ != menos) saida += '\r';
+    saida += c;
+  }
+  return saida;
+}
+
+TEST(Comparacao, LineEndsOfADeliveredReportAreNoDifferenceButALoneOneIs) {
+  const std::string plano = Relatorio::bom().texto(), pronto = comCrLf(Relatorio::bom()),
+                    misto = comCrLf(Relatorio::bom(), 7);
+  EXPECT_EQ(diferencas(plano, pronto), Textos());
+  EXPECT_EQ(diferencas(pronto, plano), Textos());
+  EXPECT_EQ(diferencas(misto, misto), Textos());
+  const Textos umLf = {"b.txt:7: error line-end E09: found LF, expected CR and LF (CRO 1; line 7 of a.txt)"};
+  EXPECT_EQ(diferencas(plano, misto), umLf);
+  EXPECT_EQ(diferencas(pronto, misto), umLf);
+  EXPECT_EQ(diferencas(misto, pronto),
+            Textos{"b.txt:7: error line-end E09: found CR and LF, expected LF (CRO 1; line 7 of a.txt)"});
+  EXPECT_EQ(diferencas(plano.substr(0, plano.size() - 1), pronto.substr(0, pronto.size() - 2)), Textos());
+}
+
 TEST(Comparacao, ALineOfNoRegisterIsAddedAndItsRecordMissing) {
   Relatorio r = Relatorio::bom();
   r.troca(kPrimeiroE14, 1, "E14", "X14");

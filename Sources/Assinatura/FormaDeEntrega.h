@@ -87,20 +87,19 @@ class FormaDeEntrega {
   void estranha(Estranheza qual);
 
   FinsDeLinha fins_;
+  Estranheza estranheza_ = Estranheza::Nenhuma;
+  bool tiraBom_ = false, semFim_ = false, bom_ = false;
+  bool dentro_ = false;    // more of the pending line was passed on already
+  bool guardada_ = false;  // `ultima_` may be the last line, and was not passed on
+  bool guardadaComCr_ = false, guardadaComLf_ = false;
   Destino destino_;
   AoAcharEad aoAcharEad_;
-  bool tiraBom_ = false;
   std::string bloco_;
   std::string pendente_;       // the beginning of a line whose end has not arrived yet
-  bool dentro_ = false;        // part of that line has been passed on already
   std::uint64_t posicao_ = 0;  // in the file, of the line being read
   std::uint64_t adiante_ = 0;  // of that line, the bytes passed on already
-  bool guardada_ = false;      // `ultima_` may be the last line and has not been passed on
-  bool guardadaComCr_ = false, guardadaComLf_ = false;
   long linhas_ = 0, comLf_ = 0, comCrLf_ = 0, eads_ = 0, linhaEstranha_ = 0;
-  bool semFim_ = false, bom_ = false;
   EadLida primeira_, ultima_;
-  Estranheza estranheza_ = Estranheza::Nenhuma;
 };
 
 /// Gives all bytes to `forma`. Throws ErroDaAssinatura (Leitura) and what `le` throws.

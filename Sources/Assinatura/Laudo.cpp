@@ -172,13 +172,11 @@ class Exame {
   bool confronta(const Ead& ead, const ResumoMd5& resumo) {
     if (ead.resumo == resumo) return true;
     if (formas_.empty()) leOutrasFormas(ead);
-    for (const OutraForma& forma : formas_) {
-      if (forma.resumo != resumo) continue;
-      if (forma.fins != FinsDeLinha::ComoEstao) nota(Diagnostico::FinsDeLinha);
-      outraForma_ = true;
-      return true;
-    }
-    return false;
+    const auto forma = std::find_if(formas_.begin(), formas_.end(),
+                                    [&](const OutraForma& outra) { return outra.resumo == resumo; });
+    if (forma == formas_.end()) return false;
+    if (forma->fins != FinsDeLinha::ComoEstao) nota(Diagnostico::FinsDeLinha);
+    return outraForma_ = true;
   }
 
   void leOutrasFormas(const Ead& ead) {

@@ -10,7 +10,7 @@ template <std::size_t N>
 void poe(std::string_view digitos, std::array<std::uint8_t, N>& numero) {
   std::size_t meio = 2 * N - digitos.size();
   for (const char c : digitos) {
-    const int valor = valorDoDigito(c) << (meio % 2 == 0 ? 4 : 0);
+    const unsigned valor = static_cast<unsigned>(valorDoDigito(c)) << (meio % 2 == 0 ? 4U : 0U);
     numero[meio / 2] = static_cast<std::uint8_t>(numero[meio / 2] | valor);
     ++meio;
   }

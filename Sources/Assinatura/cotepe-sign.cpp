@@ -103,7 +103,7 @@ using Arquivo = std::shared_ptr<std::FILE>;
 Arquivo abre(const std::string& caminho, const char* modo) {
   std::FILE* aberto = abreFluxo(caminho, modo);
   if (aberto == nullptr) throw NaoAbre();
-  std::setvbuf(aberto, nullptr, _IONBF, 0);  // blocks come as they are
+  static_cast<void>(std::setvbuf(aberto, nullptr, _IONBF, 0));  // blocks come as they are
   return {aberto, std::fclose};
 }
 
@@ -146,7 +146,8 @@ int cotepe_sign_open_private(const char* file, const char* passphrase, cotepe_si
       return passphrase != nullptr;
     });
     auto publica = privada.publica();
-    *key = new cotepe_sign_key{std::move(privada), std::move(publica)};
+    *key =
+        std::make_unique<cotepe_sign_key>(cotepe_sign_key{std::move(privada), std::move(publica)}).release();
   });
 }
 
@@ -156,7 +157,8 @@ int cotepe_sign_open_public(const char* file, cotepe_sign_key** key) noexcept {
   if (file == nullptr) return COTEPE_SIGN_BAD_ARGUMENT;
   return resultado([&] {
     const TextoDeChave texto(file);
-    *key = new cotepe_sign_key{std::nullopt, ChavePublica::le(texto.texto())};
+    *key = std::make_unique<cotepe_sign_key>(cotepe_sign_key{std::nullopt, ChavePublica::le(texto.texto())})
+               .release();
   });
 }
 

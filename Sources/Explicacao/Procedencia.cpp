@@ -60,7 +60,7 @@ class Procurador {
 
   Procedencia doAjuste(const Campo& campo) const {
     if (campo.origem.coluna < 0) return {{}, traduz("the command that the report was made with")};
-    const auto coluna = static_cast<std::size_t>(campo.origem.coluna);
+    const std::size_t coluna = static_cast<std::uint8_t>(campo.origem.coluna);
     const Fila& fila = identidade_.filas[coluna];
     if (fila.empty()) return {{}, traduz("the application: the database does not know it")};
     return procuraNo({kConsultaDaIdentidade, &fila, coluna, 1});
@@ -80,7 +80,7 @@ class Procurador {
   Alvo daConsulta(std::size_t i) const {
     const Campo& campo = *lido_.campos[i].campo;
     if (!campo.origem.deColuna()) return doCodigo(i);
-    const auto coluna = static_cast<std::size_t>(campo.origem.coluna);
+    const std::size_t coluna = static_cast<std::uint8_t>(campo.origem.coluna);
     if (const int maximo = maximoDe(campo); maximo >= 0) return daLinha(maximo, 0, 0);
     const bool deCada = campo.origem.consulta == Origem::kDeCadaConsulta;
     return daLinha(deCada ? rastro_.ultimaConsulta() : campo.origem.consulta, coluna, turno(i));
@@ -109,8 +109,9 @@ class Procurador {
 
   // The query whose maximum takes precedence over the field's own column; below 0 for none.
   int maximoDe(const Campo& campo) const {
-    for (int consulta = campo.maximos; consulta > 0 && consulta < static_cast<int>(Registro::kConsultas);
-         ++consulta) {
+    if (campo.maximos <= 0) return -1;
+    for (int consulta = static_cast<std::uint8_t>(campo.maximos);
+         consulta < static_cast<int>(Registro::kConsultas); ++consulta) {
       const std::vector<Fila>& maximo = rastro_.filas(consulta);
       if (!maximo.empty() && !maximo[0][0].empty() &&
           maximo[0][0].size() <= static_cast<std::size_t>(campo.largura))

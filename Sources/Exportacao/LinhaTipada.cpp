@@ -79,7 +79,7 @@ bool LinhaTipada::leCampo(const RegistroLido& lido, std::size_t campo, ValorTipa
       celula.texto = bytes;
       return true;
     case Tipo::Decimal: {
-      const auto casas =
+      const auto* const casas =
           std::find_if(lido.campos, lido.campos + lido.quantos,
                        [&coluna](const CampoLido& outro) { return outro.numero == coluna.casas + 1; });
       celula.casas = casas != lido.campos + lido.quantos && casas->em(lido.linha.texto) == "3" ? 3 : 2;

@@ -118,7 +118,7 @@ class Planilha {
 
   void dia(lxw_worksheet* folha, lxw_row_t linha, lxw_col_t coluna, std::string_view iso) {
     const auto numero = [&iso](std::size_t onde, std::size_t quantos) {
-      return std::atoi(std::string(iso.substr(onde, quantos)).c_str());
+      return static_cast<int>(std::strtol(std::string(iso.substr(onde, quantos)).c_str(), nullptr, 10));
     };
     if (numero(0, 4) < 1900)  // which a spreadsheet cannot represent
       return confere(worksheet_write_string(folha, linha, coluna, std::string(iso).c_str(), nullptr));

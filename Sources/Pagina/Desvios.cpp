@@ -1,6 +1,7 @@
 #include "Pagina/Desvios.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdlib>
 
@@ -21,7 +22,7 @@ std::int64_t mediana(std::vector<std::int64_t>& valores) {
 
 std::int64_t proporcaoDe(std::int64_t parte, std::int64_t bruta) {
   if (bruta <= 0) return 0;
-  return static_cast<std::int64_t>(static_cast<double>(parte) / static_cast<double>(bruta) * 10000.0 + 0.5);
+  return std::llround(static_cast<double>(parte) / static_cast<double>(bruta) * 10000.0);
 }
 
 std::int64_t limiteDosDesvios(std::vector<std::int64_t> proporcoes) {

@@ -31,8 +31,7 @@ std::string horaDe(std::string_view bytes) {
 
 }  // namespace
 
-Pedaco DocumentosDaPagina::pedacoDe(const RegistroLido& lido, std::int64_t chave,
-                                    std::string_view dia) const {
+Pedaco DocumentosDaPagina::pedacoDe(const RegistroLido& lido, std::int64_t chave, std::string_view dia) {
   Pedaco pedaco;
   pedaco.chave = chave;
   pedaco.linha = lido.linha.numero;

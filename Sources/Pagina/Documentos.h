@@ -44,7 +44,7 @@ class DocumentosDaPagina {
   void poeResto(const RegistroLido& lido);
   void poeDetalhes(const RegistroLido& lido, std::initializer_list<const Coluna*> mostradas);
   void abreLinha(const RegistroLido& lido, bool cancelado);
-  Pedaco pedacoDe(const RegistroLido& lido, std::int64_t chave, std::string_view dia) const;
+  static Pedaco pedacoDe(const RegistroLido& lido, std::int64_t chave, std::string_view dia);
 
   bool mascara_;
   Fita cupons_, outros_, naoFiscais_;          // summary, a NUL, details

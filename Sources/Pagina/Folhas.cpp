@@ -50,7 +50,7 @@ void Folhas::marca(long linha) {
 }
 
 std::string Folhas::endereco(long linha) const {
-  const std::string ancora = "#l" + std::to_string(linha);
+  std::string ancora = "#l" + std::to_string(linha);
   if (!dividida()) return ancora;
   const auto achada = achadas_.find(linha);
   return achada == achadas_.end() ? "" : achada->second + ancora;

@@ -134,7 +134,7 @@ std::string percentual(std::int64_t centesimos) {
 }
 
 std::string dataDe(std::string_view digitos) {
-  const std::string d(digitos);
+  std::string d(digitos);
   if (!soDigitos(d)) return d;
   if (d.size() == 8) return d.substr(6, 2) + '/' + d.substr(4, 2) + '/' + d.substr(0, 4);
   if (d.size() == 6) return d.substr(4, 2) + '/' + d.substr(0, 4);

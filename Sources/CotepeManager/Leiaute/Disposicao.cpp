@@ -35,10 +35,10 @@ class Dispositor {
   }
 
   void poeGrupo(Campos lista, const Grupo& grupo, int vezes, std::size_t limite) {
-    const auto primeiro = static_cast<std::size_t>(grupo.primeiro);
-    const auto quantos = static_cast<std::size_t>(grupo.quantos);
+    const std::size_t primeiro = static_cast<std::uint8_t>(grupo.primeiro);
+    const std::size_t quantos = static_cast<std::uint8_t>(grupo.quantos);
     if (vezes == 0) {
-      const auto ficam = static_cast<std::size_t>(grupo.semNenhuma);
+      const std::size_t ficam = static_cast<std::uint8_t>(grupo.semNenhuma);
       return poe(lista, primeiro + quantos - ficam, ficam);
     }
     int postas = 0;
@@ -79,11 +79,11 @@ class Repetidor {
   Repetidor(const Registro& registro, const AjusteDoLeiaute& ajuste) : registro_(registro) {
     for (; quantos_ < Registro::kGrupos && registro.grupos[quantos_].quantos != 0; ++quantos_) {
       const Grupo& grupo = registro.grupos[quantos_];
-      const Campos campos = registro.campos.trecho(static_cast<std::size_t>(grupo.primeiro),
-                                                   static_cast<std::size_t>(grupo.quantos));
+      const Campos campos = registro.campos.trecho(static_cast<std::uint8_t>(grupo.primeiro),
+                                                   static_cast<std::uint8_t>(grupo.quantos));
       larguras_[quantos_] = comprimento(campos, ajuste.versao, ajuste.cat52);
       semNenhuma_[quantos_] =
-          comprimento(campos.trecho(campos.size() - static_cast<std::size_t>(grupo.semNenhuma)),
+          comprimento(campos.trecho(campos.size() - static_cast<std::uint8_t>(grupo.semNenhuma)),
                       ajuste.versao, ajuste.cat52);
     }
   }
@@ -127,11 +127,11 @@ void dispoe(Disposicao& disposicao, const Registro& registro, const AjusteDoLeia
   std::size_t posto = 0;
   for (std::size_t g = 0; g < Registro::kGrupos && registro.grupos[g].quantos != 0; ++g) {
     const Grupo& grupo = registro.grupos[g];
-    const auto primeiro = static_cast<std::size_t>(grupo.primeiro);
+    const std::size_t primeiro = static_cast<std::uint8_t>(grupo.primeiro);
     dispositor.poe(registro.campos, posto, primeiro - posto);
     const bool cresce = grupo.vezes == Grupo::Vezes::Registros;
     dispositor.poeGrupo(registro.campos, grupo, vezes[g], cresce ? limite : kSemLimite);
-    posto = primeiro + static_cast<std::size_t>(grupo.quantos);
+    posto = primeiro + static_cast<std::uint8_t>(grupo.quantos);
   }
   dispositor.poe(registro.campos, posto, registro.campos.size() - posto);
 }

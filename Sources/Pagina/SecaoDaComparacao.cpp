@@ -12,8 +12,8 @@ namespace {
 
 std::string variacao(std::int64_t de, std::int64_t para) {
   if (de == 0) return para == 0 ? "" : "\xE2\x80\x94";
-  const std::int64_t diferenca = static_cast<std::int64_t>(
-      (static_cast<double>(para) - static_cast<double>(de)) / std::abs(static_cast<double>(de)) * 10000.0);
+  const auto diferenca = static_cast<std::int64_t>((static_cast<double>(para) - static_cast<double>(de)) /
+                                                   std::abs(static_cast<double>(de)) * 10000.0);
   return (diferenca > 0 ? "+" : "") + percentual(diferenca);
 }
 

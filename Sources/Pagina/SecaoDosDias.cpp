@@ -94,6 +94,7 @@ std::string tabelaDosMeses(const ResumoDoRelatorio& resumo, const std::map<std::
 std::vector<Barra> barras(const ResumoDoRelatorio& resumo,
                           const std::map<std::string, Movimento>& movimentos) {
   std::vector<Barra> todas;
+  todas.reserve(movimentos.size());
   for (const auto& [quando, movimento] : movimentos)
     todas.push_back({dataDe(quando), vendasDe(resumo, movimento).bruta, ""});
   return todas;

@@ -49,7 +49,7 @@ std::string meios(const ResumoDoRelatorio& resumo) {
 }
 
 std::string impostos(const ResumoDoRelatorio& resumo) {
-  const std::size_t e13 = static_cast<std::size_t>(kCatalogo.indiceDe("E13"));
+  const auto e13 = static_cast<std::size_t>(kCatalogo.indiceDe("E13"));
   const bool dasReducoes = resumo.registros[e13] > resumo.vazios[e13];
   std::vector<Barra> barras;
   std::string linhas;

@@ -1,6 +1,6 @@
 /// @file
-/// What the application knows of the printer: terminated texts, empty when unknown. The database goes before
-/// them.
+/// What the application knows about the printer: terminated texts, empty when unknown. The database takes
+/// precedence over them.
 #pragma once
 
 extern char g_Serial[30];    ///< serial number

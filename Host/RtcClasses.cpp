@@ -10,7 +10,7 @@ struct Parte {
   int valor;
 };
 
-// Zero-filled to the width of the mark.
+// Zero-filled to the width of the placeholder.
 char* escreveNumero(char* out, int valor, std::size_t largura) {
   for (std::size_t i = largura; i-- > 0; valor /= 10) out[i] = static_cast<char>('0' + valor % 10);
   return out + largura;

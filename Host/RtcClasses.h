@@ -4,7 +4,7 @@
 
 #include <ctime>
 
-/// A date and time of the calendar; all zero until it is loaded.
+/// A calendar date and time; all zeros until it is loaded.
 class RtcAbsoluteTime {
  public:
   RtcAbsoluteTime() = default;
@@ -12,9 +12,9 @@ class RtcAbsoluteTime {
   /// Loads the system's current date and time, in local time.
   void GetCurrentDateTime();
 
-  /// Writes the date by its pattern, one blank, the time by its pattern, and a terminator. In the date yyyy,
-  /// mm and dd, in the time hh, mm and ss stand for zero-filled numbers of that width; any other character
-  /// stands for itself. `out` holds the length of both patterns and 2 bytes.
+  /// Writes the date in its pattern, one blank, the time in its pattern, and a terminator. yyyy, mm and dd in
+  /// the date and hh, mm and ss in the time become zero-filled numbers of that width; any other character is
+  /// copied. `out` must have room for both patterns plus 2 bytes.
   void ToStrDateTime(char* dateFormat, char* timeFormat, char* out);
 
  private:

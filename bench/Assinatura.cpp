@@ -1,4 +1,4 @@
-// How fast a report is signed, beside md5sum over the same file, and the memory that it needs:
+// How fast a report is signed, compared with md5sum over the same file, and the memory that it needs:
 //   assinatura [MEGABYTES [FOLDER]]
 #include <openssl/evp.h>
 #include <openssl/pem.h>

@@ -1,5 +1,5 @@
-// The rival: the engine of Leiaute/Composicao.h as the printf family writes it. A program that links this
-// file has it in place of the library's; lists, queries and stream are the same, so the difference is the
+// The rival: the engine of Leiaute/Composicao.h written with the printf family. A program that links this
+// file uses it instead of the library's; lists, queries and stream are the same, so the difference is the
 // writing of the fields.
 #include <algorithm>
 #include <cstdio>
@@ -37,7 +37,7 @@ int larguraDe(const Campo& campo, const Execucao& execucao) {
   return campo.largura == Campo::kLarguraDoContador ? execucao.ajustes().larguraDoContador : campo.largura;
 }
 
-// Without the clearing of the rest that fixed buffers usually get: the rival is given that.
+// Without clearing the rest, as is usual for fixed buffers: that is in the rival's favour.
 void copia(char* destino, const char* texto) {
   const std::size_t tamanho = strnlen(texto, kTexto - 1);
   std::memcpy(destino, texto, tamanho);
@@ -129,7 +129,7 @@ bool chega(Linha& linha, const Campo& campo, const Execucao& execucao) {
   return true;
 }
 
-// A record of the fixed size, cleared as the printing into it supposes.
+// A record of the fixed size, cleared as printing into it requires.
 void zera(Linha& linha) {
   linha.limpa();
   std::memset(linha.espaco(kRegistro), 0, kRegistro);

@@ -19,8 +19,8 @@
 
 namespace {
 
-// Nanoseconds that passed, and those that the process itself worked: what others do on the machine shows in
-// the first and hardly in the second.
+// Elapsed nanoseconds, and those of CPU time: other work on the machine shows in the first and hardly in the
+// second.
 struct Tempo {
   long long decorrido = 0;
   long long trabalhado = 0;
@@ -52,7 +52,7 @@ struct Pedido {
   const char* inicial;  // DDMMYYYY
   const char* final;
   const char* arquivo;
-  std::vector<std::string> preparo;  // of the handle, each one alone a case to measure
+  std::vector<std::string> preparo;  // of the handle, each one a case to measure by itself
 };
 
 struct Medida {
@@ -112,7 +112,7 @@ void referencia(sqlite3* banco, const Pedido& pedido) {
   if (!arquivo.flush()) throw std::runtime_error("the report cannot be written");
 }
 
-// Peak of the process's resident memory, in KiB. Not getrusage: that one starts at the size of the parent.
+// Peak of the process's resident memory, in KiB. Not getrusage, which starts at the size of the parent.
 long picoDeMemoria() {
   std::ifstream estado("/proc/self/status");
   for (std::string linha; std::getline(estado, linha);)
@@ -120,7 +120,7 @@ long picoDeMemoria() {
   return 0;
 }
 
-// Times are [elapsed, worked], memory in KiB.
+// Times are [elapsed, CPU], memory in KiB.
 void imprime(const Medida& medida) {
   std::printf("{\"ns\": [%lld, %lld], \"kib\": %ld, \"sqlite_kib\": %lld, \"registros\": {",
               medida.total.decorrido, medida.total.trabalhado, picoDeMemoria(),
@@ -134,7 +134,7 @@ void imprime(const Medida& medida) {
   std::printf("}}\n");
 }
 
-// Opens the database and does to the handle what was asked: "nomutex", "lookaside SIZE COUNT", or any SQL.
+// Opens the database and prepares the handle as asked: "nomutex", "lookaside SIZE COUNT", or any SQL.
 sqlite3* abre(const Pedido& pedido) {
   const auto pede = [&](const char* nome) {
     return std::find(pedido.preparo.begin(), pedido.preparo.end(), nome) != pedido.preparo.end();

@@ -1,4 +1,4 @@
-// What the reader does in a second of one core over a report of the sample shop, and the memory that it
+// What the reader gets done in a second on one core over a report of the sample shop, and the memory that it
 // needs:
 //   leitura [COUPONS_PER_DAY [DAYS]]
 #include <sqlite3.h>
@@ -31,7 +31,7 @@ using namespace cotepe;
 
 constexpr int kVezes = 5;
 
-// Takes bytes and keeps none.
+// Discards the bytes that it receives.
 class Nada final : public std::streambuf {
   int overflow(int c) override { return c; }
   std::streamsize xsputn(const char* /*bytes*/, std::streamsize quantos) override { return quantos; }
@@ -132,8 +132,8 @@ void mede(const char* nome, const std::string& texto, const std::function<void()
               static_cast<double>(texto.size()) / mediano / 1e6, mediano, tempos.front(), tempos.back());
 }
 
-// In a program of its own, whose memory holds nothing else: reads the file as validate does and says what it
-// needed at most, in kilobytes.
+// In a process of its own, whose memory holds nothing else: reads the file as validate does and prints the
+// most memory that it needed, in kilobytes.
 int dizPico(const char* arquivo) {
   std::FILE* aberto = std::fopen(arquivo, "rb");
   if (aberto == nullptr) return 1;

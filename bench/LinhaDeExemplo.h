@@ -9,10 +9,10 @@
 
 namespace bench {
 
-// A full row for a register: each column holds a text of the kind of the field that reads it.
+// A full row for a register: each column holds a text suitable for the field that reads it.
 class LinhaDeExemplo final : public cotepe::Leitura {
  public:
-  // Gives `linhas` rows.
+  // Returns `linhas` rows.
   LinhaDeExemplo(cotepe::Campos campos, long linhas);
 
   bool avanca() override { return restam_-- > 0; }
@@ -45,7 +45,7 @@ class ExecucaoDeExemplo final : public cotepe::Execucao {
   long bytes_ = 0;
 };
 
-// What the runs of exemplo know of their printer.
+// What the runs of the example know about their printer.
 cotepe::Ajustes ajustesDeExemplo(int versao);
 
 }  // namespace bench

@@ -43,7 +43,7 @@ void registro(benchmark::State& estado, const cotepe::Registro& registro, int ve
   estado.SetBytesProcessed(estado.iterations() * bytes);
 }
 
-// The amount from the database's text to cents as the generator reads it, and by way of the type's own text.
+// The amount from the database's text to cents as the generator reads it, and through the type's own text.
 void dinheiroDireto(benchmark::State& estado, const char* texto) {
   for (auto _ : estado) {
     benchmark::DoNotOptimize(texto);

@@ -11,7 +11,7 @@ constexpr char kIdentidade[] =
     "select ecf.num_serie, ecf.modelo, usuario.seq_usuario from dados_ecf AS ecf LEFT JOIN dados_usuario AS "
     "usuario";
 
-// The SQL with its "%s" filled with the first and the last moment by turns.
+// The SQL with its "%s" filled with the first and the last moment alternately.
 std::string comPeriodo(std::string sql, const Periodo& periodo) {
   bool primeiro = true;
   for (std::size_t i = 0; (i = sql.find("%s", i)) != std::string::npos; primeiro = !primeiro)
@@ -19,7 +19,7 @@ std::string comPeriodo(std::string sql, const Periodo& periodo) {
   return sql;
 }
 
-// The columns that the list of fields names for a query; all that the query has, where the list names none.
+// The columns that the list of fields names for a query; all that the query has, if the list names none.
 std::vector<int> colunasLidas(const cotepe::Registro& registro, int consulta, int existentes) {
   std::vector<int> colunas;
   const auto junta = [&](int coluna) {
@@ -54,7 +54,7 @@ sqlite3_stmt* prepara(sqlite3* banco, const std::string& sql) {
   return declaracao;
 }
 
-// Of E02's two grand totals the command decides which one is read: "MF" the first, any other the second.
+// The command decides which of E02's two grand totals is read: "MF" the first, any other the second.
 bool lida(const cotepe::Registro& registro, int consulta, const std::string& comando) {
   if (registro.codigo != std::string("E02") || consulta == 0) return true;
   return consulta == (comando == "MF" ? 1 : 2);

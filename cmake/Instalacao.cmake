@@ -10,7 +10,7 @@ install(FILES Sources/InterfaceC/cotepe.h Sources/CotepeManager/CotepeManager.h 
   Sources/CotepeManager/Hospedeiro.h
   libs/BigInt/BigInt.h libs/Financial/Financial.h
   DESTINATION ${cotepe_cabecalhos} COMPONENT desenvolvimento)
-# Apart, so that the class is never compiled with these where the application forgot its own.
+# In a separate folder, so that the class is never compiled with these when the application forgot its own.
 install(FILES Host/ArquivoDeLog.h Host/GravaLog.h Host/Identidade.h Host/PreencheComChar.h Host/RtcClasses.h
   DESTINATION ${cotepe_cabecalhos}/host COMPONENT desenvolvimento)
 install(FILES Sources/CotepeManager/CotepeManagerLigado.cpp
@@ -32,7 +32,7 @@ install(EXPORT cotepe FILE cotepeTargets.cmake NAMESPACE cotepe:: DESTINATION ${
   COMPONENT desenvolvimento)
 
 configure_package_config_file(cmake/cotepeConfig.cmake.in cotepeConfig.cmake INSTALL_DESTINATION ${cotepe_pacote})
-# While the major version is 0 a minor one may break the source of hosts.
+# While the major version is 0, a minor version may break the source of hosts.
 if(PROJECT_VERSION_MAJOR EQUAL 0)
   set(cotepe_compativel SameMinorVersion)
 else()
@@ -42,7 +42,7 @@ write_basic_package_version_file(cotepeConfigVersion.cmake COMPATIBILITY ${cotep
 install(FILES ${PROJECT_BINARY_DIR}/cotepeConfig.cmake ${PROJECT_BINARY_DIR}/cotepeConfigVersion.cmake
   DESTINATION ${cotepe_pacote} COMPONENT desenvolvimento)
 
-# The package may be moved: its files find the prefix from their own place.
+# The package can be relocated: its files find the prefix from their own location.
 file(RELATIVE_PATH cotepe_da_pasta_pc /prefixo/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefixo)
 string(REGEX REPLACE "/$" "" cotepe_da_pasta_pc ${cotepe_da_pasta_pc})
 foreach(pc cotepe.pc cotepe-static.pc cotepe-host.pc ${cotepe_pc_da_assinatura})

@@ -2,7 +2,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME cotepe)
 set(CPACK_PACKAGE_VENDOR cotepe)
-# The one who answers for the packages. Unless told they are a local build, for which nobody does.
+# The maintainer of the packages. By default they are a local build, which has none.
 set(COTEPE_PACOTE_CONTATO "Local build of cotepe <nobody@cotepe.invalid>" CACHE STRING "Maintainer of the packages")
 set(CPACK_PACKAGE_CONTACT "${COTEPE_PACOTE_CONTATO}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)

@@ -31,7 +31,7 @@ App* comandoDe(App& app, const std::string& nome) {
   recusa(frase("unknown command {1}", {nome}) + voceQuisDizer(nome, nomesDosComandos(app)), "");
 }
 
-/// The arguments behind the name of a command.
+/// The arguments after the name of a command.
 class Argumentos {
  public:
   Argumentos(CLI::App& comando, const std::vector<std::string>& todos, std::size_t primeiro)
@@ -98,7 +98,7 @@ class Argumentos {
       try {
         validador = opcao.get_validator(i);
       } catch (const CLI::OptionNotFound&) {
-        return;  // all of them were asked
+        return;  // all of them were checked
       }
       const std::string erro = (*validador)(texto);
       if (!erro.empty()) falha(opcao.get_name() + ": " + erro);
@@ -117,7 +117,7 @@ class Argumentos {
   std::size_t i_;
   std::vector<CLI::Option*> posicionais_;
   std::set<const CLI::Option*> vistas_;
-  std::size_t quantos_ = 0;  // positional arguments that are full
+  std::size_t quantos_ = 0;  // positional arguments already given
   bool soPosicionais_ = false;
 };
 

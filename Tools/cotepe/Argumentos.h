@@ -1,4 +1,4 @@
-// The arguments held to what the commands declare, from left to right, before they are read.
+// Checks the arguments against what the commands declare, from left to right, before they are parsed.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,8 +7,8 @@
 
 namespace cotepe::programa {
 
-/// Whose help is asked for, by --help or as `help [COMMAND]`; null where none is. Throws Falha (kUsoErrado)
-/// where the command is none.
+/// The command whose help is asked for, by --help or as `help [COMMAND]`; null if none. Throws Falha
+/// (kUsoErrado) when there is no such command.
 const CLI::App* ajudaPedida(const CLI::App& app, const std::vector<std::string>& argumentos);
 
 /// Throws the Falha (kUsoErrado) of the first argument that is wrong, or of the first one that is missing.

@@ -1,4 +1,4 @@
-// The bytes of a file that a command reads as they are.
+// The raw bytes of a file that a command reads.
 #pragma once
 
 #include <cstddef>

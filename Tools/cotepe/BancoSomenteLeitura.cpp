@@ -12,7 +12,7 @@
 namespace cotepe::programa {
 namespace {
 
-// Whether a file that is no database begins as a report does.
+// Whether a file that is not a database begins like a report.
 bool pareceRelatorio(const std::string& caminho) {
   std::string inicio(3, '\0');
   const Descritor arquivo = abreParaLer(caminho);
@@ -64,7 +64,7 @@ BancoSomenteLeitura::BancoSomenteLeitura(const std::string& caminho, std::chrono
   throw Falha(situacao_, explica(banco(), caminho, espera_));
 }
 
-// A pipe would be waited for, and a folder gives SQLite little to say.
+// Opening a pipe would block, and of a folder SQLite has little to say.
 void BancoSomenteLeitura::exigeArquivo(const std::string& caminho) const {
   switch (tipoDoArquivo(caminho)) {
     case TipoDeArquivo::Nenhuma:

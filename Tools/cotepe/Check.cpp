@@ -1,4 +1,4 @@
-// cotepe check: a fiscal database held to what the registers need of it.
+// cotepe check: checks a fiscal database against what the registers need of it.
 #include <sqlite3.h>
 
 #include <memory>
@@ -54,7 +54,7 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificaca
   }
 }
 
-// What a database without findings is.
+// What is said of a database without findings.
 std::string emOrdem(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao) {
   const std::string texto =
       frase("{1}: OK, {2}", {opcoes.banco, quantasRegras(conferencia::kRegras, verificacao.desligadas)});

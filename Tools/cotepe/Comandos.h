@@ -1,5 +1,5 @@
-// The commands of the program. Each declares its options and returns what runs it, to be called when the
-// command line is read; that throws Falha.
+// The commands of the program. Each declares its options and returns the function that runs it, to be called
+// once the command line is read; that function throws Falha.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,7 +7,7 @@
 
 namespace cotepe::programa {
 
-/// What runs a command whose options were read.
+/// Runs a command whose options have been read.
 using Acao = std::function<void()>;
 
 Acao declaraGenerate(CLI::App& comando);

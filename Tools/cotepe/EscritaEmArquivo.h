@@ -1,4 +1,4 @@
-// Bytes into a file that others will name.
+// Writes bytes to a file that others will name.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,7 @@ namespace cotepe::programa {
 
 class EscritaEmArquivo {
  public:
-  /// Opens the file `caminho`, which is there; messages call it `nome`. Throws Falha (kNaoAbre).
+  /// Opens the existing file `caminho`; `nome` is its name in messages. Throws Falha (kNaoAbre).
   EscritaEmArquivo(const std::string& caminho, std::string nome);
 
   /// Throws Falha (kNaoEscreve) and Interrupcao.

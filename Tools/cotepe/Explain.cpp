@@ -28,7 +28,7 @@ struct OpcoesDoExplain {
   int espera = 5000;  // milliseconds
 };
 
-/// The line meant, read in its place in the report and kept.
+/// The requested line, read in its place in the report and kept.
 struct LinhaPedida {
   std::string texto;
   RegistroLido lido;  // of `texto`
@@ -70,7 +70,7 @@ void leLinha(const LugarNoRelatorio& lugar, LinhaPedida& pedida) {
   guarda(pedida, lido, {registros.ajuste().versao, registros.certamenteCat52()});
 }
 
-// The field that the column given stands in, from 0; below 0 where none is given.
+// The field that contains the given column, from 0; below 0 if none is given.
 int campoPedido(const LinhaPedida& pedida, const LugarNoRelatorio& lugar, const std::string& nome) {
   if (lugar.coluna == 0) return -1;
   const RegistroLido& lido = pedida.lido;
@@ -90,7 +90,7 @@ int campoPedido(const LinhaPedida& pedida, const LugarNoRelatorio& lugar, const 
                      std::to_string(ultimo)}));
 }
 
-// The line's number among those of the report that are the same, from 1.
+// The line's number among the identical lines of the report, from 1.
 long vezNoRelatorio(const LugarNoRelatorio& lugar, const std::string& texto) {
   RelatorioLido relatorio(lugar.arquivo);
   long vez = 0;
@@ -102,7 +102,7 @@ long vezNoRelatorio(const LugarNoRelatorio& lugar, const std::string& texto) {
   return vez;
 }
 
-/// The register of the line written again from the database, under each of the settings that are possible.
+/// Writes the register of the line again from the database, under each possible setting.
 class Busca {
  public:
   Busca(const OpcoesDoExplain& opcoes, const LugarNoRelatorio& lugar, const LinhaPedida& pedida)
@@ -116,7 +116,7 @@ class Busca {
     aberto_.paraComSinal();
   }
 
-  /// Empty where the database does not give the line.
+  /// Empty when the database does not give the line.
   std::vector<Procedencia> procedencias(int so) {
     const IdentidadeLida identidade = leIdentidade(aberto_.banco(), hospedeiro_);
     if (!identidade.completa) falhou(sqlite3_errmsg(aberto_.banco()));
@@ -141,7 +141,7 @@ class Busca {
   }
 
  private:
-  // What the clock said when the line was written, where it has a stamp.
+  // What the clock said when the line was written, if it has a stamp.
   static std::string momentoDaLinha(const LinhaPedida& pedida) {
     std::string momento = "00000000 000000";
     for (std::size_t i = 0; i < pedida.lido.quantos; ++i) {

@@ -105,7 +105,7 @@ void exportaEmCsv(const OpcoesDoExport& opcoes) {
   diz(opcoes, contado, progresso);
 }
 
-// Through a database that is gone afterwards, which has the views.
+// Goes through a temporary database, which has the views.
 void exportaEmPlanilha(const OpcoesDoExport& opcoes) {
   if (!fazPlanilhas())
     throw Falha(kUsoErrado,

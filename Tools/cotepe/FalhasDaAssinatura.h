@@ -11,7 +11,7 @@ namespace cotepe::programa {
 /// `onde`: the file that was read, a key or a report.
 Falha falhaDaAssinatura(const ErroDaAssinatura& erro, const std::string& onde, int situacao);
 
-/// Why a file is no report, as the end of a sentence.
+/// Why a file is not a report, as the end of a sentence.
 std::string textoDaEstranheza(long estranheza, long linha);
 
 }  // namespace cotepe::programa

@@ -30,7 +30,7 @@ std::string lista(const Itens& itens, const char* separador, const Texto& texto)
   return junto;
 }
 
-// How the words of a table are said: by `frase` to people, by `preenche` to programs, in English always.
+// How the words of a table are written: by `frase` for people, by `preenche` for programs, always in English.
 using Fala = std::string (*)(const char*, Partes);
 
 std::string condicao(const LinhaDaTabela& linha, Fala fala) {

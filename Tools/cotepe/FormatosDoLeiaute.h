@@ -13,7 +13,7 @@ using Tabelas = std::vector<TabelaDoLeiaute>;
 std::string emTexto(const Tabelas& tabelas);
 std::string emMarkdown(const Tabelas& tabelas);
 
-/// An array with an object for each table; its members are named as the columns of the other formats.
+/// An array with an object for each table; its members have the names of the columns of the other formats.
 std::string emJson(const Tabelas& tabelas);
 
 }  // namespace cotepe::programa

@@ -73,7 +73,7 @@ void abreLog(ArquivoDeLog& log, const std::string& arquivo) {
               frase("cannot open the log {1}: {2}; choose another --log", {arquivo, motivoDoSistema(errno)}));
 }
 
-// How the report is delivered; nothing where it is not.
+// How the report is delivered; empty if it is not.
 Preparo preparoDe(const OpcoesDoGenerate& opcoes) {
   if (opcoes.entrega.empty()) return nullptr;
 #ifdef COTEPE_ASSINA
@@ -128,7 +128,7 @@ void gera(const OpcoesDoGenerate& opcoes, const PeriodoDaGeracao& periodo, sqlit
   exigeCompleto(hospedeiro.etapas(), opcoes.guardaParcial, saida);
 }
 
-// The text of a failure goes on with what became of the output.
+// The text of a failure goes on to say what happened to the output.
 template <class Passos>
 void ouAbandona(Saida& saida, const Passos& passos) {
   try {
@@ -141,7 +141,7 @@ void ouAbandona(Saida& saida, const Passos& passos) {
   }
 }
 
-// A line for each register with its count of lines, and one for the whole report.
+// One line for each register with its count of lines, and one for the whole report.
 std::string resumo(const std::vector<Etapa>& etapas, const std::string& relatorio, std::int64_t bytes,
                    double segundos) {
   char linha[120];

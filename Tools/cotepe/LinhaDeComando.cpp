@@ -15,7 +15,7 @@
 namespace cotepe::programa {
 namespace {
 
-// `help` is read before the commands are: it is declared to be listed and completed.
+// `help` is handled before the commands are: it is declared only to be listed and completed.
 Acao declaraHelp(CLI::App& comando) {
   const auto nome = std::make_shared<std::string>();
   comando.add_option("COMMAND", *nome, traduz("The command; all of them when none is named"));
@@ -48,7 +48,7 @@ constexpr struct {
     {"help", marca("Print the help of a command"), declaraHelp},
 };
 
-// The arguments were looked at before: what the library still finds is told in its own words.
+// The arguments have been checked before: what the library still finds is reported in its own words.
 [[noreturn]] void recusa(const CLI::ParseError& erro) { throw Falha(kUsoErrado, erro.what()); }
 
 }  // namespace

@@ -5,12 +5,12 @@
 
 namespace cotepe::programa {
 
-/// Declares the program and its commands on an empty `app`. The one that is read is put into `escolhida`,
-/// which must outlive the reading.
+/// Declares the program and its commands on an empty `app`. The one that is chosen is put into `escolhida`,
+/// which must outlive the parsing.
 void declara(CLI::App& app, Acao& escolhida);
 
-/// Reads the arguments, of which the first is the program's name; what is returned does what they say. Both
-/// throw Falha, whose status is the one to exit with.
+/// Parses the arguments, of which the first is the program's name; the function returned does what they say.
+/// Both throw Falha, whose status is the exit status.
 Acao leLinhaDeComando(int argc, const char* const* argv);
 
 }  // namespace cotepe::programa

@@ -8,7 +8,7 @@
 namespace cotepe::programa {
 namespace {
 
-// Takes the last part away where it is a number.
+// Removes the last part if it is a number.
 bool tiraNumero(std::string& texto, long& numero) {
   const std::size_t doisPontos = texto.rfind(':');
   if (doisPontos == std::string::npos) return false;

@@ -40,7 +40,7 @@ struct Cabecalho {
   std::string comando, numero, momento;
 };
 
-// E11 stands near the front, behind the registers of the printer alone.
+// E11 is near the start, after only the registers of the printer.
 Cabecalho leCabecalho(const std::string& caminho) {
   RelatorioLido relatorio(caminho);
   LeitorDeRegistros registros(relatorio.linhas());

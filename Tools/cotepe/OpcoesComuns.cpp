@@ -7,7 +7,7 @@
 namespace cotepe::programa {
 namespace {
 
-// One way of saying a period at a time.
+// Only one way of giving a period at a time.
 void exigeUmaForma(const OpcoesDePeriodo& o) {
   const char* outra = !o.de.empty() ? "--from" : "--to";
   const bool extremos = !o.de.empty() || !o.ate.empty();

@@ -1,4 +1,4 @@
-// The keys that commands are given.
+// The keys given to commands.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -26,14 +26,14 @@ CLI::Option* declaraChave(CLI::App& comando, OpcoesDaChave& opcoes);
 void declaraFrase(CLI::App& comando, OpcoesDaChave& opcoes);
 ///@}
 
-/// Throws Falha with the status given where the system has no MD5; before a key is read, since what refuses
-/// MD5 tends to refuse the key too.
+/// Throws Falha with the given status when the system has no MD5; called before a key is read, since what
+/// refuses MD5 tends to refuse the key too.
 void exigeMd5(int situacao);
 
 /// The pass phrase of an encrypted key comes from its file, from COTEPE_PASSPHRASE, or from the terminal.
-/// Throws Falha with the status given.
+/// Throws Falha with the given status.
 ChavePrivada leChavePrivada(const OpcoesDaChave& opcoes, int situacao);
-/// Reads the key at once; what it returns signs a report. Throws Falha (kNaoAbre).
+/// Reads the key immediately; the function returned signs a report. Throws Falha (kNaoAbre).
 Preparo preparoComAssinatura(const OpcoesDaChave& opcoes);
 
 ChavePublica leChavePublica(const std::string& arquivo, int situacao);

@@ -10,7 +10,7 @@
 
 namespace cotepe::programa {
 
-/// As the command line gives them.
+/// As given on the command line.
 struct OpcoesDeAchados {
   static constexpr long kPadrao = -1;  // of `maximo`: 20 of each rule in text, all of them in other formats
 
@@ -28,21 +28,21 @@ void declaraAchados(CLI::App& comando, OpcoesDeAchados& opcoes);
 /// --disable and --rules, for commands whose rules have names.
 void declaraRegras(CLI::App& comando, OpcoesDeAchados& opcoes);
 
-/// Prints the rules, a line each: name, severity, what must hold. Throws Falha where stdout fails.
+/// Prints the rules, one line each: name, severity, what must hold. Throws Falha when stdout fails.
 void listaRegras(Regras regras);
 
-/// The rules that --disable names. Throws Falha for a name that is none; `comando` is where it can be looked
-/// up.
+/// The rules that --disable names. Throws Falha for an unknown name; `comando` is where the names can be
+/// looked up.
 Supressoes regrasDesligadas(const OpcoesDeAchados& opcoes, Regras regras, const std::string& comando);
 
-/// "39 rules": those that are looked at.
+/// "39 rules": those that are applied.
 std::string quantasRegras(Regras regras, const Supressoes& desligadas);
 
-/// What was looked at and found to be right, said in one line on stderr.
+/// Says in one line on stderr what was checked and found to be right.
 void dizQueEstaCerto(const OpcoesDeAchados& opcoes, const std::string& texto);
 
-/// Prints on stdout what `acha` finds, and returns how many findings there were. Throws Falha where stdout
-/// fails. In the formats for programs nothing is in the user's language.
+/// Prints on stdout what `acha` finds, and returns how many findings there were. Throws Falha when stdout
+/// fails. In the formats for programs nothing is translated.
 long imprimeAchados(const OpcoesDeAchados& opcoes, const std::function<void(RecebeAchados&)>& acha);
 
 }  // namespace cotepe::programa

@@ -1,4 +1,4 @@
-// What the command generate is told.
+// The options of the command generate.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@
 
 namespace cotepe::programa {
 
-/// As the command line gives it.
+/// As given on the command line.
 struct OpcoesDoGenerate {
   std::string entrega;  // the folder of --deliver
   OpcoesDaChave chave;
@@ -33,8 +33,8 @@ struct PeriodoDaGeracao {
 /// Checks what can be checked before a file is touched. Throws Falha (kUsoErrado).
 PeriodoDaGeracao confere(const OpcoesDoGenerate& opcoes);
 
-/// Throws Falha (kUsoErrado) where the report, which goes to `destino`, or the log would be written over the
-/// database or over each other.
+/// Throws Falha (kUsoErrado) when the report, which goes to `destino`, or the log would overwrite the
+/// database or each other.
 void exigeArquivosDistintos(const OpcoesDoGenerate& opcoes, const std::string& destino);
 
 }  // namespace cotepe::programa

@@ -6,7 +6,8 @@
 namespace cotepe::programa {
 namespace {
 
-// The program's own commands in any case; another one as it was given to whatever generated the report.
+// The program's own commands in upper or lower case; any other one exactly as it was given to whatever
+// generated the report.
 CLI::Validator comandoDado() {
   const CLI::Validator conhecido = comandoDoEcf();
   return {[conhecido](std::string& texto) { return static_cast<void>(conhecido(texto)), std::string(); }, ""};

@@ -14,7 +14,7 @@ namespace cotepe::programa {
 /// Declares --serial, --model and --type.
 void declaraIdentidade(CLI::App& comando, Identidade& identidade);
 
-/// As the command line gives them.
+/// As given on the command line.
 struct OpcoesDoPedido {
   OpcoesDePeriodo periodo;
   std::string comando;
@@ -22,7 +22,7 @@ struct OpcoesDoPedido {
   std::optional<bool> cat52;
   Identidade identidade;
 
-  /// What they say together. Throws Falha (kUsoErrado) where they contradict each other.
+  /// What they mean together. Throws Falha (kUsoErrado) when they contradict each other.
   PedidoParcial dado() const;
 };
 

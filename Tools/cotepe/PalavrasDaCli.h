@@ -5,7 +5,8 @@
 
 namespace cotepe::programa {
 
-/// Makes the help of an app without commands, and of those it gets afterwards, speak the user's language.
+/// Translates the help of an app that has no commands yet, and of those it gets afterwards, into the user's
+/// language.
 void falaOIdioma(CLI::App& app);
 
 }  // namespace cotepe::programa

@@ -52,7 +52,7 @@ void le(LeituraDaPagina& lida, const std::string& caminho, Progresso& progresso)
   relatorio.confereLeitura();
 }
 
-// A database that does not give the report's lines still gives its hours.
+// A database that does not give the report's lines still provides its hours.
 void verifica(const OpcoesDoReport& opcoes, const LeituraDaPagina& lida, AchadosAgrupados& diferencas,
               DoBanco& doBanco) {
   const BancoSomenteLeitura banco(opcoes.banco, std::chrono::milliseconds(opcoes.espera), kUsoErrado);
@@ -74,7 +74,7 @@ void verifica(const OpcoesDoReport& opcoes, const LeituraDaPagina& lida, Achados
   }
 }
 
-// What can be told of the signature in words; nothing of a file without one.
+// The state of the signature in words; empty for a file without one.
 std::string estadoDaAssinatura(const OpcoesDoReport& opcoes, const LeituraDaPagina& lida) {
   if (!lida.comAssinatura()) return opcoes.chave.empty() ? "" : traduz("there is none");
   if (opcoes.chave.empty()) return traduz("there is one, not verified: no public key was given");

@@ -1,4 +1,4 @@
-// Where a report goes once it is whole: a file, or stdout.
+// Where a report goes once it is complete: a file, or stdout.
 #pragma once
 
 #include <cstdint>
@@ -15,22 +15,23 @@ class Saida {
   virtual std::string temporario() const = 0;
   virtual std::int64_t tamanho() const = 0;
 
-  /// What users call the output.
+  /// The output's name for users.
   virtual std::string nome() const = 0;
 
-  /// Delivers the whole report. Throws Falha (kNaoEscreve; kNaoAbre where the name was taken meanwhile) and
+  /// Delivers the complete report. Throws Falha (kNaoEscreve; kNaoAbre if the name was taken meanwhile) and
   /// Interrupcao.
   virtual void entrega() = 0;
 
-  /// Keeps a report that is not whole under a name that says so, and returns that name. Throws as `entrega`.
-  /// Stdout keeps none.
+  /// Keeps an incomplete report under a name that says so, and returns that name. Throws as `entrega`. Stdout
+  /// keeps none.
   virtual std::string guardaParcial() { return {}; }
 
-  /// Gives up what was not delivered; what became of it, as the end of a sentence, or nothing to say.
+  /// Discards what was not delivered; returns what happened to it, as the end of a sentence, or an empty
+  /// text.
   virtual std::string abandona() = 0;
 };
 
-/// The name under which the part that there is of a report is kept.
+/// The name under which a partial report is kept.
 std::string nomeDoParcial(const std::string& destino);
 
 /// `apelido` as of ArquivoSeguro; `guarda`: the name of the partial report must be free, too. Throws Falha

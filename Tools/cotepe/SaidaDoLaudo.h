@@ -1,4 +1,4 @@
-// What was found of a signature, as text and as JSON.
+// What was found about a signature, as text and as JSON.
 #pragma once
 
 #include <iosfwd>
@@ -8,7 +8,7 @@
 
 namespace cotepe::programa {
 
-/// A line with the verdict, and one for each thing found.
+/// A line with the verdict, and one for each finding.
 void escreveTexto(std::ostream& saida, const std::string& arquivo, const Laudo& laudo);
 
 /// One object, {"file":..,"verdict":..,"content":..,"findings":[..],..}, and a line-feed.

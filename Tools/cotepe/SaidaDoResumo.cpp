@@ -42,7 +42,7 @@ std::map<std::string, Movimento> movimentos(const ResumoDoRelatorio& resumo, con
   return opcoes.porMes ? resumo.meses() : resumo.dias;
 }
 
-// What the reductions say where there are some, or else the coupons.
+// What the reductions say if there are any, otherwise the coupons.
 const Valores& valores(const Movimento& movimento) {
   return movimento.comReducao ? movimento.dasReducoes : movimento.dosCupons;
 }

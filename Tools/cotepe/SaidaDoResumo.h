@@ -8,13 +8,13 @@
 
 namespace cotepe::programa {
 
-/// How it is written, and what of it.
+/// How it is written, and what it includes.
 struct OpcoesDoResumo {
   bool porMes = false;   ///< months instead of days
   bool mascara = false;  ///< hides the CNPJ and name of the user
 };
 
-/// Blocks of labels and amounts in reais. `validacao` is what validate says, in a line; empty for nothing.
+/// Blocks of labels and amounts in reais. `validacao` is what validate says, in a line; empty for none.
 void escreveResumo(std::ostream& saida, const std::string& nome, const ResumoDoRelatorio& resumo,
                    const std::string& validacao, const OpcoesDoResumo& opcoes);
 
@@ -25,7 +25,7 @@ void escreveResumoJson(std::ostream& saida, const std::string& nome, const Resum
 /// The names of the columns of the rows below.
 void escreveCabecalhoCsv(std::ostream& saida);
 
-/// A row a day or month; amounts as decimals.
+/// One row per day or month; amounts as decimals.
 void escreveResumoCsv(std::ostream& saida, const std::string& nome, const ResumoDoRelatorio& resumo,
                       const OpcoesDoResumo& opcoes);
 

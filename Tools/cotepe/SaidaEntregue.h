@@ -1,4 +1,4 @@
-// A report that is delivered: CR/LF at the end of every line, and signed where there is a key.
+// A report as it is delivered: CR/LF at the end of every line, and signed if there is a key.
 #pragma once
 
 #include <functional>
@@ -16,8 +16,8 @@ using Preparo = std::function<void(const LeituraDeBytes& le, const EscritaDeByte
 /// CR/LF, and no signature.
 void preparaSemAssinatura(const LeituraDeBytes& le, const EscritaDeBytes& escreve);
 
-/// The generator writes a plain file, which goes when the output is delivered: whole or not at all. What is
-/// kept of an incomplete report has CR/LF and no signature. Arguments as of saidaEmArquivo. Throws Falha
+/// The generator writes a plain file, which is removed when the output is delivered: whole or not at all. An
+/// incomplete report that is kept has CR/LF and no signature. Arguments as of saidaEmArquivo. Throws Falha
 /// (kNaoAbre).
 std::unique_ptr<Saida> saidaEntregue(const std::string& destino, const std::string& apelido, bool substitui,
                                      bool guarda, Preparo preparo);

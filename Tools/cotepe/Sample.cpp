@@ -28,7 +28,8 @@ void conta(const std::string& arquivo, const ResumoDaAmostra& r) {
   static_cast<void>(std::fprintf(stderr, "%s\n", texto.c_str()));
 }
 
-// A failure before the first day is done is one of opening the file, a later one of writing it.
+// A failure before the first day is finished counts as one of opening the file, a later one as one of writing
+// it.
 ResumoDaAmostra cria(const OpcoesDoSample& opcoes, OpcoesDaAmostra amostra) {
   Progresso progresso(opcoes.calado);
   bool aberto = false;
@@ -47,7 +48,7 @@ ResumoDaAmostra cria(const OpcoesDoSample& opcoes, OpcoesDaAmostra amostra) {
   }
 }
 
-// So many years that the longest sample ends before the year 9999 does.
+// Chosen so that the longest sample ends before the year 9999 does.
 std::string primeiroDia(const std::string& texto) {
   const Dia dia = *Dia::le(texto);
   if (dia.ano() >= 1900 && dia.ano() < 9900) return dia.iso();

@@ -26,7 +26,7 @@ struct OpcoesDoShow {
   bool tabela = false, mascara = false;
 };
 
-// AAAAMMDD, or nothing for nothing.
+// AAAAMMDD, or empty for an empty text.
 std::string diaPedido(const std::optional<Dia>& dia) {
   if (!dia) return {};
   const std::string iso = dia->iso();

@@ -1,4 +1,4 @@
-// cotepe sign: a report with the EAD line that the law wants at its end.
+// cotepe sign: a report with the EAD line that the law requires at its end.
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -44,7 +44,7 @@ std::unique_ptr<Saida> abreSaida(const OpcoesDoSign& opcoes) {
   const std::string destino = destinoDe(opcoes);
   exigeArquivosDistintos(opcoes, destino);
   auto saida = saidaEmArquivo(destino, "", opcoes.forcado || opcoes.noLugar(), false);
-  std::error_code erro;  // who may not read the report may not read it signed
+  std::error_code erro;  // whoever may not read the report may not read the signed copy
   const auto modo = std::filesystem::status(opcoes.relatorio, erro).permissions();
   if (opcoes.noLugar() && !erro) std::filesystem::permissions(saida->temporario(), modo, erro);
   return saida;

@@ -18,7 +18,7 @@ std::string minusculas(std::string_view texto) {
   return todas;
 }
 
-// How many letters must be put in, taken out, replaced or exchanged with their neighbour.
+// How many letters must be inserted, deleted, replaced or swapped with their neighbour.
 std::size_t distancia(const std::string& a, const std::string& b) {
   std::vector<std::size_t> antes, linha(b.size() + 1), nova(b.size() + 1);
   std::iota(linha.begin(), linha.end(), std::size_t{0});

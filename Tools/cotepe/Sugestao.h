@@ -7,11 +7,11 @@
 
 namespace cotepe::programa {
 
-/// The candidate nearest to the word, whatever the case of its letters, among those that a third of its
-/// letters would be typed wrong for, or that it begins; empty where there is none.
+/// The candidate nearest to the word, ignoring case, among those for which at most a third of its letters are
+/// wrong, or that begin with it; empty when there is none.
 std::string maisParecida(std::string_view palavra, const std::vector<std::string>& candidatas);
 
-/// " (did you mean generate?)", or nothing, to be put behind a message.
+/// " (did you mean generate?)", or empty, to be appended to a message.
 std::string voceQuisDizer(std::string_view palavra, const std::vector<std::string>& candidatas);
 
 }  // namespace cotepe::programa

@@ -27,7 +27,7 @@ class SoConta final : public RecebeAchados {
   long erros = 0, avisos = 0;
 };
 
-// What validate says, in a line; nothing for what cannot be read again.
+// What validate says, in a line; empty for input that cannot be read again.
 std::string validacaoEmUmaLinha(const std::string& arquivo) {
   std::error_code erro;
   if (!std::filesystem::is_regular_file(arquivo, erro)) return {};

@@ -39,8 +39,8 @@ const char* nomeDaEspecie(const Campo& campo) {
   return "";
 }
 
-// The fields before the first one of a row stand in a placeholder record as in any other, and so does what
-// the clock says.
+// The fields before the first one of a row are in a placeholder record as in any other, and so is what the
+// clock says.
 Dito vazioDe(const Registro& registro, const Campo& campo, bool noCabecalho) {
   if (&campo < registro.camposVazios.begin()) return {marca("left out"), ""};
   if (noCabecalho || campo.origem.tipo == Origem::Tipo::Relogio) return {marca("as in a record"), ""};

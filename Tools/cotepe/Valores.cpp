@@ -27,7 +27,7 @@ std::string lista(const std::vector<std::string>& palavras, const char* separado
   return texto;
 }
 
-// Brings the text to the form of the word that it is; false where it is none.
+// Changes the text to the spelling of the word that it matches; false when it matches none.
 bool tornaPalavra(std::string& texto, const std::vector<std::string>& palavras) {
   const auto igual = [&](const std::string& palavra) { return minusculas(palavra) == minusculas(texto); };
   const auto achada = std::find_if(palavras.begin(), palavras.end(), igual);

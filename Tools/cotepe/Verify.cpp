@@ -1,4 +1,4 @@
-// cotepe verify: a report held to the database that it came from.
+// cotepe verify: verifies a report against the database that it came from.
 #include <memory>
 
 #include "BancoSomenteLeitura.h"

@@ -1,4 +1,4 @@
-// cotepe verify-signature: whether a signed report is what was signed.
+// cotepe verify-signature: says whether a signed report is what was signed.
 #include <memory>
 
 #include "ArquivoLido.h"

@@ -23,7 +23,7 @@ std::vector<std::string> codigosDosRegistros() {
   return codigos;
 }
 
-// Positional arguments are files, but for the code of a register.
+// Positional arguments are files, except for the code of a register.
 TipoDoValor especieDoValor(const Argumento& argumento) {
   if (!argumento.escolhas.empty()) return TipoDoValor::Escolha;
   return argumento.posicional() || argumento.marca == "FILE" ? TipoDoValor::Arquivo : TipoDoValor::Livre;

@@ -1,4 +1,4 @@
-// The command line of the program as plain data, for those who write about it.
+// The command line of the program as plain data, for the generators of its documentation.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 
 namespace cotepe::manuais {
 
-/// What can stand in the place of a value.
+/// What a value can be.
 enum class TipoDoValor : unsigned char { Nenhum, Livre, Arquivo, Escolha };
 
 /// An option, or a positional argument where it has no name that begins with a hyphen.
 struct Argumento {
   std::vector<std::string> nomes;  // with their hyphens, short ones first; empty: positional
-  std::string marca;               // what stands for the value in the help, such as FILE
+  std::string marca;               // what names the value in the help, such as FILE
   TipoDoValor valor = TipoDoValor::Nenhum;
   std::vector<std::string> escolhas;
   std::string descricao;

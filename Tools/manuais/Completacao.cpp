@@ -19,7 +19,7 @@ std::string escapado(const std::string& texto, const std::string& especiais) {
   return saida;
 }
 
-// For a text between single quotes of bash and zsh, where a quote itself cannot stand.
+// For a text between single quotes of bash and zsh, where a quote itself is not allowed.
 std::string entreAspas(const std::string& texto) {
   std::string saida = "'";
   for (const char c : texto) saida += c == '\'' ? std::string("'\\''") : std::string(1, c);

@@ -1,4 +1,4 @@
-// Completion of the command line, for the shells that have it.
+// Completion of the command line, for the shells that support it.
 #pragma once
 
 #include <string>

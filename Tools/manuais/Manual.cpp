@@ -7,7 +7,7 @@
 namespace cotepe::manuais {
 namespace {
 
-// Text as roff takes it for text: hyphens stay hyphens, and no line begins with a request.
+// Text escaped for roff: hyphens stay hyphens, and no line begins with a request.
 std::string roff(const std::string& texto) {
   std::string saida;
   for (const char c : texto) {
@@ -42,7 +42,7 @@ std::string comValor(const Argumento& a) {
   return a.valor == TipoDoValor::Nenhum ? texto : texto + " " + italico(a.marca);
 }
 
-// What must be given, and what may be.
+// Required arguments, and optional ones.
 std::string sinopse(const Comando& comando) {
   std::string texto = " [" + italico("options") + "]";
   for (const auto& a : comando.argumentos)
@@ -69,7 +69,7 @@ std::string argumentos(const Comando& comando, bool posicionais) {
   return texto;
 }
 
-// Lines flow on, but for those that are indented and those after a finished sentence.
+// Lines are joined, except for those that are indented and those after a finished sentence.
 std::string notas(const std::string& rodape) {
   std::istringstream linhas(rodape);
   std::string texto, anterior;

@@ -1,4 +1,4 @@
-# What Debian wants beside the installed files, in the staged folder of each component: copyright, changelogs,
+# What Debian requires besides the installed files, in the staged folder of each component: copyright, changelogs,
 # compressed manual pages, and documents and examples for developers; libraries stripped; and one time for all.
 string(TIMESTAMP agora "%a, %d %b %Y %H:%M:%S +0000" UTC)
 
@@ -17,7 +17,7 @@ foreach(componente BIBLIOTECA DESENVOLVIMENTO PROGRAMA)
     "cotepe (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) unstable; urgency=medium\n\n"
     "  * Built from the project's own tree; see its CHANGELOG.md.\n\n"
     " -- ${CPACK_PACKAGE_CONTACT}  ${agora}\n")
-  # These packages are not uploaded to the archive; and CPack writes the scripts of a library itself.
+  # These packages are not uploaded to the archive; and CPack itself writes the maintainer scripts of a library.
   file(WRITE ${raiz}/lintian/overrides/${pacote} "${pacote}: initial-upload-closes-no-bugs\n")
   if(componente STREQUAL "BIBLIOTECA")
     file(APPEND ${raiz}/lintian/overrides/${pacote} "${pacote}: maintscript-calls-ldconfig\n")

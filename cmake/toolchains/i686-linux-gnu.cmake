@@ -1,4 +1,4 @@
-# 32-bit x86: Debian's cross compiler, and the target's libraries as scripts/cross lays them out.
+# 32-bit x86: Debian's cross compiler, and the target's libraries as scripts/cross installs them.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(COTEPE_TRIPLA i686-linux-gnu)

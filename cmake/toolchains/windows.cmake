@@ -14,7 +14,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# A program is one file: the compiler's libraries are in it.
+# A program is one file: the compiler's libraries are linked into it.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 find_program(COTEPE_WINE NAMES wine)
 if(COTEPE_WINE)

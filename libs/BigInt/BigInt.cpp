@@ -1,4 +1,4 @@
-// Arithmetic of 96-bit integers on 32-bit words; products and dividends are 192 bits wide.
+// Arithmetic of 96-bit integers on 32-bit words; products and dividends have 192 bits.
 #include "BigInt.h"
 
 #include <array>
@@ -23,14 +23,14 @@ Largo modulo(const BigInt& valor) noexcept {
 
 BigInt extremo(bool negativo) noexcept { return negativo ? BigInt::Minimo() : BigInt::Maximo(); }
 
-// The signed value of a magnitude, saturated. 2^95 itself is the negative end and past the positive one.
+// The signed value of a magnitude, saturated. 2^95 itself is the negative limit and beyond the positive one.
 BigInt comSinal(const Largo& valor, bool negativo) noexcept {
   if ((valor[3] | valor[4] | valor[5] | valor[2] >> 31U) != 0) return extremo(negativo);
   const BigInt positivo = BigInt().Load(valor[0], valor[1], valor[2]);
   return negativo ? -positivo : positivo;
 }
 
-// a + b + vai; out of range exactly when both have one sign and the sum the other.
+// a + b + vai; out of range exactly when both have the same sign and the sum has the other.
 BigInt soma(const BigInt& a, const BigInt& b, std::uint64_t vai) noexcept {
   BigInt resultado;
   for (unsigned i = 0; i < 3; ++i) {
@@ -57,7 +57,7 @@ Largo produto(const Largo& a, const Largo& b) noexcept {
   return resultado;
 }
 
-// Divides in place by one word that is not zero; gives the remainder.
+// Divides in place by one word that is not zero; returns the remainder.
 UINT32 divideCurto(Largo& valor, UINT32 divisor) noexcept {
   unsigned i = 6;
   while (i > 0 && valor[i - 1] == 0) --i;  // most amounts are one word
@@ -93,7 +93,7 @@ void subtrai(Largo& a, const Largo& b) noexcept {
   }
 }
 
-// Divides in place by a magnitude of 96 bits that is not zero; gives the remainder.
+// Divides in place by a magnitude of 96 bits that is not zero; returns the remainder.
 Largo divide(Largo& valor, const Largo& divisor) noexcept {
   if ((divisor[1] | divisor[2]) == 0) return {divideCurto(valor, divisor[0])};
   Largo resto{};

@@ -1,13 +1,13 @@
 /// @file
-/// Signed integer of 96 bits: room for amounts that 64 bits of cents do not hold.
+/// Signed integer of 96 bits, for amounts whose cents do not fit in 64 bits.
 #pragma once
 
 #include <cstdint>
 #include <type_traits>
 
 ///@{
-/// The names that this type's users write. An application that has such names for other types, INT64 for long
-/// long say, defines COTEPE_SEM_INTEIROS before it includes this: nothing below needs them.
+/// The integer names that users of this type write. An application that has such names for other types, INT64
+/// for long long say, defines COTEPE_SEM_INTEIROS before including this file: nothing below needs them.
 #ifndef COTEPE_SEM_INTEIROS
 using UINT8 = std::uint8_t;
 using UINT16 = std::uint16_t;
@@ -19,11 +19,10 @@ using INT64 = std::int64_t;
 ///@}
 #endif
 
-/// A signed integer of 96 bits, two's complement, -2^95 to 2^95 - 1.
-/// Arithmetic saturates at Minimo() and Maximo(); the bitwise operators and the shifts take the bits as
-/// they stand. Division truncates toward zero and the remainder has the dividend's sign; by zero, the
-/// quotient is the end of the range on the dividend's side (0 / 0 is 0) and the remainder the dividend.
-/// Nothing allocates, throws or looks at the locale.
+/// A signed integer of 96 bits, two's complement, -2^95 to 2^95 - 1. Arithmetic saturates at Minimo() and
+/// Maximo(); the bitwise operators and the shifts work on the raw bits. Division truncates toward zero and
+/// the remainder has the dividend's sign; by zero, the quotient is the limit of the range on the dividend's
+/// side (0 / 0 is 0) and the remainder the dividend. Nothing allocates, throws or depends on the locale.
 class BigInt {
  public:
   std::uint32_t number[3] = {0, 0, 0};  ///< least significant word first; every content is a value
@@ -39,13 +38,13 @@ class BigInt {
                                                                            : std::uint32_t{0}} {}
 
   ///@{
-  /// The ends of the range: -2^95 and 2^95 - 1.
+  /// The limits of the range: -2^95 and 2^95 - 1.
   static constexpr BigInt Minimo() noexcept { return BigInt().Load(0, 0, 0x80000000U); }
   static constexpr BigInt Maximo() noexcept { return ~Minimo(); }
   ///@}
 
-  /// Sets the value from decimal text: blanks around, a sign, digits; of any length, saturating.
-  /// Any other text, the empty one and the null pointer give zero.
+  /// Sets the value from decimal text of any length, saturating: surrounding blanks, a sign, digits. Any
+  /// other text, the empty one included, and a null pointer give zero.
   BigInt& operator=(const char* texto) noexcept;
 
   /// Sets the three words, least significant first.
@@ -65,7 +64,7 @@ class BigInt {
     return *this;
   }
 
-  /// -1, 0 or 1: the side of zero the value is on.
+  /// -1, 0 or 1: the sign of the value.
   constexpr int Signal() const noexcept {
     if ((number[2] >> 31U) != 0) return -1;
     return (number[0] | number[1] | number[2]) != 0 ? 1 : 0;
@@ -85,8 +84,8 @@ class BigInt {
   /// Quotient and remainder in one division, by the rules of the class. `resto` may be any object.
   BigInt DivisaoComResto(const BigInt& divisor, BigInt& resto) const noexcept;
 
-  /// a * b / divisor from the exact product, rounded once, half away from zero, then saturated.
-  /// A divisor of zero gives the end of the range on the product's side, 0 for a product of 0.
+  /// a * b / divisor from the exact product, rounded once, half away from zero, then saturated. A divisor of
+  /// zero gives the limit of the range on the product's side, 0 for a product of 0.
   static BigInt MultiplicaEDivide(const BigInt& a, const BigInt& b, const BigInt& divisor) noexcept;
 
   ///@{
@@ -122,8 +121,8 @@ class BigInt {
   ///@}
 
   ///@{
-  /// Shifts by any number of bits. The left one fills with zeros and drops what leaves the 96 bits;
-  /// the right one repeats the sign, so it divides by a power of two rounding toward minus infinity.
+  /// Shifts by any number of bits. The left one fills with zeros and drops what leaves the 96 bits; the right
+  /// one repeats the sign, so it divides by a power of two, rounding toward minus infinity.
   BigInt& operator<<=(unsigned bits) noexcept;
   BigInt& operator>>=(unsigned bits) noexcept;
   friend BigInt operator<<(BigInt a, unsigned bits) noexcept { return a <<= bits; }

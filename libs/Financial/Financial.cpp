@@ -1,4 +1,4 @@
-// Reading, rounding and writing of amounts. One reader of text serves every road.
+// Reading, rounding and writing of amounts. All text goes through a single parser.
 #include "Financial.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr bool ehDigito(char c) noexcept { return c >= '0' && c <= '9'; }
 
-// Moves past digits and appends them to the value, which wraps when they are too many for it.
+// Moves past digits and appends them to the value, which wraps when there are too many for it.
 const char* leDigitos(const char* p, std::uint64_t& valor) noexcept {
   for (; ehDigito(*p); ++p) valor = valor * 10 + static_cast<std::uint64_t>(*p - '0');
   return p;
@@ -22,8 +22,8 @@ const char* pulaBrancos(const char* p) noexcept {
   return p;
 }
 
-// Reads the optional exponent and moves past it. False when it has no digits. It stops growing at a size
-// that no length of text can make up for.
+// Reads the optional exponent and moves past it. False when it has no digits. It stops growing at a size that
+// no length of text can compensate.
 bool leExpoente(const char*& p, INT64& expoente) noexcept {
   constexpr INT64 kBasta = 100'000'000'000'000'000;
   if (*p != 'e' && *p != 'E') return true;
@@ -38,9 +38,9 @@ bool leExpoente(const char*& p, INT64& expoente) noexcept {
   return true;
 }
 
-// A number as it lies in its text. The default one is zero.
+// A number as it is in its text. The default one is zero.
 struct Numero {
-  const char* digitos = nullptr;  // the first that is not zero; the separator may stand among them
+  const char* digitos = nullptr;  // the first that is not zero; the separator may be among them
   const char* fim = nullptr;
   INT64 quantos = 0;        // how many digits
   INT64 ordem = 0;          // how many would make whole cents
@@ -48,7 +48,7 @@ struct Numero {
   bool negativo = false;
 };
 
-// The grammar of amounts, the only place where it stands. `outraVirgula` separates decimals like the comma.
+// The grammar of amounts, defined only here. `outraVirgula` separates decimals like the comma.
 Numero leNumero(const char* texto, char outraVirgula) noexcept {
   if (texto == nullptr) return {};
   const char* inicio = pulaBrancos(texto);
@@ -95,7 +95,7 @@ constexpr INT64 kDigitosDaPalavra = 18;  // always fit 64 bits
 constexpr INT64 kDigitosDoTipo = 29;     // one more never fits 96
 
 // The cents of a number that fills more than one word or has to be rounded. The sign goes in with every
-// digit: the negative end is one further away than the positive.
+// digit: the negative limit is one further away than the positive.
 BigInt centavosPorExtenso(const Numero& numero) noexcept {
   if (numero.ordem < 0) return {};
   if (numero.ordem > kDigitosDoTipo) return numero.negativo ? BigInt::Minimo() : BigInt::Maximo();
@@ -107,7 +107,7 @@ BigInt centavosPorExtenso(const Numero& numero) noexcept {
   return digitos.proximo() >= 5 ? resultado + sinal : resultado;
 }
 
-// Whether a number is whole cents that one word holds, as amounts are but for the odd one.
+// Whether a number is whole cents that fit in one word, as nearly all amounts are.
 bool simples(const Numero& numero) noexcept {
   return numero.quantos <= numero.ordem && numero.ordem <= kDigitosDaPalavra;
 }
@@ -144,7 +144,7 @@ BigInt centavos(double valor, Arredondamento meio) noexcept {
 
 struct Leiaute {
   char decimal;
-  char milhar;  // 0: thousands are not set apart
+  char milhar;  // 0: thousands are not separated
   std::string_view moeda;
 };
 
@@ -156,7 +156,7 @@ const Leiaute& leiaute(FINANCIAL_STR_TIPO tipo) noexcept {
   return kLeiautes[indice < kLeiautes.size() ? indice : 0];
 }
 
-// Copies the digits of the whole part; gives the end of the copy.
+// Copies the digits of the whole part; returns the end of the copy.
 char* copiaInteiros(const char* digitos, int quantos, char milhar, char* p) noexcept {
   while (quantos > 0) {
     *p++ = *digitos++;

@@ -1,10 +1,10 @@
 /// @file
-/// The money type: amounts in whole cents, and the roads from text and from double to cents.
+/// The money type: amounts in whole cents, and the conversions from text and from double to cents.
 #pragma once
 
 #include "BigInt.h"
 
-/// Text layouts of Financial::ToString, with the amount 1234,56 in each.
+/// Text layouts of Financial::ToString, each shown with the amount 1234,56.
 enum FINANCIAL_STR_TIPO {
   FIN_STR_DEFAULT = 0,  ///< 1234,56
   FIN_STR_1 = 1,        ///< 1.234,56
@@ -14,9 +14,9 @@ enum FINANCIAL_STR_TIPO {
 };
 
 /// An amount of money in whole cents, exact from -2^95 to 2^95 - 1 cents. Beyond that every operation
-/// saturates. What is not whole cents is rounded once, from the exact value, half away from zero. By zero,
-/// a division gives the end of the range on the dividend's side, and 0 / 0 is zero.
-/// Nothing allocates, throws or looks at the locale; texts end at their terminator.
+/// saturates. What is not whole cents is rounded once, from the exact value, half away from zero. Division by
+/// zero gives the limit of the range on the dividend's side, and 0 / 0 is zero. Nothing allocates, throws or
+/// depends on the locale; texts end at their terminator.
 class Financial {
  public:
   BigInt nr;  ///< the cents; every content is an amount
@@ -30,7 +30,7 @@ class Financial {
   Financial(const BigInt& unidades) noexcept : nr(unidades * 100) {}
   ///@}
 
-  /// From currency units, the exact binary value rounded to cents. Not-a-number gives zero.
+  /// From currency units, the exact binary value rounded to cents. NaN gives zero.
   Financial(double unidades) noexcept;
 
   /// From whole cents.
@@ -40,17 +40,17 @@ class Financial {
     return resultado;
   }
 
-  /// Sets the amount from text: blanks (character 32) around, a sign, digits with at most one comma and at
-  /// least one digit, an exponent (e or E, a sign, digits). Of any length, in linear time. Any other text,
-  /// one with a point among them, and the null pointer give zero.
+  /// Sets the amount from text: surrounding blanks (character 32), a sign, digits with at most one comma and
+  /// at least one digit, an exponent (e or E, a sign, digits). Of any length, in linear time. Any other text,
+  /// including one with a point, and a null pointer give zero.
   Financial& operator=(const char* texto) noexcept;
 
-  /// The cents of a text in which a point stands for the comma too, saturated to 64 bits: what assigning it,
-  /// writing it with ToString, leaving out its separator and reading that as an integer would give.
+  /// The cents of a text in which a point also counts as the comma, saturated to 64 bits: what assigning it,
+  /// writing it with ToString, removing its separator and reading the rest as an integer would give.
   static std::int64_t CentavosDoBanco(const char* texto) noexcept;
 
-  /// The cents of a number as "\%11.2f" shows it: the exact binary value rounded half to even, saturated
-  /// to 64 bits. Not-a-number and the infinities give 0.
+  /// The cents of a number as "\%11.2f" shows it: the exact binary value rounded half to even, saturated to
+  /// 64 bits. NaN and the infinities give 0.
   static std::int64_t CentavosDoDecimal(double valor) noexcept;
 
   /// The cents, saturated to 64 bits.
@@ -62,8 +62,8 @@ class Financial {
   /// Writes the amount and a terminator, and returns the buffer. `capacity` is in bytes, terminator included:
   /// a text that does not fit is empty, never cut; a null buffer or a capacity below 1 is left alone.
   /// `decimals`: 0 writes the two of the type, 1 or more that many (one is rounded, beyond two are zeros),
-  /// below 0 none (rounded to units). `flag`: other than 0 marks amounts above zero with '+'.
-  /// The sign stands before all else (-R$ 1,00); a layout outside the enumeration is the default one.
+  /// below 0 none (rounded to units). `flag`: any value but 0 marks amounts above zero with '+'. The sign
+  /// comes first (-R$ 1,00); a layout outside the enumeration means the default one.
   char* ToString(char* out, int capacity, FINANCIAL_STR_TIPO layout, int decimals,
                  std::int16_t flag) const noexcept;
 

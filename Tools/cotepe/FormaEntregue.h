@@ -1,4 +1,4 @@
-// A report held to the form in which it is handed in.
+// A report checked against the form in which it is handed in.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ class FormaEntregue {
  public:
   FormaEntregue(RecebeAchados& saida, std::string arquivo);
 
-  /// Each line of the report; at its end `fim`.
+  /// To be called for each line of the report; `fim` at its end.
   void linha(const RegistroLido& lido);
   void fim();
 

@@ -1,4 +1,4 @@
-// cotepe validate: a report held to the rules.
+// cotepe validate: checks a report against the rules.
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -35,7 +35,7 @@ std::string diaParaPessoas(const std::string& aaaammdd) {
       ->paraPessoas();
 }
 
-// What a report without findings is.
+// What is said of a report without findings.
 std::string emOrdem(const std::string& nome, const Validacao& validacao, Regras regras,
                     const Supressoes& desligadas) {
   const AjustesDoRelatorio& ajustes = validacao.ajustes();

@@ -1,4 +1,4 @@
-// Type-E register files (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database, through the library cotepe: one file, to
+// Type-E register files (Ato COTEPE/ICMS 17/04) from a fiscal printer's database, through the library cotepe: one file, to
 // be compiled with the application. .NET Framework 4.5 or later, .NET, Mono; C# 5.
 using System;
 using System.Runtime.ExceptionServices;
@@ -22,7 +22,7 @@ namespace Cotepe {
 
     public Result Result { get; private set; }
 
-    /// <summary>The words of SQLite or of the system, or nothing.</summary>
+    /// <summary>The words of SQLite or of the system, or empty.</summary>
     public string Reason { get; private set; }
 
     private static string Text(Result result, string reason) {
@@ -38,7 +38,7 @@ namespace Cotepe {
   /// normally.</summary>
   public delegate void RegisterHandler(string code, long lines, bool complete);
 
-  /// <summary>Generates reports out of one database, which is only read, one report at a time. Handlers run on the thread of
+  /// <summary>Generates reports from one database, which is only read, one report at a time. Handlers run on the thread of
   /// Generate; what they throw ends the run and comes out of Generate.</summary>
   public sealed class Generator : IDisposable {
     private readonly GeneratorHandle handle;
@@ -52,7 +52,7 @@ namespace Cotepe {
     private int layout = 1;
     private bool cat52;
 
-    /// <summary>Opens the database to read it; waits at most so many milliseconds for a lock.</summary>
+    /// <summary>Opens the database to read it; waits at most that many milliseconds for a lock.</summary>
     public Generator(string database, int busyTimeout = 5000) {
       int result = Native.cotepe_open(Native.Utf8(database), busyTimeout, out handle);
       if (result != (int)Result.Done)
@@ -64,16 +64,16 @@ namespace Cotepe {
       Check(Native.cotepe_set_register_callback(handle, register, IntPtr.Zero));
     }
 
-    /// <summary>Told of each query that fails.</summary>
+    /// <summary>Called for each query that fails.</summary>
     public LogHandler Log { get; set; }
 
-    /// <summary>Told of the end of each register.</summary>
+    /// <summary>Called at the end of each register.</summary>
     public RegisterHandler Register { get; set; }
 
     /// <summary>Where E11's time of generation comes from; null: the system's local time.</summary>
     public Func<DateTime> Clock { get; set; }
 
-    /// <summary>1; or 2, with its fields and register E22.</summary>
+    /// <summary>1, the default; or 2, with its fields and register E22.</summary>
     public int Layout {
       get { return layout; }
       set {
@@ -95,18 +95,18 @@ namespace Cotepe {
       get { return Native.ToText(Native.cotepe_version()); }
     }
 
-    /// <summary>What is known of the printer without its database, which goes before it.</summary>
+    /// <summary>What is known about the printer apart from its database, which takes precedence.</summary>
     public void SetIdentity(string serial, string model, string type) {
       Check(Native.cotepe_set_identity(handle, Native.Utf8(serial), Native.Utf8(model), Native.Utf8(type)));
     }
 
-    /// <summary>Ends the run at hand after the register that it is at; from a handler, or from another thread.</summary>
+    /// <summary>Ends the current run after the current register; to be called from a handler or from another thread.</summary>
     public void Cancel() {
       cancelled = true;
     }
 
     /// <summary>Writes the report of a period, both days included, whole or not at all. The command is "MF", "MFD", "TDM" or
-    /// "RZ". Throws CotepeException: also where a query failed, with Result.Incomplete; there is no report then.</summary>
+    /// "RZ". Throws CotepeException, also when a query failed, with Result.Incomplete; there is no report then.</summary>
     public void Generate(string report, DateTime firstDay, DateTime lastDay, string command = "TDM", bool replace = false) {
       if (Interlocked.Exchange(ref running, 1) != 0) throw new CotepeException(Result.Busy, "");
       try {
@@ -124,7 +124,7 @@ namespace Cotepe {
       }
     }
 
-    /// <summary>Closes the database; not within a run.</summary>
+    /// <summary>Closes the database; not during a run.</summary>
     public void Dispose() {
       if (Thread.VolatileRead(ref running) != 0) throw new CotepeException(Result.Busy, "");
       handle.Dispose();
@@ -138,7 +138,7 @@ namespace Cotepe {
       if (result != (int)Result.Done) throw new CotepeException((Result)result, "");
     }
 
-    // Nothing may leave a callback: what is thrown there is kept, and the run cancelled.
+    // Nothing may leave a callback: what is thrown there is kept, and the run is cancelled.
     private int Guard(Action tell) {
       try {
         tell();
@@ -191,10 +191,10 @@ namespace Cotepe {
 
   internal static class Native {
 #if COTEPE_UNIX
-    // What hosts for Linux alone define: the library as it is installed without the files for developers.
+    // What hosts for Linux only define: the library as it is installed without the files for developers.
     private const string Library = "libcotepe.so.0";
 #else
-    // cotepe.dll, libcotepe.so: Mono and .NET add what the system wants.
+    // cotepe.dll, libcotepe.so: Mono and .NET add what the system needs.
     private const string Library = "cotepe";
 #endif
 

@@ -1,5 +1,5 @@
-{ Type-E register files (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database, through the library cotepe.
-  For Delphi and Free Pascal. Strings are what the application's are: UTF-16, or bytes of UTF-8 where they are AnsiString. }
+{ Type-E register files (Ato COTEPE/ICMS 17/04) from a fiscal printer's database, through the library cotepe.
+  For Delphi and Free Pascal. Strings are those of the application: UTF-16, or UTF-8 bytes if they are AnsiString. }
 unit cotepe;
 
 {$IFDEF FPC}{$MODE DELPHI}{$ENDIF}
@@ -45,7 +45,7 @@ type
   { The time of generation, for E11. }
   TCotepeClockEvent = procedure(Sender: TObject; var Time: TDateTime) of object;
 
-  { Generates reports out of one database, which is only read, one report at a time. Events come on the thread of Generate;
+  { Generates reports from one database, which is only read, one report at a time. Events are called on the thread of Generate;
     an exception that leaves one ends the run and comes out of Generate. }
   TCotepeGenerator = class(TObject)
   private
@@ -64,25 +64,25 @@ type
     procedure SetLayout(Value: Integer);
     procedure SetCat52(Value: Boolean);
   public
-    { Opens the database to read it; waits at most so many milliseconds for a lock. }
+    { Opens the database to read it; waits at most that many milliseconds for a lock. }
     constructor Create(const Database: string; BusyTimeout: Integer = 5000);
-    { Closes it; not within a run. }
+    { Closes it; not during a run. }
     destructor Destroy; override;
-    { What is known of the printer without its database, which goes before it. }
+    { What is known about the printer apart from its database, which takes precedence. }
     procedure SetIdentity(const Serial, Model, Kind: string);
     { Writes the report of a period, both days included, whole or not at all. The command is 'MF', 'MFD', 'TDM' or 'RZ'.
-      Raises ECotepe: also where a query failed, with COTEPE_INCOMPLETE; there is no report then. }
+      Raises ECotepe, also when a query failed, with COTEPE_INCOMPLETE; there is no report then. }
     procedure Generate(const Report: string; FirstDay, LastDay: TDateTime; const Command: string = 'TDM';
       Replace: Boolean = False);
-    { Ends the run at hand after the register that it is at; from an event, or from another thread. }
+    { Ends the current run after the current register; to be called from an event or from another thread. }
     procedure Cancel;
-    { 1, which it begins with; or 2, with its fields and register E22. }
+    { 1, the default; or 2, with its fields and register E22. }
     property Layout: Integer write SetLayout;
     { No placeholder records for registers without a row, no texts in E14. }
     property Cat52: Boolean write SetCat52;
     property OnLog: TCotepeLogEvent read FOnLog write FOnLog;
     property OnRegister: TCotepeRegisterEvent read FOnRegister write FOnRegister;
-    { Without it E11 has the system's local time. }
+    { Without it E11 uses the system's local time. }
     property OnClock: TCotepeClockEvent read FOnClock write FOnClock;
   end;
 
@@ -157,7 +157,7 @@ begin
   Result := FromText(cotepe_version);
 end;
 
-{ Nothing may leave these three: what is raised there is kept, and the run cancelled. }
+{ Nothing may leave these three: what is raised there is kept, and the run is cancelled. }
 
 function LogCallback(User: Pointer; Text: PAnsiChar): Integer; cdecl;
 var
@@ -280,7 +280,7 @@ begin
   Result := Ord(FCancelled or (FFailure <> nil));
 end;
 
-{ The library counts with the exceptions of the processor's arithmetic masked, as C has them. }
+{ The library expects the exceptions of the processor's arithmetic to be masked, as C has them. }
 function TCotepeGenerator.Run(const Report, FirstDay, LastDay, Command: string; Replace: Boolean): Integer;
 var
   Mask: TFPUExceptionMask;

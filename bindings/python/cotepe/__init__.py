@@ -1,9 +1,9 @@
-"""Type-E register files (Ato COTEPE/ICMS 17/04) out of a fiscal printer's database, through libcotepe.
+"""Type-E register files (Ato COTEPE/ICMS 17/04) from a fiscal printer's database, through libcotepe.
 
     with cotepe.Generator("loja.db", layout=2) as generator:
         generator.generate("loja.txt", date(2024, 1, 1), date(2024, 1, 31))
 
-The library is found as the system finds libraries, or at the path in the environment variable COTEPE_LIBRARY.
+The library is found in the system's usual way, or at the path in the environment variable COTEPE_LIBRARY.
 """
 
 from __future__ import annotations
@@ -42,7 +42,7 @@ class Result(enum.IntEnum):
 
 
 class CotepeError(Exception):
-    """A result other than DONE. `reason`: the words of SQLite or of the system, or nothing."""
+    """A result other than DONE. `reason`: the words of SQLite or of the system, or empty."""
 
     def __init__(self, result: Result, text: str, reason: str = "") -> None:
         super().__init__(f"{text}: {reason}" if reason else text)
@@ -114,7 +114,7 @@ def _day(day: Day) -> bytes:
 
 
 class Generator:
-    """Generates reports out of one database, which is only read, one report at a time. To be closed, or used as a
+    """Generates reports from one database, which is only read, one report at a time. To be closed, or used as a
     context manager. `layout`: 1, or 2 with its fields and register E22. `busy_timeout`: seconds to wait for a lock."""
 
     def __init__(self, database: Path, *, layout: int = 1, cat52: bool = False, busy_timeout: float = 5.0) -> None:
@@ -147,11 +147,11 @@ class Generator:
             self._handle = ctypes.c_void_p()
 
     def set_identity(self, serial: str = "", model: str = "", type: str = "") -> None:
-        """What is known of the printer without its database, which goes before it."""
+        """What is known about the printer apart from its database, which takes precedence."""
         self._check(self._library.cotepe_set_identity(self._open(), serial.encode(), model.encode(), type.encode()))
 
     def cancel(self) -> None:
-        """Ends the run at hand after the register that it is at; from a callback, or from another thread."""
+        """Ends the current run after the current register; to be called from a callback or from another thread."""
         self._cancelled = True
 
     def generate(
@@ -169,8 +169,8 @@ class Generator:
         """Writes the report of a period, both days included (dates, or texts DDMMYYYY), whole or not at all. The command
         is "MF", "MFD", "TDM" or "RZ".
 
-        `on_log(message, reason)` is told of each query that fails, `on_register(code, lines, complete)` of the end of
-        each register. What a callback raises ends the run and comes out here. Raises CotepeError: also where a query
+        `on_log(message, reason)` is called for each query that fails, `on_register(code, lines, complete)` at the end
+        of each register. What a callback raises ends the run and comes out here. Raises CotepeError, also when a query
         failed, with the result INCOMPLETE; there is no report then."""
         if not self._running.acquire(blocking=False):
             raise _error(Result.BUSY)
@@ -208,7 +208,7 @@ class Generator:
         if result != Result.DONE:
             raise _error(result)
 
-    # Nothing may leave a callback: what is raised there is kept, and the run cancelled.
+    # Nothing may leave a callback: what is raised there is kept, and the run is cancelled.
     def _guard(self, tell: Callable[..., None], *told: Any) -> int:
         try:
             tell(*told)

@@ -66,9 +66,8 @@ std::string emPalavras(const std::string& letras) {
   std::string texto;
   for (const char letra : letras) {
     const std::string uma = letra == ' ' ? traduz("a blank") : std::string(1, letra);
-    texto = texto.empty()            ? uma
-            : letra == letras.back() ? frase("{1} or {2}", {texto, uma})
-                                     : texto + ", " + uma;
+    if (!texto.empty() && letra == letras.back()) return frase("{1} or {2}", {texto, uma});
+    texto.append(texto.empty() ? "" : ", ").append(uma);
   }
   return texto;
 }

@@ -1,4 +1,4 @@
-// An application around the generator that knows nothing of the printer and stands still in time.
+// An application around the generator that knows nothing about the printer and whose clock stands still.
 #pragma once
 
 #include <cstring>

@@ -1,4 +1,4 @@
-# libcotepe-sign and its header, where OpenSSL is found.
+# libcotepe-sign and its header, if OpenSSL is found.
 install(FILES Sources/Assinatura/cotepe-sign.h DESTINATION ${cotepe_cabecalhos} COMPONENT desenvolvimento)
 install(TARGETS cotepe_sign_compartilhada EXPORT cotepe
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT biblioteca NAMELINK_COMPONENT desenvolvimento

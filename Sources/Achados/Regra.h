@@ -10,8 +10,8 @@
 
 namespace cotepe {
 
-/// What a report or a database is held to: a constant with static storage duration beside the code that
-/// applies it, identified by its address.
+/// What a report or a database is checked against: a constant with static storage duration beside the code
+/// that applies it, identified by its address.
 struct Regra {
   const char* nome;       ///< as --disable takes it: lower case, words joined by hyphens
   Severidade severidade;  ///< of its findings

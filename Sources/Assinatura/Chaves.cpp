@@ -154,7 +154,7 @@ bool tem(std::string_view texto, std::string_view parte) {
   return texto.find(parte) != std::string_view::npos;
 }
 
-// Ready for one operation with the key, by RSA alone.
+// Ready for one operation with the key, by plain RSA.
 template <class Comeca>
 Dono<EVP_PKEY_CTX> prepara(EVP_PKEY* chave, Comeca comeca) {
   ERR_clear_error();

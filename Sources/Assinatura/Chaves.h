@@ -12,7 +12,7 @@ struct evp_pkey_st;
 
 namespace cotepe {
 
-/// Gives the pass phrase of an encrypted key; false where there is none.
+/// Provides the pass phrase of an encrypted key; false when there is none.
 using PedeFrase = std::function<bool(std::string& frase)>;
 
 struct LiberaChave {

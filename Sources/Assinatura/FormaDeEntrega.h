@@ -61,7 +61,7 @@ class FormaDeEntrega {
   /// After `termina`: what the file was like.
   std::uint64_t tamanho() const { return posicao_; }  ///< in bytes
   long linhas() const { return linhas_; }             ///< the EAD line at the end among them
-  bool temLf() const { return comLf_ != 0; }          ///< a line that ends with LF alone
+  bool temLf() const { return comLf_ != 0; }          ///< a line that ends with LF only
   bool temCrLf() const { return comCrLf_ != 0; }      ///< a line that ends with CR and LF
   bool acabaSemFim() const { return semFim_; }        ///< the last line has no line end
   bool temBom() const { return bom_; }

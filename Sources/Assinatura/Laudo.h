@@ -30,7 +30,7 @@ enum class Diagnostico : std::uint8_t {
   Md5Puro,            ///< 32 digits of a hash that nobody signed
   ResumoEmTexto,      ///< the hash was signed as hexadecimal text
   TextoDepois,        ///< bytes after the digits, on the line or after it
-  Bom,                ///< a byte-order mark in front
+  Bom,                ///< a byte-order mark at the start
   DuasEads,           ///< more than one line begins with EAD
   Pkcs1,              ///< signed in the form of PKCS#1
   OutraChave,         ///< another key, or a maker's own form
@@ -53,7 +53,7 @@ struct Laudo {
   Conteudo conteudo = Conteudo::NaoSeSabe;
   std::set<Diagnostico> diagnosticos;
   long linhas = 0;           ///< of the file
-  long linhaDaEad = 0;       ///< 0 where there is none
+  long linhaDaEad = 0;       ///< 0 when there is none
   long eads = 0;             ///< how many lines begin with EAD
   std::uint64_t depois = 0;  ///< bytes after the EAD line
   std::size_t digitos = 0;   ///< of the EAD line

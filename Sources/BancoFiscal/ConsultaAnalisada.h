@@ -42,7 +42,7 @@ struct SelectAnalisado {
   /// Whether it reads the table, and names a column of it ("" for any) anywhere.
   bool nomeia(std::string_view tabela, std::string_view coluna) const;
 
-  /// The same with the columns that "*" stands for, those of its one table.
+  /// The same with the columns that "*" covers, those of its one table.
   SelectAnalisado comColunas(const std::vector<std::string>& daTabela) const;
 };
 

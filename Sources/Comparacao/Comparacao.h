@@ -1,4 +1,4 @@
-// Two reports compared record by record: what one has that the other has not, field by field.
+// Two reports compared record by record: what one has that the other does not, field by field.
 #pragma once
 
 #include <deque>
@@ -64,7 +64,7 @@ class Comparacao {
     std::size_t bloco = 0;  // from 1: the register of the line, or of the line before where it has none
     long ordem = 0;         // of the record in its register
     int adiante = 0;        // how many lines were taken while the other side was in an earlier register
-    // Of each register, behind those of the lines of no register at the start.
+    // Per register, after those for the lines of no register at the start.
     std::vector<long> ordens;
     std::vector<Pendentes> pendentes;
   };

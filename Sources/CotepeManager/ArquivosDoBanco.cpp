@@ -7,7 +7,7 @@
 namespace cotepe {
 namespace {
 
-// The name of the n-th database of a connection; null behind the last.
+// The name of the n-th database of a connection; null after the last.
 const char* nomeDoBanco(sqlite3* banco, int n) {
 #if SQLITE_VERSION_NUMBER >= 3039000
   return sqlite3_db_name(banco, n);

@@ -6,7 +6,7 @@
 
 namespace cotepe {
 
-/// As CotepeManager, with log, identity, clock and padding taken from `hospedeiro`, which is also told of
+/// As CotepeManager, with log, identity, clock and padding taken from `hospedeiro`, which is also notified of
 /// each register's start and end. Borrows both for as long as it exists.
 class Geracao {
  public:

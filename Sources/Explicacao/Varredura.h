@@ -14,7 +14,7 @@ namespace cotepe {
 /// Where a column's value comes from.
 struct Achada {
   std::string tabela, coluna;  // empty for a constant of the query
-  std::string chave;           // the primary key as "cont_coo=12, seq_item=1"; empty where there is none
+  std::string chave;           // the primary key as "cont_coo=12, seq_item=1"; empty when there is none
   std::string rowid;           // empty when the table has none, as with a view
   std::string valor;           // as an SQL literal: 12, 'JOSE', NULL
   long linhas = 0;             // how many rows a sum is made of; 0 for anything else

@@ -10,14 +10,14 @@ namespace cotepe {
 
 struct AjustesDoRelatorio {
   /// Those that its lines leave possible, the most likely first; at least one. A register that the command
-  /// writes and that has not even a placeholder speaks for CAT52.
+  /// writes without even a placeholder suggests CAT52.
   std::vector<AjusteDoLeiaute> leiautes;
   bool faltaVazio = false;  // there is such a register: outside CAT52 mode it would have a placeholder
 
   std::string comando;  // of E01, without blanks; without E01 the one that writes the registers found
   bool comandoDoE01 = false;
   std::string primeiro, ultimo;  // AAAAMMDD: the first and last day of E01's first day, the movements of E12
-                                 // and the tapes of E10; empty where there is none of them
+                                 // and the tapes of E10; empty when there are none of them
   std::string ultimaEmissao;     // AAAAMMDD: E01's last day, on which its last reduction was issued; or empty
   std::string ultimoCrz;         // of E01, digits; or empty
 };

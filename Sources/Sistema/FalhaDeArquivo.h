@@ -18,7 +18,7 @@ enum class PassoDeArquivo {
   NomeNaoEscrito  ///< the file is whole and has its name, which may not have reached the disk
 };
 
-/// Says nothing to people: what() is the path alone.
+/// Says nothing to people: what() is only the path.
 class FalhaDeArquivo : public std::exception {
  public:
   /// `erro`: errno, or 0 when the step says everything.

@@ -108,7 +108,7 @@ class RegrasDeReducoes final : public Familia {
     }
   }
 
-  // Where E12 has its reduction; a report of the detail-tape memory alone has no E12.
+  // Where E12 has its reduction; a report of only the detail-tape memory has no E12.
   void e16(const RegistroLido& lido) {
     std::int64_t crz = 0, coo = 0;
     if (simbolo_.bytes(lido) != "RZ" || !crz16_.le(lido, crz) || !coo16_.le(lido, coo)) return;

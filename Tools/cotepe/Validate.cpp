@@ -21,7 +21,7 @@ struct OpcoesDoValidate {
   bool entregue = false;
 };
 
-// The rules of reports, and behind them that of the delivered form.
+// The rules of reports, followed by that of the delivered form.
 struct TodasAsRegras {
   static constexpr std::size_t kDosRelatorios = std::size(validacao::kRegras);
 

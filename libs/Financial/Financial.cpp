@@ -221,7 +221,7 @@ char* Financial::ToString(char* out, int capacity, FINANCIAL_STR_TIPO layout, in
 
   std::array<char, 36> area{};
   area.fill('0');
-  char* digitos = area.data() + 2;  // the zeros in front serve amounts below one unit
+  char* digitos = area.data() + 2;  // the leading zeros serve amounts below one unit
   valor.ToStr(digitos, 34);
   if (valor.Signal() < 0) *digitos++ = '0';
   int inteiros = static_cast<int>(std::strlen(digitos)) - proprias;

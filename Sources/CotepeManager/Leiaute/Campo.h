@@ -18,7 +18,7 @@ struct Ajustes;
 /// in the others, unless the field says otherwise.
 enum class Especie : std::uint8_t {
   Texto,          ///< left-aligned, blank-filled
-  ComoEsta,       ///< the text alone, neither filled nor cut
+  ComoEsta,       ///< only the text, neither filled nor cut
   Preenchido,     ///< placed by the host's padding routine
   Numero,         ///< signed integer, zero-filled, after the remainder by the field's modulus
   Contador,       ///< as Numero, with the width and the modulus that the layout version sets

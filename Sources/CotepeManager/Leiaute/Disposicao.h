@@ -62,7 +62,7 @@ void dispoeVazio(Disposicao& disposicao, const Registro& registro, Campos campos
 std::string conteudoVazio(const Disposicao& disposicao, std::size_t& inicio);
 
 /// The likeliest repetitions of the groups that give a line of the length: those nearest to one of each.
-/// False, and one of each, where there are none.
+/// Returns false, and one of each, when there are none.
 bool repeticoesDe(const Registro& registro, const AjusteDoLeiaute& ajuste, int comprimento,
                   Repeticoes& vezes);
 

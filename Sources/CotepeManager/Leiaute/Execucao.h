@@ -61,8 +61,8 @@ class Execucao {
   /// The application, borrowed.
   Hospedeiro& hospedeiro() const { return hospedeiro_; }
 
-  /// Opens a query. Each "\%s" in `sql` stands for a bound of the period, first and last in turn. A query
-  /// that cannot be prepared has no row and is not complete.
+  /// Opens a query. Each "\%s" in `sql` is a bound of the period, first and last in turn. A query that cannot
+  /// be prepared has no row and is not complete.
   virtual std::unique_ptr<Leitura> consulta(const char* sql) = 0;
 
   /// Appends the line and a line-feed to the report. A write error is reported when the report is closed.

@@ -60,7 +60,7 @@ class Linha {
   std::size_t escreveNumero(std::int64_t valor, std::size_t largura);
   std::size_t escreveSemSinal(std::uint64_t valor, std::size_t largura);
 
-  /// Another first half: where the terminated `texto` is digits with at most `casas` decimals behind a point,
+  /// Another first half: where the terminated `texto` is digits with at most `casas` decimals after a point,
   /// writes its value in units of the last of these places, right-aligned and zero-filled. False, and nothing
   /// written, where it is anything else or longer than `largura`.
   bool escreveDigitos(const char* texto, std::size_t casas, std::size_t largura);

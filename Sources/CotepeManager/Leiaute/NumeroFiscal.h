@@ -14,7 +14,7 @@ constexpr int kMaiorPesoDoCnpj = 9, kMaiorPesoDoCpf = 11;
 /// The check digit (modulo 11) that belongs to the digits.
 char digitoVerificador(std::string_view digitos, int maiorPeso) noexcept;
 
-/// The fields hold 14 digits; a CPF has three zeros in front.
+/// The fields hold 14 digits; a CPF has three leading zeros.
 bool cnpjValido(std::string_view digitos) noexcept;
 bool cpfValido(std::string_view digitos) noexcept;
 

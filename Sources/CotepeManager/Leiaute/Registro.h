@@ -71,7 +71,7 @@ struct Registro {
   Vazio vazio = Vazio::Nunca;                     ///< when it has a placeholder record
   Campos camposVazios;                    ///< of the placeholder record: `campos`, or the last of them
   OutroVazio outroVazio;                  ///< always written, in CAT52 mode too
-  bool umaLinha = false;                  ///< always one line, which is none of a placeholder
+  bool umaLinha = false;                  ///< always one line, which is never a placeholder
   bool finalizaAntesDeRegistrar = false;  ///< a failed query is finalized before its message is logged
   Grupo grupos[kGrupos] = {};             ///< in the order of the list; without fields where there are fewer
   std::array<std::int8_t, 2> chave{{-1, -1}};  ///< fields whose values name a record; below 0 for fewer

@@ -14,7 +14,7 @@ using Centavos = std::int64_t;
 /// What keeps bytes from being a field of their kind.
 enum class Defeito : std::uint8_t {
   Nenhum,
-  Digitos,      // a number that is not digits alone
+  Digitos,      // a number that is not only digits
   Controle,     // a text with a control character (0 to 31, 127)
   NaoAscii,     // a text with a byte from 128 on
   Alinhamento,  // a text that begins with a blank and is not blank
@@ -44,8 +44,8 @@ constexpr bool controla(char c) {
 bool soDigitos(std::string_view bytes) noexcept;
 bool soBrancos(std::string_view bytes) noexcept;
 
-/// Reads a number of digits alone: of a money field the cents, of a decimal the scaled integer. Returns false
-/// and reads nothing for other bytes, for no bytes, and beyond 64 bits.
+/// Reads a number made only of digits: of a money field the cents, of a decimal the scaled integer. Returns
+/// false and reads nothing for other bytes, for no bytes, and beyond 64 bits.
 bool leNumero(std::string_view bytes, std::int64_t& valor) noexcept;
 
 /// Days of a month, 1 to 12, of the Gregorian calendar.

@@ -62,8 +62,8 @@ constexpr Campos kPeriodo = entre(kCampos, "CRZ inicial", "Data final");
 constexpr Campos kVersoes = entre(kCampos, "Versão do programa gerador", "Versão do leiaute");
 
 // Deliberate: several rows append several groups, each moving the later fields right. Without a printer the
-// three fields are left out, not blank; without a software version its 10 characters are, and 14 blanks stand
-// for its date and time.
+// three fields are left out, not blank; without a software version its 10 characters are, and its date and
+// time are 14 blanks.
 void escreveE01(Execucao& execucao, const Registro& registro) {
   Linha linha;
   char numeroSequencial[4] = "";

@@ -16,7 +16,7 @@ static_assert(comprimento(kCampos, 1, false) == 62);
 
 }  // namespace
 
-// Deliberate: the placeholder has no head: it is the eighteen blanks of the register's own fields alone.
+// Deliberate: the placeholder has no head: it is only the eighteen blanks of the register's own fields.
 constexpr Registro kE07 =
     Registro("E07", "Relação das alterações de versão do Software Básico do ECF", kCampos, escreveTabela)
         .consulta("SELECT versao, ifnull(data_hora_gravacao, '                   ') FROM versao_sb",

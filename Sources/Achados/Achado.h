@@ -18,8 +18,8 @@ struct Achado {
   // Where: in a report ...
   std::string arquivo;   ///< its name, as it was given
   long linha = 0;        ///< from 1
-  int de = 0;            ///< first byte meant in the line, from 1
-  int ate = 0;           ///< last byte meant, from 1, included
+  int de = 0;            ///< first byte concerned in the line, from 1
+  int ate = 0;           ///< last byte concerned, from 1, included
   std::string conteudo;  ///< the line itself
   // ... or in a database.
   std::string tabela;  ///< its name

@@ -33,8 +33,8 @@ class SaidaDeAchados : public RecebeAchados {
   struct Opcoes {
     FormatoDeAchados formato = FormatoDeAchados::Texto;  ///< text, JSON lines or SARIF
     long maximo = -1;  ///< how many of each rule are written; below 0 all of them. The counts include all.
-    bool comLinha = false;      ///< of text: under each finding its line, and a caret under the bytes meant
-    bool cores = false;         ///< of text
+    bool comLinha = false;  ///< of text: under each finding its line, and a caret under the bytes concerned
+    bool cores = false;     ///< of text
     std::size_t colunas = 100;  ///< of text: how wide the line under a finding may be
   };
 

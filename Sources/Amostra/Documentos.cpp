@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::int64_t kUltimoCdc = 9999;
 
-constexpr std::string_view kEmValor = "V";  // a discount or surcharge that is no percentage
+constexpr std::string_view kEmValor = "V";  // a discount or surcharge that is not a percentage
 constexpr int kNenhum = 0;                  // of the percentages
 constexpr std::string_view letra(bool condicao) { return condicao ? "S" : "N"; }
 constexpr Decimal seCancelado(bool cancelado, Centavos valor) { return dinheiro(cancelado ? valor : 0); }

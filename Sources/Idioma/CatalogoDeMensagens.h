@@ -1,4 +1,4 @@
-// The catalogue behind the messages: gettext's, or one built in where there is no gettext.
+// The catalogue behind the messages: gettext's, or a built-in one if there is no gettext.
 #pragma once
 
 namespace cotepe {

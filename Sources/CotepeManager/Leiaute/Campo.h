@@ -26,8 +26,8 @@ enum class Especie : std::uint8_t {
   Dinheiro,       ///< money text, in cents without sign, zero-filled
   DinheiroDuplo,  ///< the same, rounded to cents through a double first
   Decimal,        ///< decimal number scaled by its decimal places, rounded, zero-filled
-  Data,           ///< AAAAMMDD out of a date-time text
-  Hora,           ///< HHMMSS out of a date-time text
+  Data,           ///< AAAAMMDD from a date-time text
+  Hora,           ///< HHMMSS from a date-time text
   DataPronta,     ///< a date that is AAAAMMDD already
   HoraPronta,     ///< an hour that is HHMMSS already
 };

@@ -50,7 +50,7 @@ struct OrdemDosRegistros {
 
 /// One more placeholder, of the records of a register's last query.
 struct OutroVazio {
-  Campos campos;             ///< that it is written by; none where there is no such placeholder
+  Campos campos;             ///< that it is written by; empty when there is no such placeholder
   const char* nota = "";     ///< in words, to be translated
   const char* sozinho = "";  ///< the same, where it is the only placeholder
 };
@@ -149,7 +149,7 @@ struct Registro {
 /// The commands that write registers, as users name them.
 inline constexpr const char* kNomesDosComandos[] = {"MF", "MFD", "TDM", "RZ"};
 
-/// The writer of most registers: one query, one record for each row, a placeholder record for none, or where
+/// The writer of most registers: one query, one record for each row, a placeholder record for none, or when
 /// there is no query at all.
 void escreveTabela(Execucao& execucao, const Registro& registro);
 

@@ -142,7 +142,7 @@ void ConferenciaDaCelula::nulo() {
   acha(conferencia::kNulo, destino, valorCom(consequencia), traduz("a value"));
 }
 
-// All fields but the last may write blanks instead; no field gets what follows a zero byte.
+// A field may turn control characters into blanks, except 127; no field gets what follows a zero byte.
 void ConferenciaDaCelula::controle() {
   const std::string_view texto = celula_.texto;
   const auto* const c = std::find_if(texto.begin(), texto.end(), controla);

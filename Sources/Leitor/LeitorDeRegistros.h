@@ -70,7 +70,7 @@ class LeitorDeRegistros {
   const AjusteDoLeiaute& ajuste() const;
 
   ///@{
-  /// Whether CAT52 mode is the same in all settings that are still possible.
+  /// Whether all settings that are still possible have CAT52 mode, or none of them has it.
   bool certamenteCat52() const { return (ajustes_ & foraDoCat52()) == 0; }
   bool certamenteForaDoCat52() const { return (ajustes_ & ~foraDoCat52()) == 0; }
   ///@}

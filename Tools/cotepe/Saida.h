@@ -26,7 +26,7 @@ class Saida {
   /// keeps none.
   virtual std::string guardaParcial() { return {}; }
 
-  /// Discards what was not delivered; returns what happened to it, as the end of a sentence, or an empty
+  /// Gives up on what was not delivered; returns what happened to it, as the end of a sentence, or an empty
   /// text.
   virtual std::string abandona() = 0;
 };

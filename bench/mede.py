@@ -28,11 +28,12 @@ class Extensao:
     pares_das_preparacoes: int
     tamanho_contado: int  # of the databases on which the instructions of these are counted
     segundos_do_micro: float
+    megabytes_assinados: int
 
 
 INTEIRA = Extensao((1000, 100_000, 1_000_000), {1000: 31, 100_000: 15, 1_000_000: 7},
-                   {1000: 11, 100_000: 5, 1_000_000: 1}, 3, 3, 7, 100_000, 0.1)
-CURTA = Extensao((1000, 100_000), {1000: 11, 100_000: 7}, {1000: 3, 100_000: 1}, 3, 3, 3, 1000, 0.01)
+                   {1000: 11, 100_000: 5, 1_000_000: 1}, 3, 3, 7, 100_000, 0.1, 512)
+CURTA = Extensao((1000, 100_000), {1000: 11, 100_000: 7}, {1000: 3, 100_000: 1}, 3, 3, 3, 1000, 0.01, 64)
 
 
 def anuncia(texto):
@@ -79,6 +80,14 @@ def mede_micro(construcao, segundos):
     return json.loads(saida.stdout)["benchmarks"]
 
 
+def mede_assinatura(construcao, megabytes):
+    """Signing beside md5sum over the same file, in pairs, and the memory that it needs."""
+    anuncia("signatures")
+    saida = subprocess.run([os.path.join(construcao, "bench", "assinatura"), str(megabytes), construcao], check=True,
+                           capture_output=True, text=True).stdout
+    return "```\n" + saida + "```"
+
+
 def prepara(corridas, bancos, extensao):
     """The settings on the database of 10^5 items."""
     tamanho = extensao.tamanho_contado
@@ -103,7 +112,8 @@ def texto(construcao, curta):
             ("Peak memory", tabelas.da_memoria(tdm)),
             ("The program as a whole process", tabelas.do_programa(programas)),
             ("Settings of the handle and of the database", tabelas.das_preparacoes(prepara(corridas, bancos, extensao))),
-            ("Fields, records, amounts", tabelas.dos_micros(mede_micro(construcao, extensao.segundos_do_micro)))]
+            ("Fields, records, amounts", tabelas.dos_micros(mede_micro(construcao, extensao.segundos_do_micro))),
+            ("Signatures", mede_assinatura(construcao, extensao.megabytes_assinados))]
     minutos = (time.monotonic() - inicio) / 60
     forma = "short" if curta else "full"
     cabeca = [("Form", f"{forma}, {minutos:.0f} minutes"), *descricao]

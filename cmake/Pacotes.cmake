@@ -1,4 +1,5 @@
-# Debian packages of what is installed: libcotepe<SOVERSION>, libcotepe-dev and cotepe. scripts/deb makes them.
+# Debian packages of what is installed: libcotepe<SOVERSION>, libcotepe-sign<SOVERSION> where it is built, libcotepe-dev
+# and cotepe. scripts/deb makes them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME cotepe)
 set(CPACK_PACKAGE_VENDOR cotepe)
@@ -13,6 +14,9 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL biblioteca desenvolvimento)
 if(COTEPE_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL programa)
+endif()
+if(COTEPE_SIGN)
+  list(APPEND CPACK_COMPONENTS_ALL assinatura)
 endif()
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
 set(CPACK_COTEPE_FONTES ${PROJECT_SOURCE_DIR})
@@ -36,10 +40,22 @@ set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/de
   ${PROJECT_SOURCE_DIR}/cmake/debian/symbols)
 set(CPACK_DEBIAN_BIBLIOTECA_DESCRIPTION "${cotepe_descricao}\n.\nThis is the library for applications in C and what calls C.")
 
+# Apart, for the other library needs no OpenSSL.
+if(COTEPE_SIGN)
+  set(cotepe_assinatura_deb libcotepe-sign${PROJECT_VERSION_MAJOR})
+  set(CPACK_DEBIAN_ASSINATURA_PACKAGE_NAME ${cotepe_assinatura_deb})
+  set(CPACK_DEBIAN_ASSINATURA_PACKAGE_SECTION libs)
+  set(CPACK_DEBIAN_ASSINATURA_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_ASSINATURA_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers
+    ${PROJECT_SOURCE_DIR}/cmake/debian/assinatura/symbols)
+  set(CPACK_DEBIAN_ASSINATURA_DESCRIPTION "${cotepe_descricao}\n.\nThis is the library that signs such files as they are handed in, and verifies\ntheir signatures.")
+  set(cotepe_dev_da_assinatura ", ${cotepe_assinatura_deb} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libssl-dev")
+endif()
+
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_NAME libcotepe-dev)
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_DEPENDS
-  "${cotepe_biblioteca_deb} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libsqlite3-dev")
+  "${cotepe_biblioteca_deb} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})${cotepe_dev_da_assinatura}, libsqlite3-dev")
 set(CPACK_DEBIAN_DESENVOLVIMENTO_DESCRIPTION "${cotepe_descricao}\n.\nThese are the headers, the static libraries, and the files for CMake and\npkg-config.")
 
 set(CPACK_DEBIAN_PROGRAMA_PACKAGE_NAME cotepe)

@@ -2,7 +2,7 @@
 # compressed manual pages, and documents and examples for developers; libraries stripped; and one time for all.
 string(TIMESTAMP agora "%a, %d %b %Y %H:%M:%S +0000" UTC)
 
-foreach(componente BIBLIOTECA DESENVOLVIMENTO PROGRAMA)
+foreach(componente BIBLIOTECA ASSINATURA DESENVOLVIMENTO PROGRAMA)
   string(TOLOWER ${componente} pasta)
   set(pacote ${CPACK_DEBIAN_${componente}_PACKAGE_NAME})
   if(NOT IS_DIRECTORY ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${pasta})
@@ -19,15 +19,16 @@ foreach(componente BIBLIOTECA DESENVOLVIMENTO PROGRAMA)
     " -- ${CPACK_PACKAGE_CONTACT}  ${agora}\n")
   # These packages are not uploaded to the archive; and CPack itself writes the maintainer scripts of a library.
   file(WRITE ${raiz}/lintian/overrides/${pacote} "${pacote}: initial-upload-closes-no-bugs\n")
-  if(componente STREQUAL "BIBLIOTECA")
+  if(componente MATCHES "BIBLIOTECA|ASSINATURA")
     file(APPEND ${raiz}/lintian/overrides/${pacote} "${pacote}: maintscript-calls-ldconfig\n")
   endif()
   file(GLOB paginas ${raiz}/man/man1/*.1)
   execute_process(COMMAND gzip -9n ${paginas} ${documentos}/changelog ${documentos}/changelog.Debian
     COMMAND_ERROR_IS_FATAL ANY)
   if(componente STREQUAL "DESENVOLVIMENTO")
-    file(COPY ${CPACK_COTEPE_FONTES}/docs/embedding.md ${CPACK_COTEPE_FONTES}/docs/registros.md
-      ${CPACK_COTEPE_FONTES}/docs/glossary.md DESTINATION ${documentos})
+    file(COPY ${CPACK_COTEPE_FONTES}/docs/embedding.md ${CPACK_COTEPE_FONTES}/docs/delivery.md
+      ${CPACK_COTEPE_FONTES}/docs/registros.md ${CPACK_COTEPE_FONTES}/docs/glossary.md
+      DESTINATION ${documentos})
     file(COPY ${CPACK_COTEPE_FONTES}/examples DESTINATION ${documentos})
   endif()
 

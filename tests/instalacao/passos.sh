@@ -44,23 +44,55 @@ destdir() {
     falha "these name the stage"
 }
 
+# exporta LIBRARY LIST: the library has the symbols of the list, and no others.
+exporta() { "$NM" -D --defined-only "$PREFIXO/$BIBLIOTECAS/$1" | awk '$2 == "T" {print $NF}' | LC_ALL=C sort | diff "$FONTES/$2" -; }
+
 simbolos() {
-  "$NM" -D --defined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | awk '$2 == "T" {print $NF}' | LC_ALL=C sort |
-    diff "$FONTES/Sources/InterfaceC/exported-symbols.txt" -
+  exporta libcotepe.so Sources/InterfaceC/exported-symbols.txt
   ! "$NM" -D --undefined-only "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | grep -E 'gettext|textdomain|setlocale' ||
     falha "the library speaks the user's language"
+  ! readelf -d "$PREFIXO/$BIBLIOTECAS/libcotepe.so" | grep 'NEEDED.*libcrypto' || falha "the library needs OpenSSL"
+}
+
+# The library that signs: its symbols, and the snippet of docs/delivery.md compiled from the package alone; what it signs,
+# the program verifies.
+assinatura() {
+  [ "$ASSINA" = ON ] || pula "built without COTEPE_SIGN"
+  command -v openssl >/dev/null || pula "no openssl"
+  exporta libcotepe-sign.so Sources/Assinatura/exported-symbols.txt
+  pasta_nova assinatura
+  export PKG_CONFIG_PATH="$PREFIXO/$BIBLIOTECAS/pkgconfig" LD_LIBRARY_PATH="$PREFIXO/$BIBLIOTECAS"
+  [ "$(pkg-config --modversion cotepe-sign)" = "$VERSAO" ] || falha "version of cotepe-sign.pc"
+  {
+    printf '#include <cotepe-sign.h>\n#include <stdio.h>\n\nint main(void) {\nconst char *passphrase = NULL;\n'
+    sed -n '/^```c$/,/^```$/{/^```/!p}' "$FONTES/docs/delivery.md"
+    printf 'return result;\n}\n'
+  } >main.c
+  grep -q cotepe_sign_file main.c || falha "docs/delivery.md has no snippet"
+  # shellcheck disable=SC2046,SC2086
+  "$CC" $CFLAGS -Wall -Wextra -Werror -o assina main.c $(pkg-config --cflags --libs cotepe-sign) $LDFLAGS
+  readelf -d assina | grep -q "NEEDED.*libcotepe-sign.so.$SOVERSAO]" || falha "not linked with libcotepe-sign"
+  openssl genpkey -algorithm RSA -pkeyopt rsa_keygen_bits:1024 -out private.pem 2>openssl.txt
+  "$PREFIXO/bin/cotepe" public-key private.pem --name ACME --output public.xml
+  faz_esperado
+  cp programa.txt report.txt
+  ./assina
+  "$PREFIXO/bin/cotepe" verify-signature signed.txt --public-key public.xml | grep -qx 'signed.txt: valid' ||
+    falha "what the library signs is not valid"
+  ! ./assina 2>erro.txt || falha "an output that is there was replaced"
+  grep -q 'the output exists' erro.txt || falha "no words for an output that is there"
 }
 
 # normas_de HEADER: the standards that compile it, as docs/embedding.md has them.
 normas_de() {
   case "$1" in
-    cotepe.h) echo c++98 c++03 c++11 c++14 c++17 c++20 c++2b ;;
+    cotepe.h | cotepe-sign.h) echo c++98 c++03 c++11 c++14 c++17 c++20 c++2b ;;
     CotepeManager.h | Geracao.h | Hospedeiro.h | host/*) echo c++11 c++14 c++17 c++20 c++2b ;;
     *) echo c++17 c++20 c++2b ;;
   esac
 }
 
-# Every header alone, with every warning, in every standard that it promises, by both compilers where they are; cotepe.h in C too.
+# Every header alone, with every warning, in every standard that it promises, by both compilers where they are; those for C in C too.
 cabecalhos() {
   pasta_nova cabecalhos
   avisos="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only -I$PREFIXO/include/cotepe"
@@ -79,17 +111,22 @@ cabecalhos() {
       done
     done
   done <cabecalhos.txt
-  printf '#include <cotepe.h>\n#include <cotepe.h>\nint main(void) { return COTEPE_DONE; }\n' >um.c
+  em_c cotepe.h COTEPE_DONE
+  [ "$ASSINA" != ON ] || em_c cotepe-sign.h COTEPE_SIGN_DONE
+}
+
+# em_c HEADER CONSTANT: a header for C, by both compilers, and by one that knows none of the extensions.
+em_c() {
+  printf '#include <%s>\n#include <%s>\nint main(void) { return %s; }\n' "$1" "$1" "$2" >um.c
   for norma in c99 c11 c17 c2x; do
     for compilador in gcc clang; do
       command -v "$compilador" >/dev/null || continue
       # shellcheck disable=SC2086
-      "$compilador" -std=$norma $avisos -Wstrict-prototypes um.c || falha "cotepe.h: $compilador -std=$norma"
+      "$compilador" -std=$norma $avisos -Wstrict-prototypes um.c || falha "$1: $compilador -std=$norma"
     done
   done
-  # A compiler that knows none of the extensions.
   # shellcheck disable=SC2086
-  gcc -std=c99 $avisos -U__GNUC__ -D'__attribute__(x)=error' -D'__declspec(x)=error' um.c || falha "cotepe.h: no extensions"
+  gcc -std=c99 $avisos -U__GNUC__ -D'__attribute__(x)=error' -D'__declspec(x)=error' um.c || falha "$1: no extensions"
 }
 
 # An application with integer names of its own, of other types than those of the money type.

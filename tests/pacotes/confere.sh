@@ -61,7 +61,8 @@ programa() {
 
 # Compiled with nothing but the root's headers and libraries, and run without the package that holds the headers.
 biblioteca() {
-  apt install /pacotes/libcotepe.deb /pacotes/libcotepe-dev.deb
+  # shellcheck disable=SC2086
+  apt install /pacotes/libcotepe.deb $assinatura /pacotes/libcotepe-dev.deb
   compila -o "$raiz/dia/hospedeiro" "$fontes/examples/c/main.c"
   apt purge --autoremove libcotepe-dev
   la dia/hospedeiro dia/loja.db dia/da_biblioteca.txt 01012024 31012024 | grep -qx "cotepe $versao: done" || falha "the host in C"
@@ -77,6 +78,12 @@ rm -f "$raiz"/dia/*
 cp "$construcao"/cotepe_*.deb "$raiz/pacotes/cotepe.deb"
 cp "$construcao"/libcotepe[0-9]*.deb "$raiz/pacotes/libcotepe.deb"
 cp "$construcao"/libcotepe-dev_*.deb "$raiz/pacotes/libcotepe-dev.deb"
+assinatura=
+for pacote in "$construcao"/libcotepe-sign[0-9]*.deb; do
+  [ -f "$pacote" ] || continue  # built without signatures
+  cp "$pacote" "$raiz/pacotes/libcotepe-sign.deb"
+  assinatura=/pacotes/libcotepe-sign.deb
+done
 : >"$construcao/apt.txt"
 if [ -n "$instala" ]; then
   mount -t proc proc "$raiz/proc"

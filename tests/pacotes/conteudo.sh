@@ -36,13 +36,17 @@ for biblioteca in "$raiz"/usr/lib/*/lib*.a; do
   nm "$biblioteca" | grep -q ' T ' || falha "$biblioteca: stripped of its symbols"
 done
 
-# The file of symbols in the package is that of the library.
-biblioteca=$(dpkg-deb -f "$construcao"/libcotepe[0-9]*.deb Package)
-versao=$(dpkg-deb -f "$construcao"/libcotepe[0-9]*.deb Version)
-dpkg-deb -I "$construcao"/libcotepe[0-9]*.deb symbols >"$construcao/symbols"
-mkdir -p "$construcao/gensymbols/debian"
-printf 'Source: cotepe\n\nPackage: %s\nArchitecture: any\n' "$biblioteca" >"$construcao/gensymbols/debian/control"
-(cd "$construcao/gensymbols" && dpkg-gensymbols -q -c4 "-p$biblioteca" "-v$versao" "-I../symbols" -O../symbols.novo \
-  "-e$(cd ../conteudo/usr/lib/*/ && pwd)/libcotepe.so.$(echo "$versao" | sed 's/-.*//')") || falha "the file of symbols"
-cmp "$construcao/symbols" "$construcao/symbols.novo"
+# The file of symbols in a library's package is that of the library.
+for pacote in "$construcao"/libcotepe[0-9]*.deb "$construcao"/libcotepe-sign[0-9]*.deb; do
+  [ -f "$pacote" ] || continue  # built without signatures
+  nome=$(dpkg-deb -f "$pacote" Package)
+  versao=$(dpkg-deb -f "$pacote" Version)
+  dpkg-deb -I "$pacote" symbols >"$construcao/symbols"
+  mkdir -p "$construcao/gensymbols/debian"
+  printf 'Source: cotepe\n\nPackage: %s\nArchitecture: any\n' "$nome" >"$construcao/gensymbols/debian/control"
+  (cd "$construcao/gensymbols" && dpkg-gensymbols -q -c4 "-p$nome" "-v$versao" "-I../symbols" -O../symbols.novo \
+    "-e$(cd ../conteudo/usr/lib/*/ && pwd)/${nome%%[0-9]*}.so.$(echo "$versao" | sed 's/-.*//')") || falha "the file of symbols of $nome"
+  cmp "$construcao/symbols" "$construcao/symbols.novo"
+done
+! dpkg-deb -f "$construcao"/libcotepe[0-9]*.deb Depends | grep -q libssl || falha "libcotepe needs OpenSSL"
 echo "packages: documents, examples, hardening and symbols as they should be"

@@ -81,15 +81,15 @@ TEST_F(AchadosEmPortugues, DatabaseIsHeldToWhatTheRegistersNeed) {
 
 TEST_F(AchadosEmPortugues, ReportsAreCompared) {
   escreve("a.txt", "XYZ\nE22\n");
-  escreve("b.txt", "E22\r\nE14\n");
+  escreve("b.txt", "E14\nE22\r\n");
   const Fim fim = roda({"diff", "a.txt", "b.txt"});
   EXPECT_EQ(fim.situacao, 1);
   EXPECT_EQ(
       fim.saida,
       "b.txt: erro missing: encontrado: nenhum, esperado: uma linha de nenhum registro, \"XYZ\" (linha 1, "
       "a.txt)\n"
-      "b.txt:1: erro line-end E22: encontrado: CR e LF, esperado: LF (Número ; linha 2, a.txt)\n"
-      "b.txt:2: erro added E14: encontrado: um registro: CCF , esperado: nenhum\n"
+      "b.txt:1: erro added E14: encontrado: um registro: CCF , esperado: nenhum\n"
+      "b.txt:2: erro line-end E22: encontrado: CR e LF, esperado: LF (Número ; linha 2, a.txt)\n"
       "  added               1\n"
       "  line-end            1\n"
       "  missing             1\n"

@@ -56,7 +56,7 @@ void verifica(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificaca
 
 // What is said of a database without findings.
 std::string emOrdem(const OpcoesDoCheck& opcoes, const OpcoesDaConferencia& verificacao) {
-  const std::string texto =
+  std::string texto =
       frase("{1}: OK, {2}", {opcoes.banco, quantasRegras(conferencia::kRegras, verificacao.desligadas)});
   if (verificacao.de.empty()) return texto;
   return frase("{1}, {2} to {3}",

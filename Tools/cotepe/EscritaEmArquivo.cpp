@@ -25,7 +25,7 @@ EscritaEmArquivo::EscritaEmArquivo(const std::string& caminho, std::string nome)
   if (fluxo_ == nullptr)
     throw Falha(kNaoAbre,
                 frase("cannot open the temporary file of {1}: {2}", {nome_, motivoDoSistema(errno)}));
-  std::setvbuf(fluxo_.get(), nullptr, _IONBF, 0);  // the data already comes in blocks
+  static_cast<void>(std::setvbuf(fluxo_.get(), nullptr, _IONBF, 0));  // the data already comes in blocks
 }
 
 void EscritaEmArquivo::escreve(std::string_view bytes) {

@@ -87,7 +87,7 @@ bool nomeDaLei(const std::string& nome) {
 }
 
 std::string nomeDaEntrega(const std::string& relatorio) {
-  const std::string proprio = std::filesystem::path(relatorio).filename().string();
+  std::string proprio = std::filesystem::path(relatorio).filename().string();
   if (nomeDaLei(proprio)) return proprio;
   const Cabecalho lido = leCabecalho(relatorio);
   if (lido.comando.empty()) return proprio;

@@ -218,7 +218,8 @@ void SaidaDeAchados::escreveSarif(const Achado& achado) {
   }
   ordered_json lugar = {{"physicalLocation", std::move(fisico)}};
   if (!achado.tabela.empty())
-    lugar["logicalLocations"] = {ordered_json({{"fullyQualifiedName", emUtf8(lugarNoBanco(achado))}})};
+    lugar["logicalLocations"] =  // braces alone would be the object itself to some compilers
+        ordered_json::array({ordered_json({{"fullyQualifiedName", emUtf8(lugarNoBanco(achado))}})});
   ordered_json resultado = {{"ruleId", achado.regra}, {"level", palavra(achado.severidade)}};
   resultado["message"]["text"] = emUtf8(mensagem(achado));
   resultado["locations"] = ordered_json::array({std::move(lugar)});

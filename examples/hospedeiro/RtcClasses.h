@@ -1,5 +1,5 @@
-// The application's clock. Its members and its constructor are its own affair: the generator makes one, and calls
-// these two.
+// The application's clock. Its members and its constructor are its own affair: the generator makes one, and
+// calls these two.
 #pragma once
 
 class RtcAbsoluteTime {

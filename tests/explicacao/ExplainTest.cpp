@@ -486,9 +486,7 @@ TEST_F(Explain, ALineOfAnotherLengthIsSaidSo) {
 TEST_F(Explain, StdinIsNotReadTwice) {
   const Fim fim = explica("--db", {"loja.db", "--", "-:1"});
   EXPECT_EQ(fim.situacao, 2);
-  EXPECT_EQ(
-      fim.erros,
-      "cotepe: error: stdin: the report is read more than once, so it must be a file\n");
+  EXPECT_EQ(fim.erros, "cotepe: error: stdin: the report is read more than once, so it must be a file\n");
 }
 
 TEST_F(Explain, WhatIsNotThereIsRefused) {

@@ -297,9 +297,8 @@ TEST_F(ChamadaErrada, ClosingOfStdoutThatFailsGivesFour) {
     Processo processo(generate({"--output", "-", "--command", "RZ", "--quiet"}));
     const Fim fim = processo.naPasta(pasta()).comSaidaEm(em("saida.txt")).comRegra(erra).inicia().espera();
     EXPECT_EQ(fim.situacao, 4);
-    EXPECT_EQ(fim.erros,
-              std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) +
-                  "; what stdout got is not whole\n");
+    EXPECT_EQ(fim.erros, std::string("cotepe: error: cannot write to stdout: ") + std::strerror(erro) +
+                             "; what stdout got is not whole\n");
     relato.caso();
   }
 }

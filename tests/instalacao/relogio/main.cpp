@@ -1,4 +1,5 @@
-// The class over a clock of the application's own layout, in C++11: relogio DATABASE REPORT FIRST_DAY LAST_DAY.
+// The class over a clock of the application's own layout, in C++11: relogio DATABASE REPORT FIRST_DAY
+// LAST_DAY.
 #include <sqlite3.h>
 
 #include <cstdio>

@@ -39,7 +39,7 @@ std::string diaParaPessoas(const std::string& aaaammdd) {
 std::string emOrdem(const std::string& nome, const Validacao& validacao, Regras regras,
                     const Supressoes& desligadas) {
   const AjustesDoRelatorio& ajustes = validacao.ajustes();
-  const std::string texto = frase(
+  std::string texto = frase(
       "{1}: OK, {2}, {3}, {4}, layout {5}",
       {nome, fraseDe("{1} record", "{1} records", validacao.linhas(), {contado(validacao.linhas())}),
        quantasRegras(regras, desligadas), ajustes.comando, std::to_string(ajustes.leiautes.front().versao)});
